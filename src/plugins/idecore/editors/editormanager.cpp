@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include <idecore/editors/editormanager.h>
+
+#include <extsys/pluginmanager.h>
+#include <idecore/core/idecore.h>
+#include <idecore/editors/editormanager_p.h>
+#include <idecore/interfaces/ieditorfactory.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/mimedatabase/mimedatabase.h>
+#include <idecore/views/viewmanager.h>
+
+#include <QDebug>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QMessageBox>
+
+#include <algorithm>
+
+namespace Core {
+
+namespace private_impl {
+
+MimeType determineMimeType(const QString &file)
+{
+    const MimeType type = IdeCore::mimeDatabase()->findByFile(QFileInfo(file));
+    return type.isNull() ? IdeCore::mimeDatabase()->findByType(QStringLiteral("text/plain")) : type;
+}
+
+QList<IEditorFactory *> getFactoriesRecursively(const MimeType &mimeType,
+                                                const QList<IEditorFactory *> &factories)
+{
+    QList<IEditorFactory *> found;
+    const QString type = mimeType.type();
+    for (IEditorFactory *factory : factories) {
+        if (factory->mimeTypes().contains(type))
+            found.append(factory);
+    }
+    const QStringList parents = mimeType.subClassesOf();
+    for (const QString &parent : parents)
+        found += getFactoriesRecursively(IdeCore::mimeDatabase()->findByType(parent), factories);
+    return found;
+}
+
+namespace {
+
+void showError(const QString &title, const QString &message, const QString &errorString)
+{
+    QString text = message;
+    if (!errorString.isEmpty())
+        text += QLatin1Char('\n') + errorString;
+    QMessageBox::critical(ViewManager::mainWindow(), title, text, QMessageBox::Ok);
+}
+
+} // namespace
+
+void openError(const QString &file, const QString &errorString)
+{
+    showError(EditorManager::tr("Open File"),
+              EditorManager::tr("Can not open file \"%1\"").arg(QDir::toNativeSeparators(file)),
+              errorString);
+}
+
+void saveError(const QString &file, const QString &errorString)
+{
+    showError(EditorManager::tr("Save File"),
+              EditorManager::tr("Can not save to file \"%1\"").arg(QDir::toNativeSeparators(file)),
+              errorString);
+}
+
+IEditor *EditorManagerPrivate::createEditor(const QString &file)
+{
+    IEditorFactory *factory = EditorManager::factoryForFile(file);
+    return factory ? factory->createEditor() : nullptr;
+}
+
+void EditorManagerPrivate::placeEditor(IEditor *editor)
+{
+    if (editor->windowIcon().isNull())
+        editor->setWindowIcon(QIcon(QStringLiteral(":/core/image/editor_default.png")));
+    editors.append(editor);
+    QObject::connect(editor, &IEditor::modificationStateChanged, EditorManager::instance(),
+                     &EditorManager::onEditorModified);
+    // One that is destroyed without being closed must not be met again.
+    QObject::connect(editor, &QObject::destroyed, EditorManager::instance(), [this](QObject *gone) {
+        editors.erase(std::remove_if(editors.begin(), editors.end(),
+                                     [gone](const IEditor *known) { return known == gone; }),
+                      editors.end());
+    });
+    ViewManager::registerContext(editor, EDITOR_CONTEXT, false);
+    ViewManager::showView(editor);
+}
+
+} // namespace private_impl
+
+using private_impl::EditorManagerPrivate;
+
+IEditor *EditorManager::openEditor(const QString &file, bool readOnly)
+{
+    const QFileInfo info(file);
+    if (!info.exists()) {
+        QMessageBox::warning(
+            ViewManager::dialogParent(), QStringLiteral("Warning"),
+            QStringLiteral("Can not open %1, file does not exist.").arg(file), QMessageBox::Ok,
+            QMessageBox::Ok);
+        return nullptr;
+    }
+    auto *d = EditorManagerPrivate::get();
+    const QString path = info.absoluteFilePath();
+    qDebug() << "open editor for:" << path;
+    if (IEditor *open = editorForFile(path)) {
+        d->addFile(path);
+        ViewManager::showView(open);
+        return open;
+    }
+    IEditor *editor = EditorManagerPrivate::createEditor(path);
+    if (!editor) {
+        private_impl::openError(path, QString());
+        return nullptr;
+    }
+    QString errorString;
+    if (!editor->open(path, &errorString)) {
+        private_impl::openError(path, errorString);
+        delete editor; // not placed yet, so nobody else owns it
+        return nullptr;
+    }
+    qDebug() << "create editor:" << editor;
+    editor->setReadOnly(readOnly);
+    d->addFile(path);
+    d->placeEditor(editor);
+    connect(editor, &IEditor::saved, instance(), &EditorManager::onEditorSaved);
+    return editor;
+}
+
+IEditor *EditorManager::editorForFile(const QString &file)
+{
+    const QString path = QFileInfo(file).absoluteFilePath();
+    const auto lastPart = [](const QString &name) { return name.midRef(name.lastIndexOf(QLatin1Char('/')) + 1); };
+    const QStringRef wanted = lastPart(path);
+    for (IEditor *editor : qAsConst(EditorManagerPrivate::get()->editors)) {
+        const QString name = editor->fileName();
+        // Making a path absolute costs; with hundreds of editors most are told
+        // apart by their last part, which only "." and ".." would change.
+        const QStringRef part = lastPart(name);
+        if (part != wanted && !part.isEmpty() && part != QLatin1String(".")
+            && part != QLatin1String("..")) {
+            continue;
+        }
+        if (QFileInfo(name).absoluteFilePath() == path)
+            return editor;
+    }
+    return nullptr;
+}
+
+QList<IEditorFactory *> EditorManager::factoriesForFile(const QString &file)
+{
+    const QList<IEditorFactory *> factories =
+        ExtSys::PluginManager::instance()->getObjects<IEditorFactory>();
+    const QList<IEditorFactory *> found =
+        private_impl::getFactoriesRecursively(private_impl::determineMimeType(file), factories);
+    QList<IEditorFactory *> best;
+    for (IEditorFactory *factory : found) {
+        if (!best.contains(factory))
+            best.append(factory);
+    }
+    return best;
+}
+
+IEditorFactory *EditorManager::factoryForFile(const QString &file)
+{
+    return factoriesForFile(file).value(0);
+}
+
+IEditor *EditorManager::currentEditor()
+{
+    return EditorManagerPrivate::get()->currentEditor;
+}
+
+QList<IEditor *> EditorManager::allEditors()
+{
+    return EditorManagerPrivate::get()->editors;
+}
+
+bool EditorManager::closeEditor(IEditor *editor)
+{
+    return editor && ViewManager::closeView(editor);
+}
+
+bool EditorManager::closeEditor(const QString &file)
+{
+    return closeEditor(editorForFile(file));
+}
+
+void EditorManager::onCurrentViewChanged(Core::IView *widget)
+{
+    auto *d = EditorManagerPrivate::get();
+    d->currentEditor = qobject_cast<IEditor *>(widget);
+    d->updateActions();
+    Q_EMIT currentEditorChanged(d->currentEditor);
+}
+
+void EditorManager::onEditorModified(bool modified)
+{
+    Q_UNUSED(modified)
+    if (qobject_cast<IEditor *>(sender()))
+        EditorManagerPrivate::get()->updateActions();
+}
+
+void EditorManager::onEditorSaved()
+{
+    if (const auto *editor = qobject_cast<IEditor *>(sender()))
+        Q_EMIT fileSaved(editor->fileName());
+}
+
+} // namespace Core

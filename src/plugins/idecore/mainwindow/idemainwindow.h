@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef IDECORE_MAINWINDOW_IDEMAINWINDOW_H
+#define IDECORE_MAINWINDOW_IDEMAINWINDOW_H
+
+#include <idecore/idecore_export.h>
+
+#include <QMainWindow>
+
+class QAction;
+class QLabel;
+
+namespace Utils {
+class MdiArea;
+}
+
+namespace Core {
+
+/// The program's one top-level window: documents in the middle, docks around
+/// them, the standard menus, tool bars and commands.
+///
+/// Created hidden by the ViewManager, which owns it. Plugins reach its menus
+/// and tool bars through ActionManager and its documents through ViewManager.
+class IDECORE_EXPORT IdeMainWindow final : public QMainWindow
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(IdeMainWindow)
+public:
+    explicit IdeMainWindow(QWidget *parent = nullptr);
+    ~IdeMainWindow() override;
+
+    /// The document area; null before setupUi().
+    [[nodiscard]] Utils::MdiArea *documentArea() const;
+
+    void setupUi();
+    /// Builds the standard menus, tool bars and commands.
+    void initActions();
+
+    /// Opens @p fileName as a project when its type says so, otherwise in an
+    /// editor; what goes wrong is shown to the user.
+    Q_INVOKABLE void openFile(const QString &fileName);
+
+    /// Shows @p text in the status bar for @p timeout milliseconds, 0 meaning
+    /// until it is replaced.
+    void showStatusMessage(const QString &text, int timeout);
+    /// Normal messages are not shown by this window.
+    void showNormalStatusMessage(const QString &text);
+    /// Shows @p text at the right end of the status bar until it is replaced.
+    void showPermanentStatusMessage(const QString &text);
+
+public Q_SLOTS:
+    /// Shows the window with the geometry saved by the same build, otherwise
+    /// maximised.
+    void prepareToShow();
+    void raiseWindow();
+    void saveWindowState();
+    void onOpenKelmoHelp();
+    void onAboutIde();
+    void onContactUs();
+    void toggleFullScreen(bool b);
+    void onShowOptionDialog();
+    void onNewFiles();
+    void onOpenFiles();
+
+Q_SIGNALS:
+    /// The window has become the active one.
+    void windowActivated();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void initFileMenu();
+    void initEditMenu();
+    void initToolsMenu();
+    void initWindowMenu();
+    void initHelpMenu();
+    void initToolBars();
+
+    Utils::MdiArea *mdiArea = nullptr;
+    QLabel *permanentLabel = nullptr;
+    QAction *fullScreenAction = nullptr;
+};
+
+} // namespace Core
+
+#endif // IDECORE_MAINWINDOW_IDEMAINWINDOW_H

@@ -1,0 +1,357 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include <idecore/views/viewmanager.h>
+
+#include <idecore/actions/actionmanager.h>
+#include <idecore/core/assertion_p.h>
+#include <idecore/core/constants.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/views/viewmanager_p.h>
+#include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDebug>
+#include <QIcon>
+#include <QMenu>
+#include <QSignalMapper>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace Core {
+
+using private_impl::ViewManagerPrivate;
+
+namespace {
+
+constexpr int SHOW_DELAY_MS = 1000;
+
+ViewManager *m_instance = nullptr;
+ViewManagerPrivate *d = nullptr;
+
+IView *viewOf(const Utils::MdiSubWindow *window)
+{
+    return window ? qobject_cast<IView *>(window->widget()) : nullptr;
+}
+
+} // namespace
+
+ViewManagerPrivate *ViewManagerPrivate::get()
+{
+    return d;
+}
+
+ViewManager::ViewManager()
+{
+    m_instance = this;
+    d = new ViewManagerPrivate;
+    d->mainWindow = new IdeMainWindow;
+    d->signalMapper = new QSignalMapper(this);
+}
+
+ViewManager::~ViewManager()
+{
+    // The main window goes first, and with it every document inside: while the
+    // contexts and the list of views are still there to be told.
+    if (d->mdiArea)
+        d->mdiArea->disconnect(this);
+    // Nothing is to be taken out of a document area that is being destroyed.
+    d->windowOfView.clear();
+    d->subWindows.clear();
+    delete d->mainWindow;
+    delete d->signalMapper;
+    delete d;
+    d = nullptr;
+    m_instance = nullptr;
+}
+
+ViewManager *ViewManager::instance()
+{
+    return m_instance;
+}
+
+IdeMainWindow *ViewManager::mainWindow()
+{
+    return d->mainWindow;
+}
+
+QWidget *ViewManager::dialogParent()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : d->mainWindow;
+}
+
+void ViewManager::raiseWindow(QWidget *widget)
+{
+    if (!widget)
+        return;
+    QWidget *window = widget->window();
+    if (window == d->mainWindow) {
+        d->mainWindow->raiseWindow();
+    } else {
+        window->raise();
+        window->activateWindow();
+    }
+}
+
+void ViewManager::initialize()
+{
+    using namespace Constants;
+
+    d->mainWindow->setupUi();
+    d->mdiArea = d->mainWindow->documentArea();
+    d->windowMenu = ActionManager::menu(QString::fromLatin1(M_WINDOW));
+
+    QMenu *fileMenu = ActionManager::menu(QString::fromLatin1(M_FILE));
+    QAction *closeFront = ActionManager::separator(QString::fromLatin1(SEP_FILE_CLOSE_F));
+    QAction *closeBehind = ActionManager::separator(QString::fromLatin1(SEP_FILE_CLOSE_B));
+    QAction *printFront = ActionManager::separator(QString::fromLatin1(SEP_FILE_PRINT_F));
+    fileMenu->insertAction(printFront, closeFront);
+    fileMenu->insertAction(printFront, closeBehind);
+
+    d->actClose = new QAction(tr("&Close"), this);
+    d->actClose->setEnabled(false);
+    fileMenu->insertAction(closeBehind, d->actClose);
+    connect(d->actClose, &QAction::triggered, this, &ViewManager::onActClose);
+    d->actCloseAll = new QAction(tr("Close All"), this);
+    d->actCloseAll->setEnabled(false);
+    fileMenu->insertAction(closeBehind, d->actCloseAll);
+    connect(d->actCloseAll, &QAction::triggered, this, &ViewManager::onActCloseAll);
+
+    auto *resetLayout = new QAction(tr("Reset Layout"), this);
+    d->windowMenu->addAction(resetLayout);
+    connect(resetLayout, &QAction::triggered, this, &ViewManager::onActResetLayout);
+    d->windowMenu->addSeparator();
+    d->panelsMenu = new QMenu(tr("Panels"), d->mainWindow);
+    d->windowMenu->addMenu(d->panelsMenu);
+    d->windowMenu->addSeparator();
+
+    connect(qApp, &QApplication::focusChanged, this, &ViewManager::updateFocusWidget);
+    connect(d->mdiArea, &Utils::MdiArea::currentWindowChanged, this,
+            &ViewManager::onCurrentSubWindowChanged);
+    connect(d->mdiArea, &Utils::MdiArea::windowClosed, this, &ViewManager::onSubWindowClose);
+    connect(d->windowMenu, &QMenu::aboutToShow, this, &ViewManager::updateWindowMenu);
+    connect(d->signalMapper, &QSignalMapper::mappedWidget, this, &ViewManager::onActionMapped);
+}
+
+void ViewManager::extensionsInitialized()
+{
+    QTimer::singleShot(SHOW_DELAY_MS, d->mainWindow, &IdeMainWindow::prepareToShow);
+}
+
+void ViewManager::shutdown()
+{
+    disconnect(qApp, &QApplication::focusChanged, this, &ViewManager::updateFocusWidget);
+}
+
+IView *ViewManager::currentView()
+{
+    return d->currentView;
+}
+
+void ViewManager::showView(IView *view)
+{
+    KELMO_ASSERT(view, return);
+    qDebug() << "show view:" << view;
+    if (Utils::MdiSubWindow *shown = d->subWindow(view)) {
+        d->mdiArea->setCurrentSubWindow(shown);
+        return;
+    }
+    if (view->windowIcon().isNull())
+        view->setWindowIcon(QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png")));
+
+    auto *window = new Utils::MdiSubWindow(nullptr);
+    window->setWidget(view);
+    window->setShortTitle(view->shortTitle());
+    connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
+    connect(view, &QObject::destroyed, m_instance, &ViewManager::forgetView);
+    d->subWindows.append(window);
+    d->windowOfView.insert(view, {window, window});
+    d->mdiArea->addSubWindow(window);
+}
+
+bool ViewManager::closeView(IView *view)
+{
+    KELMO_ASSERT(view, return false);
+    qDebug() << "closing view:" << view;
+    QPointer<Utils::MdiSubWindow> window = d->subWindow(view);
+    if (!window)
+        return false;
+    d->mdiArea->setCurrentSubWindow(window);
+    // Whoever was told of the activation may have closed it already.
+    return !window || window->close();
+}
+
+void ViewManager::removeView(IView *view)
+{
+    KELMO_ASSERT(view, return);
+    qDebug() << "force remove view:" << view;
+    Utils::MdiSubWindow *window = d->subWindow(view);
+    if (!window)
+        return;
+    d->mdiArea->removeSubWindow(window);
+    d->subWindows.removeOne(window);
+    d->windowOfView.remove(view);
+    window->deleteLater();
+}
+
+bool ViewManager::closeAllViews()
+{
+    qDebug() << "closing all views";
+    // Guarded, because a view may take others with it.
+    QList<QPointer<Utils::MdiSubWindow>> windows;
+    const QList<Utils::MdiSubWindow *> history =
+        d->mdiArea->subWindows(QMdiArea::ActivationHistoryOrder);
+    for (Utils::MdiSubWindow *window : history)
+        windows.prepend(window);
+    for (const QPointer<Utils::MdiSubWindow> &window : qAsConst(windows)) {
+        if (!window)
+            continue;
+        const IView *view = viewOf(window);
+        if (view && view->keepOpen)
+            continue;
+        if (!window->close())
+            return false;
+        // No activation is reported while the window is not visible.
+        if (d->mainWindow->isMinimized())
+            d->mdiArea->onSubWindowActivated();
+    }
+    return true;
+}
+
+void ViewManager::onActClose()
+{
+    closeView(currentView());
+}
+
+void ViewManager::onActCloseAll()
+{
+    QList<QPointer<Utils::MdiSubWindow>> windows;
+    for (Utils::MdiSubWindow *window : qAsConst(d->subWindows))
+        windows.append(window);
+    // Asks every view, whatever the others answered.
+    for (const QPointer<Utils::MdiSubWindow> &window : qAsConst(windows)) {
+        if (!window)
+            continue;
+        d->mdiArea->setCurrentSubWindow(window);
+        if (window)
+            window->close();
+    }
+}
+
+void ViewManager::onActResetLayout() {}
+
+void ViewManager::onCurrentSubWindowChanged(Utils::MdiSubWindow *window)
+{
+    if (d->currentView)
+        d->currentView->onDeactivated();
+    IView *view = viewOf(window);
+    if (view)
+        qDebug() << "current view:" << view << view->shortTitle();
+    else
+        qDebug() << "current view:" << static_cast<void *>(nullptr);
+    d->currentView = view;
+    if (d->currentView)
+        d->currentView->onActivated();
+    updateActions();
+    Q_EMIT viewActiveted(d->currentView);
+}
+
+void ViewManager::onSubWindowClose(Utils::MdiSubWindow *window)
+{
+    IView *view = viewOf(window);
+    qDebug() << "view closed:" << view << (view ? view->shortTitle() : QString());
+    d->subWindows.removeOne(window);
+    if (view) {
+        d->windowOfView.remove(view);
+        disconnect(view, &QObject::destroyed, this, &ViewManager::forgetView);
+    }
+    updateActions();
+    Q_EMIT viewClosed(view);
+}
+
+void ViewManager::forgetView(QObject *view)
+{
+    const ViewManagerPrivate::ViewWindow shown = d->windowOfView.take(view);
+    if (!shown.window)
+        return;
+    d->subWindows.removeOne(shown.window);
+    // A sub-window that takes its view with it leaves the area by itself.
+    if (shown.guard) {
+        d->mdiArea->removeSubWindow(shown.guard);
+        shown.guard->deleteLater();
+    }
+    updateActions();
+}
+
+void ViewManager::updateActions()
+{
+    const IView *view = d->currentView;
+    d->actClose->setText(view ? tr("&Close \"%1\"").arg(view->shortTitle()) : tr("&Close"));
+    d->actClose->setEnabled(view);
+    d->actCloseAll->setEnabled(!d->subWindows.isEmpty());
+}
+
+void ViewManager::updateWindowMenu()
+{
+    qDeleteAll(d->windowActions);
+    d->windowActions.clear();
+    for (Utils::MdiSubWindow *window : qAsConst(d->subWindows)) {
+        const IView *view = viewOf(window);
+        if (!view)
+            continue;
+        auto *action = new QAction(view->shortTitle(), this);
+        action->setCheckable(true);
+        action->setChecked(view == d->currentView);
+        // On toggled, so that choosing the checked entry activates its window, too.
+        connect(action, &QAction::toggled, d->signalMapper, qOverload<>(&QSignalMapper::map));
+        d->signalMapper->setMapping(action, window);
+        d->windowActions.append(action);
+    }
+    d->windowMenu->addActions(d->windowActions);
+}
+
+void ViewManager::onActionMapped(QWidget *widget)
+{
+    // The window may have gone while the menu was open.
+    for (Utils::MdiSubWindow *window : qAsConst(d->subWindows)) {
+        if (window == widget) {
+            d->mdiArea->setCurrentSubWindow(window);
+            return;
+        }
+    }
+}
+
+void ViewManager::showTempStatusMessage(const QString &message, int timeout)
+{
+    d->mainWindow->showStatusMessage(message, timeout);
+}
+
+void ViewManager::clearTempStatusMessage()
+{
+    d->mainWindow->statusBar()->clearMessage();
+}
+
+void ViewManager::showNormalStatusMessage(const QString &message)
+{
+    d->mainWindow->showNormalStatusMessage(message);
+}
+
+void ViewManager::clearNormalStatusMessage()
+{
+    d->mainWindow->showNormalStatusMessage(QString());
+}
+
+void ViewManager::showPermanentStatusMessage(const QString &message)
+{
+    d->mainWindow->showPermanentStatusMessage(message);
+}
+
+void ViewManager::clearPermanentStatusMessage()
+{
+    d->mainWindow->showPermanentStatusMessage(QString());
+}
+
+} // namespace Core

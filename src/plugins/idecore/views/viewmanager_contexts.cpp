@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+// Contexts and focus tracking.
+
+#include <idecore/views/viewmanager.h>
+
+#include <idecore/actions/actionmanager.h>
+#include <idecore/core/assertion_p.h>
+#include <idecore/core/constants.h>
+#include <idecore/views/viewmanager_p.h>
+
+#include <QApplication>
+#include <QDebug>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+namespace Core {
+
+using private_impl::ViewManagerPrivate;
+
+void ViewManager::registerContext(QWidget *widget, const QString &context, bool strongFocus)
+{
+    KELMO_ASSERT(widget, return);
+    KELMO_ASSERT(!context.isEmpty(), return);
+    qDebug() << "register context:" << widget << context;
+    std::unique_ptr<QStringList> &contexts = ViewManagerPrivate::get()->widgetContexts[widget];
+    if (!contexts)
+        contexts = std::make_unique<QStringList>();
+    contexts->prepend(context);
+    if (strongFocus)
+        widget->setFocusPolicy(Qt::StrongFocus);
+    connect(widget, &QObject::destroyed, instance(), &ViewManager::onRegistedWidgetDelete);
+}
+
+void ViewManager::deregisterContext(QWidget *widget, const QString &context)
+{
+    KELMO_ASSERT(widget, return);
+    KELMO_ASSERT(!context.isEmpty(), return);
+    qDebug() << "deregister context:" << widget << context;
+    auto &table = ViewManagerPrivate::get()->widgetContexts;
+    const auto it = table.find(widget);
+    // The entry stays when it becomes empty: it still hides what is registered
+    // on the widget's ancestors.
+    if (it != table.end())
+        it->second->removeAll(context);
+}
+
+void ViewManager::deregisterContext(QWidget *widget)
+{
+    KELMO_ASSERT(widget, return);
+    ViewManagerPrivate::get()->forgetContexts(widget);
+}
+
+void ViewManagerPrivate::forgetContexts(QObject *widget)
+{
+    qDebug() << "deregister all context:" << widget;
+    widgetContexts.erase(widget);
+}
+
+void ViewManager::onRegistedWidgetDelete()
+{
+    // What is being destroyed is no more than a QObject by now, so a cast would
+    // not tell; only widgets are ever connected to this slot.
+    if (QObject *object = sender())
+        ViewManagerPrivate::get()->forgetContexts(object);
+}
+
+void ViewManager::addGlobalContext(const QString &context)
+{
+    KELMO_ASSERT(!context.isEmpty(), return);
+    qDebug() << "add global context:" << context;
+    QStringList &contexts = ViewManagerPrivate::get()->globalContexts;
+    if (!contexts.contains(context))
+        contexts.prepend(context);
+    instance()->updateFocusWidget(nullptr, QApplication::focusWidget());
+}
+
+void ViewManager::removeGlobalContext(const QString &context)
+{
+    KELMO_ASSERT(!context.isEmpty(), return);
+    qDebug() << "remove global context:" << context;
+    ViewManagerPrivate::get()->globalContexts.removeAll(context);
+    instance()->updateFocusWidget(nullptr, QApplication::focusWidget());
+}
+
+void ViewManager::updateFocusWidget(QWidget *old, QWidget *now)
+{
+    Q_UNUSED(old)
+    // Menus and tool bars work on what had the focus before.
+    if (qobject_cast<QMenuBar *>(now) || qobject_cast<QMenu *>(now) || qobject_cast<QToolBar *>(now))
+        return;
+
+    const auto *d = ViewManagerPrivate::get();
+    ContextList contexts;
+    for (QObject *object = now; object; object = object->parent()) {
+        const auto it = d->widgetContexts.find(object);
+        if (it != d->widgetContexts.end()) {
+            contexts = *it->second;
+            break;
+        }
+    }
+    contexts.removeDuplicates();
+    // Repeats between these and the former stay: the list tells all of them.
+    contexts += d->globalContexts;
+    contexts.append(QString::fromLatin1(Constants::C_GLOBAL));
+    ActionManager::setCurrentContexts(contexts);
+    Q_EMIT contextsChanged(contexts);
+}
+
+} // namespace Core
