@@ -5,8 +5,6 @@
 
 namespace QUtil {
 
-IEvent::~IEvent() = default;
-
 Event::Event(const QString &topic, const QVariantHash &parameters)
     : m_topic(topic)
     , m_parameters(parameters)

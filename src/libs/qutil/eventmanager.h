@@ -16,6 +16,9 @@ class IEvent;
 class IEventHandler;
 
 /// The event bus. GUI thread only.
+///
+/// It lives until the process ends, so that handlers may be destroyed as late as
+/// they like.
 class QUTIL_EXPORT EventManager final
 {
 public:
@@ -23,22 +26,26 @@ public:
 
     /// Lets @p handler receive the events of @p topic, after the handlers that
     /// subscribed before it. A null handler and a second subscription of the
-    /// same handler to the same topic are ignored.
+    /// same handler to the same topic are ignored. The bus does not own the
+    /// handler, which leaves it when it is destroyed.
     void subscribe(const QString &topic, IEventHandler *handler);
+    /// Ends one subscription; nothing happens when there is none.
     void unsubscribe(const QString &topic, IEventHandler *handler);
+    /// Ends every subscription of @p handler.
     void unsubscribeAll(IEventHandler *handler);
 
     /// Delivers @p event to the handlers of its topic, synchronously, in the
     /// order of subscription. Handlers may subscribe, unsubscribe or be
-    /// destroyed meanwhile: who left is not called any more, who came is called
-    /// from the next event on.
+    /// destroyed meanwhile: who left is not called any more, who came (also one
+    /// that left and came back) is called from the next event on. An event that a
+    /// handler publishes is delivered in full before this delivery goes on. A
+    /// handler that throws is named in a warning and the next one is called.
     void publish(const IEvent &event);
 
 private:
     EventManager();
     ~EventManager();
-    EventManager(const EventManager &) = delete;
-    EventManager &operator=(const EventManager &) = delete;
+    Q_DISABLE_COPY(EventManager)
 
     class Private;
     const std::unique_ptr<Private> d;

@@ -6,6 +6,8 @@
 
 #include <qutil/qutil_export.h>
 
+#include <QtGlobal>
+
 namespace QUtil {
 
 class IEvent;
@@ -20,12 +22,11 @@ public:
     virtual ~IEventHandler();
 
     /// Called synchronously from EventManager::publish(); @p event lives only
-    /// as long as the call.
+    /// as long as the call. The handler may be destroyed in it.
     virtual void handleIEvent(const IEvent *event) = 0;
 
 private:
-    IEventHandler(const IEventHandler &) = delete;
-    IEventHandler &operator=(const IEventHandler &) = delete;
+    Q_DISABLE_COPY(IEventHandler)
 };
 
 } // namespace QUtil
