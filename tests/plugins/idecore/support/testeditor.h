@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TESTS_IDECORE_SUPPORT_TESTEDITOR_H
+#define TESTS_IDECORE_SUPPORT_TESTEDITOR_H
+
+#include <idecore/interfaces/ieditor.h>
+#include <idecore/interfaces/ieditorfactory.h>
+
+#include <QStringList>
+
+#include <functional>
+
+/// An editor that opens and saves as it is told, without touching the disk, and
+/// counts what it is asked.
+class TestEditor final : public Core::IEditor
+{
+    Q_OBJECT
+public:
+    explicit TestEditor(QStringList *journal = nullptr);
+    ~TestEditor() override;
+
+    // How it behaves
+    bool refuseClose = false;
+    bool failOpen = false;
+    bool failSave = false;
+    QString errorText;
+    /// Runs inside save() and saveAs(), before they answer.
+    std::function<void()> whileSaving;
+
+    // What it was asked
+    QStringList opened;
+    int saves = 0;
+    QStringList savedAs;
+    /// Whether the last save() was given a place for an error text.
+    bool saveGotErrorString = false;
+    /// Whether the wait cursor was up during the last save() or saveAs().
+    bool waitCursorWhileSaving = false;
+    QList<bool> readOnlySet;
+
+    void setFileName(const QString &fileName);
+    /// Emits modificationStateChanged() also when nothing changes.
+    void setModified(bool modified);
+
+    [[nodiscard]] int currentLine() const override { return 1; }
+    void setReadOnly(bool readOnly) override;
+    bool open(const QString &fileName, QString *errorString) override;
+    [[nodiscard]] QString fileName() const override { return m_fileName; }
+    [[nodiscard]] bool isModified() const override { return m_modified; }
+    bool save(QString *errorString) override;
+    bool saveAs(const QString &fileName, QString *errorString) override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    bool finishSaving(QString *errorString);
+    void note(const QString &what);
+
+    QString m_fileName;
+    bool m_modified = false;
+    QStringList *m_journal;
+};
+
+/// Makes TestEditors and remembers how many. Not in the pool by itself.
+class TestEditorFactory final : public Core::IEditorFactory
+{
+    Q_OBJECT
+public:
+    explicit TestEditorFactory(const QStringList &mimeTypes,
+                               const QString &id = QStringLiteral("test"));
+
+    bool makeNothing = false;
+    /// Applied to every new editor before it is handed out.
+    std::function<void(TestEditor *)> prepare;
+    QStringList types;
+    int made = 0;
+    /// Only valid while it lives.
+    TestEditor *last = nullptr;
+
+    [[nodiscard]] QString id() const override { return m_id; }
+    [[nodiscard]] QString displayName() const override { return m_id; }
+    [[nodiscard]] QStringList mimeTypes() const override { return types; }
+    [[nodiscard]] Core::IEditor *createEditor() override;
+
+private:
+    QString m_id;
+};
+
+#endif // TESTS_IDECORE_SUPPORT_TESTEDITOR_H

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/testview.h"
+
+#include <QCloseEvent>
+
+TestView::TestView(const QString &title, QStringList *journal)
+    : m_journal(journal)
+{
+    setObjectName(title);
+    setShortTitle(title);
+}
+
+void TestView::onActivated()
+{
+    ++activated;
+    note("activated");
+}
+
+void TestView::onDeactivated()
+{
+    ++deactivated;
+    note("deactivated");
+}
+
+void TestView::closeEvent(QCloseEvent *event)
+{
+    ++asked;
+    note("asked");
+    const bool accept = !refuseClose;
+    if (whileClosing)
+        whileClosing(); // may destroy this view
+    event->setAccepted(accept);
+}
+
+void TestView::note(const char *what)
+{
+    if (m_journal)
+        m_journal->append(objectName() + QLatin1Char(' ') + QLatin1String(what));
+}
