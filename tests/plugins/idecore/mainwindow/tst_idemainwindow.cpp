@@ -1,0 +1,509 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/modaldialog.h"
+
+#include <extsys/pluginmanager.h>
+#include <idecore/actions/actionmanager.h>
+#include <idecore/actions/iaction.h>
+#include <idecore/core/buildinfo.h>
+#include <idecore/core/idecore.h>
+#include <idecore/editors/editormanager.h>
+#include <idecore/interfaces/ieditor.h>
+#include <idecore/interfaces/ieditorfactory.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/mimedatabase/mimedatabase.h>
+#include <idecore/views/viewmanager.h>
+#include <utils/mdiarea.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolBar>
+#include <QUrl>
+
+using namespace Core;
+
+namespace {
+
+const QString VERSION = QStringLiteral("Core/Version");
+const QString GEOMETRY = QStringLiteral("Core/MainwindowGeometry");
+const QString STATE = QStringLiteral("Core/MainwindowState");
+
+class Editor final : public IEditor
+{
+public:
+    int currentLine() const override { return 1; }
+    bool open(const QString &fileName, QString *) override
+    {
+        m_file = fileName;
+        setWindowTitle(fileName);
+        return true;
+    }
+    QString fileName() const override { return m_file; }
+    bool isModified() const override { return false; }
+    bool save(QString *) override { return true; }
+    bool saveAs(const QString &, QString *) override { return true; }
+
+    static bool refuses;
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->setAccepted(!refuses); }
+
+private:
+    QString m_file;
+};
+bool Editor::refuses = false;
+
+class Factory final : public IEditorFactory
+{
+public:
+    QString id() const override { return QStringLiteral("test"); }
+    QString displayName() const override { return id(); }
+    QStringList mimeTypes() const override { return {QStringLiteral("text/plain")}; }
+    IEditor *createEditor() override { return new Editor; }
+};
+
+IdeMainWindow *window()
+{
+    return ViewManager::mainWindow();
+}
+
+QString revision()
+{
+    return QString::fromUtf8(Constants::IDE_VCS_REVISION);
+}
+
+QAction *menuEntry(const QString &menuId, const QString &title)
+{
+    const QList<QAction *> actions = ActionManager::menu(menuId)->actions();
+    for (QAction *action : actions) {
+        if (action->text() == title)
+            return action;
+    }
+    return nullptr;
+}
+
+QStringList openFiles()
+{
+    QStringList files;
+    const QList<IEditor *> editors = EditorManager::allEditors();
+    for (const IEditor *editor : editors)
+        files.append(editor->fileName());
+    return files;
+}
+
+} // namespace
+
+class TestIdeMainWindow final : public QObject
+{
+    Q_OBJECT
+public Q_SLOTS:
+    void openUrl(const QUrl &url) { m_urls.append(url); }
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+    void init()
+    {
+        QDir(QDir::homePath() + QStringLiteral("/.config/KelmoWare")).removeRecursively();
+        Editor::refuses = false;
+        m_dir = std::make_unique<QTemporaryDir>();
+        start();
+        ExtSys::PluginManager::instance()->addObject(&m_factory);
+    }
+
+    void cleanup()
+    {
+        ExtSys::PluginManager::instance()->removeObject(&m_factory);
+        stop();
+    }
+
+    void theWindowIsNamedAndHasItsLogo()
+    {
+        QCOMPARE(window()->windowTitle(), QStringLiteral("KELMO FPGA Designer"));
+        const QImage logo =
+            QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png")).pixmap(32, 32).toImage();
+        QVERIFY(!logo.isNull());
+        QCOMPARE(window()->windowIcon().pixmap(32, 32).toImage(), logo);
+    }
+
+    void theDocumentAreaIsTheMiddleOfTheWindow()
+    {
+        QVERIFY(window()->documentArea());
+        QCOMPARE(window()->centralWidget(), window()->documentArea());
+    }
+
+    void theFirstStartIsMaximised()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
+    }
+
+    void theGeometrySavedByTheSameBuildComesBack()
+    {
+        showNormally(QRect(120, 90, 800, 600));
+        const QRect left = window()->geometry();
+        closeWindow();
+        restart();
+        window()->prepareToShow();
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        QVERIFY(!window()->isMaximized());
+        QTRY_COMPARE(window()->geometry().size(), left.size());
+        QTRY_COMPARE(window()->geometry().topLeft(), left.topLeft());
+    }
+
+    void aWindowClosedMaximisedComesBackMaximised()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isMaximized());
+        closeWindow();
+        QCOMPARE(IdeCore::userSettingsGUI()->value(VERSION).toString(), revision());
+        restart();
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
+    }
+
+    void theGeometryOfAnotherBuildIsNotRestored_data()
+    {
+        QTest::addColumn<QVariant>("version");
+        QTest::newRow("another revision") << QVariant(revision() + QStringLiteral("x"));
+        QTest::newRow("none") << QVariant();
+        if (revision() != revision().toUpper())
+            QTest::newRow("another case") << QVariant(revision().toUpper());
+    }
+
+    void theGeometryOfAnotherBuildIsNotRestored()
+    {
+        QFETCH(QVariant, version);
+        showNormally(QRect(120, 90, 800, 600));
+        closeWindow();
+        IdeCore::userSettingsGUI()->setValue(VERSION, version);
+        restart();
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
+    }
+
+    void withoutAGeometryTheWindowIsMaximised()
+    {
+        showNormally(QRect(120, 90, 800, 600));
+        closeWindow();
+        IdeCore::userSettingsGUI()->remove(GEOMETRY);
+        restart();
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
+    }
+
+    void theShownWindowIsTheActiveOne()
+    {
+        QSignalSpy spy(window(), &IdeMainWindow::windowActivated);
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isActiveWindow());
+        QVERIFY(spy.count() >= 1);
+    }
+
+    void losingTheActivationIsNotTold()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isActiveWindow());
+        QSignalSpy spy(window(), &IdeMainWindow::windowActivated);
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QTRY_VERIFY(!window()->isActiveWindow());
+        QCOMPARE(spy.count(), 0);
+        window()->raiseWindow();
+        QTRY_COMPARE(spy.count(), 1);
+    }
+
+    void raisingAMinimisedWindowKeepsItMaximised()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isMaximized());
+        window()->showMinimized();
+        QTRY_VERIFY(window()->isMinimized());
+        window()->raiseWindow();
+        QTRY_VERIFY(!window()->isMinimized());
+        QTRY_VERIFY(window()->isMaximized());
+    }
+
+    void closingSavesVersionGeometryAndState()
+    {
+        showNormally(QRect(50, 60, 700, 500));
+        const QByteArray geometry = window()->saveGeometry();
+        const QByteArray state = window()->saveState(0);
+        closeWindow();
+        const QSettings stored(IdeCore::userSettingsGUI()->fileName(), QSettings::IniFormat);
+        QCOMPARE(stored.value(VERSION).toString(), revision());
+        QCOMPARE(stored.value(GEOMETRY).toByteArray(), geometry);
+        QCOMPARE(stored.value(STATE).toByteArray(), state);
+    }
+
+    void theSavedStateIsNeverRestored()
+    {
+        showNormally(QRect(50, 60, 700, 500));
+        ActionManager::toolBar(QStringLiteral("Core.Toolbar.Edit"))->hide();
+        closeWindow();
+        restart();
+        window()->prepareToShow();
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        QVERIFY(ActionManager::toolBar(QStringLiteral("Core.Toolbar.Edit"))->isVisible());
+    }
+
+    void aViewThatRefusesKeepsTheWindowOpenAndNothingIsSaved()
+    {
+        showNormally(QRect(50, 60, 700, 500));
+        QVERIFY(EditorManager::openEditor(file(QStringLiteral("a.txt"))));
+        Editor::refuses = true;
+        QVERIFY(!window()->close());
+        QVERIFY(window()->isVisible());
+        QVERIFY(!IdeCore::userSettingsGUI()->contains(VERSION));
+        QVERIFY(!IdeCore::userSettingsGUI()->contains(GEOMETRY));
+        Editor::refuses = false;
+        QVERIFY(window()->close());
+        QVERIFY(IdeCore::userSettingsGUI()->contains(VERSION));
+    }
+
+    void closingInFullScreenSavesTheGeometryOfTheNormalWindow()
+    {
+        showNormally(QRect(130, 80, 640, 480));
+        const QRect normal = window()->geometry();
+        QTest::keyClick(window(), Qt::Key_F11);
+        QTRY_VERIFY(window()->isFullScreen());
+        QTRY_VERIFY(window()->width() > normal.width());
+        closeWindow();
+        QVERIFY(!window()->isFullScreen());
+        restart();
+        window()->prepareToShow();
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        QVERIFY(!window()->isFullScreen());
+        QTRY_COMPARE(window()->size(), normal.size());
+    }
+
+    void closingInFullScreenOverAMaximisedWindowComesBackMaximised()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isMaximized());
+        window()->toggleFullScreen(true);
+        QTRY_VERIFY(window()->isFullScreen());
+        closeWindow();
+        restart();
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
+        QVERIFY(!window()->isFullScreen());
+    }
+
+    void fullScreenIsSetAndClearedBesideTheOtherStates()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isMaximized());
+        window()->toggleFullScreen(true);
+        QVERIFY(window()->windowState() & Qt::WindowMaximized);
+        QVERIFY(window()->windowState() & Qt::WindowFullScreen);
+        QTRY_VERIFY(window()->isFullScreen());
+        window()->toggleFullScreen(false);
+        QTRY_VERIFY(!window()->isFullScreen());
+        QTRY_VERIFY(window()->isMaximized());
+    }
+
+    void f11TogglesFullScreenAndTheCheckMarkFollows()
+    {
+        showNormally(QRect(130, 80, 640, 480));
+        const QAction *action =
+            menuEntry(QStringLiteral("Core.Menu.Window"), QStringLiteral("&Full Screen"));
+        QTest::keyClick(window(), Qt::Key_F11);
+        QTRY_VERIFY(window()->isFullScreen());
+        QVERIFY(action->isChecked());
+        QTest::keyClick(window(), Qt::Key_F11);
+        QTRY_VERIFY(!window()->isFullScreen());
+        QVERIFY(!action->isChecked());
+        window()->showFullScreen();
+        QTRY_VERIFY(action->isChecked());
+        window()->showNormal();
+        QTRY_VERIFY(!action->isChecked());
+    }
+
+    void statusMessages()
+    {
+        window()->show();
+        window()->showStatusMessage(QStringLiteral("for good"), 0);
+        QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("for good"));
+        window()->showStatusMessage(QStringLiteral("for a while"), 20);
+        QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("for a while"));
+        QTRY_COMPARE(window()->statusBar()->currentMessage(), QString());
+        window()->showPermanentStatusMessage(QStringLiteral("permanent"));
+        const auto *label = window()->statusBar()->findChild<QLabel *>();
+        QVERIFY(label);
+        QCOMPARE(label->text(), QStringLiteral("permanent"));
+    }
+
+    void aNormalStatusMessageChangesNothingOnScreen()
+    {
+        showNormally(QRect(50, 60, 700, 500));
+        window()->showStatusMessage(QStringLiteral("before"), 0);
+        window()->showPermanentStatusMessage(QStringLiteral("label"));
+        const QImage before = window()->grab().toImage();
+        window()->showNormalStatusMessage(QStringLiteral("normal"));
+        QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("before"));
+        QCOMPARE(window()->grab().toImage(), before);
+    }
+
+    void newAndOpenWorkAsSoonAsTheWindowIsUp()
+    {
+        window()->prepareToShow();
+        QVERIFY(ActionManager::action(QStringLiteral("Core.Action.New"))->isEnabled());
+        QVERIFY(ActionManager::action(QStringLiteral("Core.Action.Open"))->isEnabled());
+        QVERIFY(!ActionManager::action(QStringLiteral("Core.Action.Save"))->isEnabled());
+        QVERIFY(!ActionManager::action(QStringLiteral("Core.Action.Undo"))->isEnabled());
+    }
+
+    void everyFileButAProjectIsOpenedInAnEditor_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("inEditor");
+        QTest::newRow("verilog") << QStringLiteral("top.v") << true;
+        QTest::newRow("unknown") << QStringLiteral("README") << true;
+        QTest::newRow("project") << QStringLiteral("top.kprj") << false;
+    }
+
+    void everyFileButAProjectIsOpenedInAnEditor()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, inEditor);
+        const QString path = file(name);
+        window()->openFile(path);
+        QCOMPARE(openFiles(), inEditor ? QStringList{path} : QStringList());
+    }
+
+    void openingIsLoggedWithNameAndType()
+    {
+        const QString path = file(QStringLiteral("top.v"));
+        QTest::ignoreMessage(
+            QtDebugMsg,
+            qPrintable(QStringLiteral("IdeMainWindow: open  \"%1\" \"text/verilog\"").arg(path)));
+        window()->openFile(path);
+    }
+
+    void pendingEventsAreHandledAfterAFile()
+    {
+        bool handled = false;
+        QMetaObject::invokeMethod(this, [&handled] { handled = true; }, Qt::QueuedConnection);
+        window()->openFile(file(QStringLiteral("a.txt")));
+        QVERIFY(handled);
+    }
+
+    void ctrlOAsksForFilesFromTheHomeFolderWithAllFilters()
+    {
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isActiveWindow());
+        QString directory;
+        QStringList filters;
+        QFileDialog::FileMode mode = QFileDialog::AnyFile;
+        ModalDialog dialog([&](QWidget *widget) {
+            auto *fileDialog = qobject_cast<QFileDialog *>(widget);
+            QVERIFY(fileDialog);
+            directory = fileDialog->directory().absolutePath();
+            filters = fileDialog->nameFilters();
+            mode = fileDialog->fileMode();
+            fileDialog->reject();
+        });
+        QTest::keyClick(window(), Qt::Key_O, Qt::ControlModifier);
+        QVERIFY(dialog.met());
+        QCOMPARE(dialog.title(), QStringLiteral("Open File"));
+        QCOMPARE(directory, QDir::homePath());
+        QCOMPARE(mode, QFileDialog::ExistingFiles);
+        QCOMPARE(filters.join(QStringLiteral(";;")),
+                 IdeCore::mimeDatabase()->filterForFileDialog(true));
+        QVERIFY(openFiles().isEmpty());
+    }
+
+    void allChosenFilesAreOpenedInOrder()
+    {
+        window()->prepareToShow();
+        QStringList files = {file(QStringLiteral("b.v")), file(QStringLiteral("a.vhd")),
+                             file(QStringLiteral("c.txt"))};
+        QStringList chosen;
+        ModalDialog dialog([&](QWidget *widget) {
+            auto *fileDialog = qobject_cast<QFileDialog *>(widget);
+            QVERIFY(fileDialog);
+            fileDialog->setDirectory(m_dir->path());
+            auto *edit = fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+            QVERIFY(edit);
+            edit->setText(QStringLiteral("\"b.v\" \"a.vhd\" \"c.txt\""));
+            chosen = fileDialog->selectedFiles();
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        window()->onOpenFiles();
+        QCOMPARE(chosen, files);
+        QCOMPARE(openFiles(), files);
+    }
+
+    void contactOpensThePageInTheBrowser()
+    {
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openUrl");
+        menuEntry(QStringLiteral("Core.Menu.Help"), QStringLiteral("Contact Us"))->trigger();
+        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+        QCOMPARE(m_urls, QList<QUrl>{QUrl(QStringLiteral("https://www.kelmoware.example/contact"))});
+    }
+
+private:
+    void start()
+    {
+        m_core = std::make_unique<IdeCore>();
+        m_core->initialize();
+    }
+
+    void stop()
+    {
+        Editor::refuses = false;
+        m_core->shutdown();
+        m_core.reset();
+    }
+
+    void restart()
+    {
+        stop();
+        start();
+    }
+
+    void showNormally(const QRect &geometry)
+    {
+        window()->setGeometry(geometry);
+        window()->show();
+        QVERIFY(QTest::qWaitForWindowActive(window()));
+        QTRY_COMPARE(window()->geometry().size(), geometry.size());
+    }
+
+    void closeWindow()
+    {
+        QVERIFY(window()->close());
+        QVERIFY(!window()->isVisible());
+    }
+
+    QString file(const QString &name)
+    {
+        const QString path = m_dir->filePath(name);
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write("text\n");
+        return path;
+    }
+
+    std::unique_ptr<IdeCore> m_core;
+    std::unique_ptr<QTemporaryDir> m_dir;
+    Factory m_factory;
+    QList<QUrl> m_urls;
+};
+
+QTEST_MAIN(TestIdeMainWindow)
+#include "tst_idemainwindow.moc"
