@@ -3,6 +3,7 @@
 
 #include "actionmanager.h"
 
+#include "contextindex_p.h"
 #include "iaction.h"
 
 #include <idecore/core/constants.h>
@@ -29,20 +30,30 @@ constexpr int LargestIconSize = 28;
 
 ActionManager *s_instance = nullptr;
 
-template<class Container>
-void forget(QHash<QString, Container *> &containers, const QObject *destroyed)
+bool isIconSize(int size)
 {
-    for (auto it = containers.begin(); it != containers.end(); ++it) {
-        if (static_cast<const QObject *>(it.value()) == destroyed) {
-            containers.erase(it);
-            return;
-        }
-    }
+    return size >= SmallestIconSize && size <= LargestIconSize;
 }
 
 QString contextOrGlobal(const QString &context)
 {
-    return context.isEmpty() ? QLatin1String(Constants::C_GLOBAL) : context;
+    return context.isEmpty() ? QString(QLatin1String(Constants::C_GLOBAL)) : context;
+}
+
+// Guarded: a container may be destroyed by anybody, and nothing keeps it from
+// being renamed or from losing its connections before that.
+template<class Container>
+using Containers = QHash<QString, QPointer<Container>>;
+
+template<class Container>
+void forgetDestroyed(Containers<Container> &containers)
+{
+    for (auto it = containers.begin(); it != containers.end();) {
+        if (it.value())
+            ++it;
+        else
+            it = containers.erase(it);
+    }
 }
 
 } // namespace
@@ -50,27 +61,51 @@ QString contextOrGlobal(const QString &context)
 class ActionManager::Private
 {
 public:
-    QHash<QString, IAction *> actions;
-    QHash<QString, QMenuBar *> menuBars;
-    QHash<QString, QMenu *> menus;
-    QHash<QString, QToolBar *> toolBars;
-    QHash<QString, QAction *> separators;
+    template<class Container>
+    static Container *create(Containers<Container> Private::*containers, const QString &id);
+
+    private_impl::ContextIndex index;
+    // Guarded, because whoever holds a proxy can delete it.
+    QHash<QString, QPointer<IAction>> actions;
+    Containers<QMenuBar> menuBars;
+    Containers<QMenu> menus;
+    Containers<QToolBar> toolBars;
+    QHash<QString, QPointer<QAction>> separators;
     int iconSize = DefaultIconSize;
 };
+
+template<class Container>
+Container *ActionManager::Private::create(Containers<Container> Private::*containers,
+                                          const QString &id)
+{
+    auto *container = new Container(ViewManager::mainWindow());
+    container->setObjectName(id);
+    (s_instance->d.get()->*containers).insert(id, container);
+    QObject::connect(container, &QObject::destroyed, s_instance,
+                     &ActionManager::onContainerDestory);
+    return container;
+}
 
 ActionManager::ActionManager(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>())
 {
     s_instance = this;
-    d->iconSize = IdeCore::userSettings()
-                      ->value(QLatin1String(Constants::SET_TOOLBAR_ICON_SIZE), DefaultIconSize)
-                      .toInt();
+    const int size = IdeCore::userSettings()
+                         ->value(QLatin1String(Constants::SET_TOOLBAR_ICON_SIZE), DefaultIconSize)
+                         .toInt();
+    if (isIconSize(size))
+        d->iconSize = size;
 }
 
 ActionManager::~ActionManager()
 {
-    qDeleteAll(d->actions);
+    // What reacts to a proxy going may look up, register or delete others.
+    while (!d->actions.isEmpty()) {
+        const QPointer<IAction> proxy = d->actions.take(d->actions.constBegin().key());
+        // Proxies have no parent, so that they go before the actions they stand for.
+        delete proxy;
+    }
     s_instance = nullptr;
 }
 
@@ -83,9 +118,13 @@ IAction *ActionManager::registerAction(QAction *action, const QString &id, const
 {
     if (!s_instance || !action || id.isEmpty())
         return nullptr;
-    IAction *&proxy = s_instance->d->actions[id];
-    if (!proxy)
+    Private *d = s_instance->d.get();
+    IAction *proxy = d->actions.value(id);
+    if (!proxy) {
         proxy = new IAction(id, action);
+        d->actions.insert(id, proxy);
+        d->index.add(proxy);
+    }
     proxy->addOverrideAction(action, contextOrGlobal(context));
     action->setParent(s_instance);
     return proxy;
@@ -106,10 +145,11 @@ QAction *ActionManager::separator(const QString &id)
 {
     if (!s_instance)
         return nullptr;
-    QAction *&separator = s_instance->d->separators[id];
+    QAction *separator = s_instance->d->separators.value(id);
     if (!separator) {
         separator = new QAction(s_instance);
         separator->setSeparator(true);
+        s_instance->d->separators.insert(id, separator);
     }
     return separator;
 }
@@ -121,15 +161,8 @@ QMenuBar *ActionManager::menuBar(const QString &id)
 
 QMenuBar *ActionManager::createMenuBar(const QString &id)
 {
-    if (!s_instance)
-        return nullptr;
-    QMenuBar *&bar = s_instance->d->menuBars[id];
-    if (!bar) {
-        bar = new QMenuBar(ViewManager::mainWindow());
-        bar->setObjectName(id);
-        connect(bar, &QObject::destroyed, s_instance, &ActionManager::onContainerDestory);
-    }
-    return bar;
+    QMenuBar *known = menuBar(id);
+    return known || !s_instance ? known : Private::create(&Private::menuBars, id);
 }
 
 QMenu *ActionManager::menu(const QString &id)
@@ -139,15 +172,8 @@ QMenu *ActionManager::menu(const QString &id)
 
 QMenu *ActionManager::createMenu(const QString &id)
 {
-    if (!s_instance)
-        return nullptr;
-    QMenu *&menu = s_instance->d->menus[id];
-    if (!menu) {
-        menu = new QMenu(ViewManager::mainWindow());
-        menu->setObjectName(id);
-        connect(menu, &QObject::destroyed, s_instance, &ActionManager::onContainerDestory);
-    }
-    return menu;
+    QMenu *known = menu(id);
+    return known || !s_instance ? known : Private::create(&Private::menus, id);
 }
 
 QToolBar *ActionManager::toolBar(const QString &id)
@@ -157,53 +183,52 @@ QToolBar *ActionManager::toolBar(const QString &id)
 
 QToolBar *ActionManager::createToolBar(const QString &id)
 {
-    if (!s_instance)
-        return nullptr;
-    QToolBar *&bar = s_instance->d->toolBars[id];
-    if (!bar) {
-        bar = new QToolBar(ViewManager::mainWindow());
-        bar->setObjectName(id);
-        bar->setIconSize(QSize(s_instance->d->iconSize, s_instance->d->iconSize));
-        bar->setFloatable(false);
-        connect(bar, &QObject::destroyed, s_instance, &ActionManager::onContainerDestory);
-    }
-    return bar;
+    QToolBar *known = toolBar(id);
+    if (known || !s_instance)
+        return known;
+    QToolBar *created = Private::create(&Private::toolBars, id);
+    created->setIconSize(QSize(s_instance->d->iconSize, s_instance->d->iconSize));
+    created->setFloatable(false);
+    return created;
 }
 
 void ActionManager::formatTooltip(QAction *action)
 {
     if (!action)
         return;
-    action->setToolTip(
-        QStringLiteral(
-            "<nobr>%1&nbsp;<span style=\"color: gray; font-size: small\">%2</span></nobr>")
-            .arg(action->toolTip(), action->shortcut().toString(QKeySequence::NativeText)));
+    // Joined by an entity here and by a space in the tool tip of a proxy.
+    const QString format = QStringLiteral(
+        "<nobr>%1&nbsp;<span style=\"color: gray; font-size: small\">%2</span></nobr>");
+    action->setToolTip(format.arg(action->toolTip(),
+                                  action->shortcut().toString(QKeySequence::NativeText)));
 }
 
 void ActionManager::setToolbarIconSize(int size)
 {
-    if (!s_instance || size == s_instance->d->iconSize || size < SmallestIconSize
-        || size > LargestIconSize)
+    if (!s_instance || size == s_instance->d->iconSize || !isIconSize(size))
         return;
     s_instance->d->iconSize = size;
-    for (QToolBar *bar : qAsConst(s_instance->d->toolBars))
-        bar->setIconSize(QSize(size, size));
+    // A copy: what follows the size of a tool bar may create or delete others.
+    const Containers<QToolBar> toolBars = s_instance->d->toolBars;
+    for (const QPointer<QToolBar> &bar : toolBars) {
+        if (bar)
+            bar->setIconSize(QSize(size, size));
+    }
 }
 
 void ActionManager::setCurrentContexts(const QStringList &contexts)
 {
-    if (!s_instance)
-        return;
-    for (IAction *proxy : qAsConst(s_instance->d->actions))
-        proxy->setCurrentContexts(contexts);
+    if (s_instance)
+        s_instance->d->index.setCurrentContexts(contexts);
 }
 
 void ActionManager::onContainerDestory()
 {
-    const QObject *destroyed = sender();
-    forget(d->menus, destroyed);
-    forget(d->toolBars, destroyed);
-    forget(d->menuBars, destroyed);
+    // The sender is cut down to a QObject by now and may have been renamed: it
+    // says neither what it was nor under which id. Its guard has let go of it.
+    forgetDestroyed(d->menus);
+    forgetDestroyed(d->toolBars);
+    forgetDestroyed(d->menuBars);
 }
 
 } // namespace Core

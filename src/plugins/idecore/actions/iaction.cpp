@@ -3,31 +3,18 @@
 
 #include "iaction.h"
 
+#include "iaction_p.h"
+
 #include <QDebug>
-#include <QHash>
+#include <QEvent>
 #include <QKeySequence>
-#include <QPointer>
 
 namespace Core {
 
-class IAction::Private
-{
-public:
-    QString id;
-    bool textUpdated = false;
-    bool iconUpdated = false;
-    bool hideWhenDeactivated = false;
-    QHash<QString, QPointer<QAction>> contextActions;
-    QString currentContext;
-    QPointer<QAction> currentAction;
-    QString toolTip;
-};
-
 IAction::IAction(const QString &id, QAction *action)
     : QAction(nullptr)
-    , d(std::make_unique<Private>())
+    , d(std::make_unique<Private>(this, id))
 {
-    d->id = id;
     setObjectName(id);
     setShortcutContext(Qt::ApplicationShortcut);
     init(action);
@@ -55,81 +42,76 @@ void IAction::init(QAction *action)
     setChecked(action->isChecked());
     setVisible(action->isVisible());
     setEnabled(false);
+    d->markStale();
 }
 
 void IAction::addOverrideAction(QAction *action, const QString &context)
 {
-    if (!action || context.isEmpty())
+    // A proxy that forwards to itself would never come to an end.
+    if (!action || action == this || context.isEmpty())
         return;
-    QPointer<QAction> &entry = d->contextActions[context];
-    if (entry) {
+    const auto it = d->find(context);
+    if (it == d->entries.end()) {
+        Private::Entry entry;
+        entry.context = context;
+        entry.action = action;
+        d->enter(entry);
+        d->entries.push_back(entry);
+    } else if (it->action) {
         qDebug() << "IAction: duplicate action on context: " << context;
         return;
+    } else {
+        it->action = action;
     }
-    entry = action;
+    d->markStale();
 }
 
 void IAction::removeContextAction(const QString &context)
 {
-    if (!context.isEmpty())
-        d->contextActions.remove(context);
+    if (context.isEmpty())
+        return;
+    const auto it = d->find(context);
+    if (it == d->entries.end())
+        return;
+    d->erase(it);
+    d->dropSpareLinks();
+    d->markStale();
 }
 
 void IAction::setCurrentContexts(const QStringList &contexts)
 {
-    disconnectAction();
+    const Private::Entry *first = nullptr;
     for (const QString &context : contexts) {
-        if (QAction *action = d->contextActions.value(context)) {
-            d->currentAction = action;
-            d->currentContext = context;
+        const auto it = d->find(context);
+        if (it != d->entries.end() && it->action) {
+            first = &*it;
             break;
         }
     }
-    update();
-    connectAction();
+    // The registry's list may say something else.
+    d->markStale();
+    d->bind(first);
 }
 
 void IAction::update()
 {
-    if (const QAction *action = d->currentAction) {
-        if (d->textUpdated) {
-            setText(action->text());
-            d->toolTip = action->toolTip();
-            setToolTip(private_impl::formatToolTip(d->toolTip, shortcut()));
-            setStatusTip(action->statusTip());
-        }
-        if (d->iconUpdated) {
-            setIcon(action->icon());
-            setIconText(action->iconText());
-            setIconVisibleInMenu(action->isIconVisibleInMenu());
-        }
-        setCheckable(action->isCheckable());
-        setChecked(action->isChecked());
-        setEnabled(action->isEnabled());
-        setVisible(action->isVisible());
-    } else {
-        if (d->hideWhenDeactivated)
-            setVisible(false);
-        setEnabled(false);
-    }
+    d->update();
 }
 
 void IAction::connectAction()
 {
-    if (QAction *action = d->currentAction) {
-        connect(action, &QAction::changed, this, &IAction::actionChanged);
-        connect(this, &QAction::triggered, action, &QAction::triggered);
-        connect(this, &QAction::toggled, action, &QAction::setChecked);
-    }
+    if (!d->currentAction)
+        return;
+    d->link();
+    d->connected = true;
 }
 
 void IAction::disconnectAction()
 {
-    if (QAction *action = d->currentAction) {
-        disconnect(action, &QAction::changed, this, &IAction::actionChanged);
-        disconnect(this, &QAction::triggered, action, &QAction::triggered);
-        disconnect(this, &QAction::toggled, action, &QAction::setChecked);
-    }
+    if (!d->currentAction)
+        return;
+    d->connected = false;
+    d->markStale();
 }
 
 void IAction::setShortcut(const QKeySequence &key)
@@ -146,6 +128,7 @@ bool IAction::isTextUpdated() const
 void IAction::setTextUpdated(bool updated)
 {
     d->textUpdated = updated;
+    d->markStale();
 }
 
 bool IAction::isIconUpdated() const
@@ -156,6 +139,7 @@ bool IAction::isIconUpdated() const
 void IAction::setIconUpdated(bool updated)
 {
     d->iconUpdated = updated;
+    d->markStale();
 }
 
 bool IAction::isHideWhenDeactivated() const
@@ -166,6 +150,7 @@ bool IAction::isHideWhenDeactivated() const
 void IAction::setHideWhenDeactivated(bool hide)
 {
     d->hideWhenDeactivated = hide;
+    d->markStale();
 }
 
 void IAction::actionChanged()
@@ -173,11 +158,24 @@ void IAction::actionChanged()
     update();
 }
 
+bool IAction::event(QEvent *event)
+{
+    // Comes with every change, also while signals are blocked. One that is not
+    // update()'s own may have to be put right by the next change of contexts.
+    if (event->type() == QEvent::ActionChanged) {
+        if (d->ownChange)
+            d->ownChange = false;
+        else
+            d->markStale();
+    }
+    return QAction::event(event);
+}
+
 QString private_impl::formatToolTip(const QString &toolTip, const QKeySequence &key)
 {
     if (toolTip.isEmpty())
         return QString();
-    // Two texts at once: a tool tip may hold "%2".
+    // Both at once, because a tool tip may hold "%2" itself.
     return QStringLiteral("<nobr>%1 <span style=\"color: gray; font-size: small\">%2</span></nobr>")
         .arg(toolTip, key.toString(QKeySequence::NativeText));
 }

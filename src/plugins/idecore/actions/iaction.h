@@ -16,6 +16,10 @@ class QKeySequence;
 
 namespace Core {
 
+namespace private_impl {
+class ContextIndex;
+}
+
 /// The proxy of one command: what menus and tool bars hold instead of the
 /// actions of the plugins.
 ///
@@ -26,10 +30,10 @@ namespace Core {
 /// GUI thread only.
 ///
 /// The key of a command belongs to its proxy, which takes it from the first
-/// action registered and serves it in every window. An action that stays in no
-/// widget never competes for the key; a plugin that also puts its own action
-/// into a widget has to take the shortcut off it first, or the key becomes
-/// ambiguous.
+/// action registered and, once it stands in a menu or tool bar, serves it in
+/// every window. An action that stands in no widget never competes for the key,
+/// whatever its shortcut; a plugin that also puts its own action into a widget
+/// has to take the shortcut off it first, or the key becomes ambiguous.
 class IDECORE_EXPORT IAction final : public QAction
 {
     Q_OBJECT
@@ -47,8 +51,9 @@ public:
     void init(QAction *action);
 
     /// Makes @p action the one of @p context, from the next setCurrentContexts()
-    /// on. A null action and an empty context are ignored; a context that still
-    /// has a living action keeps it, with a line in the debug log.
+    /// on. A null action and an empty context are ignored, and so is the proxy
+    /// itself; a context that still has a living action keeps it, with a line in
+    /// the debug log.
     void addOverrideAction(QAction *action, const QString &context);
     /// Forgets the action of @p context. While it is the current one it stays so
     /// until the next setCurrentContexts().
@@ -61,9 +66,10 @@ public:
     /// when isHideWhenDeactivated().
     void update();
     /// Ties the proxy to its current action, so that changes are mirrored and
-    /// triggering and toggling are forwarded.
+    /// triggering and toggling are forwarded, once however often this is called.
     void connectAction();
-    /// Undoes connectAction(): nothing is mirrored or forwarded any more.
+    /// Undoes connectAction(): nothing is mirrored or forwarded until the next
+    /// connectAction() or setCurrentContexts().
     void disconnectAction();
 
     /// Sets the shortcut and shows it in the tool tip. Hides
@@ -86,7 +92,11 @@ public:
 public Q_SLOTS:
     void actionChanged();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    friend class private_impl::ContextIndex;
     class Private;
     const std::unique_ptr<Private> d;
 };
