@@ -5,14 +5,28 @@
 
 #include <idecore/mimedatabase/contentmatchers_p.h>
 #include <idecore/mimedatabase/filematchcontext_p.h>
+#include <idecore/mimedatabase/globindex_p.h>
+#include <idecore/mimedatabase/magicindex_p.h>
 #include <idecore/mimedatabase/mimetype_p.h>
 #include <idecore/mimedatabase/mimetypeparser_p.h>
 
 #include <QFile>
 #include <QTextStream>
 
+#include <algorithm>
+#include <utility>
+
 namespace Core {
 namespace private_impl {
+
+struct MimeDatabasePrivate::Index
+{
+    const MimeMapEntry &entry(int type) const { return *visited[size_t(type)]; }
+
+    std::vector<const MimeMapEntry *> visited;
+    Internal::GlobIndex globs;
+    Internal::MagicIndex magic;
+};
 
 MimeDatabasePrivate::MimeDatabasePrivate() = default;
 
@@ -42,6 +56,7 @@ bool MimeDatabasePrivate::addMimeType(MimeType mimeType)
     for (const QString &alias : aliases)
         aliasMap.insert(alias, type);
     maxLevel = -1;
+    m_index.reset();
     return true;
 }
 
@@ -78,37 +93,65 @@ MimeType MimeDatabasePrivate::findByType(const QString &typeOrAlias) const
 MimeType MimeDatabasePrivate::findByFile(const QFileInfo &fileInfo, unsigned *priority)
 {
     *priority = 0;
-    if (maxLevel < 0)
+    if (!m_index) {
         determineLevels();
+        buildIndex();
+    }
+    const Index &index = *m_index;
     Internal::FileMatchContext context(fileInfo);
-    const MimeMapEntry *chosen = nullptr;
-    for (int level = maxLevel; level >= 0 && !chosen; --level) {
-        for (const MimeMapEntry &entry : entries) {
-            if (entry.level != level)
-                continue;
-            const unsigned suffixPriority = entry.type.matchesFileBySuffix(context);
-            if (suffixPriority > *priority) {
-                chosen = &entry;
-                *priority = suffixPriority;
-                if (suffixPriority > 99)
-                    return entry.type;
+
+    Internal::GlobIndex::Hits hits;
+    index.globs.find(context.fileName(), hits);
+    if (hits.size() > 1)
+        std::sort(hits.begin(), hits.end());
+    int chosen = -1;
+    int previous = -1;
+    for (const Internal::GlobIndex::Hit &hit : qAsConst(hits)) {
+        // Of one type the first glob that matches is the one that counts.
+        if (std::exchange(previous, hit.type) == hit.type)
+            continue;
+        if (chosen >= 0 && index.entry(hit.type).level != index.entry(chosen).level)
+            break;
+        if (hit.weight > *priority) {
+            chosen = hit.type;
+            *priority = hit.weight;
+            if (hit.weight > 99)
+                return index.entry(chosen).type;
+        }
+    }
+
+    if (!index.magic.isEmpty() && fileInfo.isReadable()) {
+        const QByteArray &data = context.data();
+        if (!data.isEmpty()) {
+            const Internal::MagicIndex::Match match = index.magic.best(data);
+            if (match.priority > *priority) {
+                chosen = match.type;
+                *priority = match.priority;
             }
         }
     }
-    if (fileInfo.isReadable()) {
-        for (int level = maxLevel; level >= 0; --level) {
-            for (const MimeMapEntry &entry : entries) {
-                if (entry.level != level)
-                    continue;
-                const unsigned contentPriority = entry.type.matchesFileByContent(context);
-                if (contentPriority > *priority) {
-                    chosen = &entry;
-                    *priority = contentPriority;
-                }
-            }
-        }
+    return chosen < 0 ? MimeType() : index.entry(chosen).type;
+}
+
+/// Lays the types out in the order in which the rules visit them: the deepest
+/// level first.
+void MimeDatabasePrivate::buildIndex()
+{
+    auto index = std::make_unique<Index>();
+    for (const MimeMapEntry &entry : entries) {
+        if (entry.level <= maxLevel)
+            index->visited.push_back(&entry);
     }
-    return chosen ? chosen->type : MimeType();
+    std::stable_sort(index->visited.begin(), index->visited.end(),
+                     [](const MimeMapEntry *a, const MimeMapEntry *b) { return a->level > b->level; });
+    for (const MimeMapEntry *entry : index->visited) {
+        const MimeTypeData &data = entry->type.data();
+        index->globs.addType(data.globPatterns);
+        index->magic.addType(data.magicMatchers);
+    }
+    index->globs.finish();
+    index->magic.finish();
+    m_index = std::move(index);
 }
 
 bool MimeDatabasePrivate::setPreferredSuffix(const QString &typeOrAlias, const QString &suffix)

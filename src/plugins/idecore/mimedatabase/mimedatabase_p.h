@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -68,7 +69,13 @@ public:
 private:
     Q_DISABLE_COPY(MimeDatabasePrivate)
 
+    struct Index;
+
     const MimeMapEntry *find(const QString &typeOrAlias) const;
+    void buildIndex();
+
+    /// Null when it is out of date, as the levels are then.
+    std::unique_ptr<Index> m_index;
 };
 
 } // namespace private_impl

@@ -3,6 +3,8 @@
 
 #include <idecore/mimedatabase/mimeglobpattern.h>
 
+#include <idecore/mimedatabase/wildcard_p.h>
+
 namespace Core {
 
 MimeGlobPattern::MimeGlobPattern(const QRegExp &regExp, quint32 weight)
@@ -37,7 +39,8 @@ bool MimeGlobPattern::isPlainWildcard() const
 
 bool MimeGlobPattern::matches(const QString &fileName) const
 {
-    return regExp().exactMatch(fileName);
+    return isPlainWildcard() ? Internal::Wildcard(m_pattern).matches(fileName)
+                             : regExp().exactMatch(fileName);
 }
 
 } // namespace Core

@@ -6,6 +6,7 @@
 #include <idecore/mimedatabase/mimedatabase_p.h>
 #include <idecore/mimedatabase/mimetype.h>
 #include <idecore/mimedatabase/mimetype_p.h>
+#include <idecore/mimedatabase/wildcard_p.h>
 
 #include <QCoreApplication>
 #include <QIODevice>
@@ -193,7 +194,9 @@ void BaseMimeTypeParser::addGlobPattern(const QString &pattern, const QString &w
         return;
     const MimeGlobPattern glob(pattern, weight.isEmpty() ? MimeGlobPattern::DefaultWeight
                                                          : weight.toUInt());
-    if (!glob.regExp().isValid()) {
+    // Without a bracket every text is a valid wildcard.
+    const bool hasBracket = pattern.contains(QLatin1Char('[')) || pattern.contains(QLatin1Char(']'));
+    if (hasBracket && !Wildcard(pattern).isValid()) {
         qWarning("%s: Invalid wildcard '%s'.", Q_FUNC_INFO, qUtf8Printable(pattern));
         return;
     }
