@@ -20,6 +20,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace Core {
 
 using private_impl::ViewManagerPrivate;
@@ -43,6 +45,15 @@ ViewManagerPrivate *ViewManagerPrivate::get()
     return d;
 }
 
+Utils::MdiSubWindow *ViewManagerPrivate::subWindow(const IView *view) const
+{
+    for (Utils::MdiSubWindow *window : subWindows) {
+        if (window->widget() == view)
+            return window;
+    }
+    return nullptr;
+}
+
 ViewManager::ViewManager()
 {
     m_instance = this;
@@ -58,7 +69,6 @@ ViewManager::~ViewManager()
     if (d->mdiArea)
         d->mdiArea->disconnect(this);
     // Nothing is to be taken out of a document area that is being destroyed.
-    d->windowOfView.clear();
     d->subWindows.clear();
     delete d->mainWindow;
     delete d->signalMapper;
@@ -166,9 +176,9 @@ void ViewManager::showView(IView *view)
     window->setWidget(view);
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
-    connect(view, &QObject::destroyed, m_instance, &ViewManager::forgetView);
+    connect(view, &QObject::destroyed, window, [window] { m_instance->onViewLost(window); });
+    connect(window, &QObject::destroyed, m_instance, &ViewManager::onSubWindowDestroyed);
     d->subWindows.append(window);
-    d->windowOfView.insert(view, {window, window});
     d->mdiArea->addSubWindow(window);
 }
 
@@ -176,12 +186,12 @@ bool ViewManager::closeView(IView *view)
 {
     KELMO_ASSERT(view, return false);
     qDebug() << "closing view:" << view;
-    QPointer<Utils::MdiSubWindow> window = d->subWindow(view);
+    Utils::MdiSubWindow *window = d->subWindow(view);
     if (!window)
         return false;
     d->mdiArea->setCurrentSubWindow(window);
     // Whoever was told of the activation may have closed it already.
-    return !window || window->close();
+    return !d->subWindows.contains(window) || window->close();
 }
 
 void ViewManager::removeView(IView *view)
@@ -193,21 +203,18 @@ void ViewManager::removeView(IView *view)
         return;
     d->mdiArea->removeSubWindow(window);
     d->subWindows.removeOne(window);
-    d->windowOfView.remove(view);
     window->deleteLater();
 }
 
 bool ViewManager::closeAllViews()
 {
     qDebug() << "closing all views";
-    // Guarded, because a view may take others with it.
-    QList<QPointer<Utils::MdiSubWindow>> windows;
     const QList<Utils::MdiSubWindow *> history =
         d->mdiArea->subWindows(QMdiArea::ActivationHistoryOrder);
-    for (Utils::MdiSubWindow *window : history)
-        windows.prepend(window);
-    for (const QPointer<Utils::MdiSubWindow> &window : qAsConst(windows)) {
-        if (!window)
+    for (auto it = history.crbegin(); it != history.crend(); ++it) {
+        Utils::MdiSubWindow *window = *it;
+        // A view may take others with it when it closes.
+        if (!d->subWindows.contains(window))
             continue;
         const IView *view = viewOf(window);
         if (view && view->keepOpen)
@@ -228,15 +235,14 @@ void ViewManager::onActClose()
 
 void ViewManager::onActCloseAll()
 {
-    QList<QPointer<Utils::MdiSubWindow>> windows;
-    for (Utils::MdiSubWindow *window : qAsConst(d->subWindows))
-        windows.append(window);
-    // Asks every view, whatever the others answered.
-    for (const QPointer<Utils::MdiSubWindow> &window : qAsConst(windows)) {
-        if (!window)
+    // Asks every view, whatever the others answered, but none that went with
+    // another.
+    const QList<Utils::MdiSubWindow *> windows = d->subWindows;
+    for (Utils::MdiSubWindow *window : windows) {
+        if (!d->subWindows.contains(window))
             continue;
         d->mdiArea->setCurrentSubWindow(window);
-        if (window)
+        if (d->subWindows.contains(window))
             window->close();
     }
 }
@@ -245,9 +251,11 @@ void ViewManager::onActResetLayout() {}
 
 void ViewManager::onCurrentSubWindowChanged(Utils::MdiSubWindow *window)
 {
+    // The view told first may close the other.
+    const QPointer<Utils::MdiSubWindow> guard(window);
     if (d->currentView)
         d->currentView->onDeactivated();
-    IView *view = viewOf(window);
+    IView *view = viewOf(guard);
     if (view)
         qDebug() << "current view:" << view << view->shortTitle();
     else
@@ -264,25 +272,27 @@ void ViewManager::onSubWindowClose(Utils::MdiSubWindow *window)
     IView *view = viewOf(window);
     qDebug() << "view closed:" << view << (view ? view->shortTitle() : QString());
     d->subWindows.removeOne(window);
-    if (view) {
-        d->windowOfView.remove(view);
-        disconnect(view, &QObject::destroyed, this, &ViewManager::forgetView);
-    }
     updateActions();
     Q_EMIT viewClosed(view);
 }
 
-void ViewManager::forgetView(QObject *view)
+void ViewManager::onViewLost(Utils::MdiSubWindow *window)
 {
-    const ViewManagerPrivate::ViewWindow shown = d->windowOfView.take(view);
-    if (!shown.window)
+    // A window that closes or is destroyed takes its view with it.
+    if (!d->subWindows.removeOne(window))
         return;
-    d->subWindows.removeOne(shown.window);
-    // A sub-window that takes its view with it leaves the area by itself.
-    if (shown.guard) {
-        d->mdiArea->removeSubWindow(shown.guard);
-        shown.guard->deleteLater();
-    }
+    d->mdiArea->removeSubWindow(window);
+    window->deleteLater();
+    updateActions();
+}
+
+void ViewManager::onSubWindowDestroyed(QObject *window)
+{
+    // It is no more than a widget by now, so only its address tells.
+    const auto known = std::find(d->subWindows.begin(), d->subWindows.end(), window);
+    if (known == d->subWindows.end())
+        return;
+    d->subWindows.erase(known);
     updateActions();
 }
 
@@ -316,12 +326,9 @@ void ViewManager::updateWindowMenu()
 void ViewManager::onActionMapped(QWidget *widget)
 {
     // The window may have gone while the menu was open.
-    for (Utils::MdiSubWindow *window : qAsConst(d->subWindows)) {
-        if (window == widget) {
-            d->mdiArea->setCurrentSubWindow(window);
-            return;
-        }
-    }
+    const auto window = std::find(d->subWindows.cbegin(), d->subWindows.cend(), widget);
+    if (window != d->subWindows.cend())
+        d->mdiArea->setCurrentSubWindow(*window);
 }
 
 void ViewManager::showTempStatusMessage(const QString &message, int timeout)

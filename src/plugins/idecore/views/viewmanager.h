@@ -111,8 +111,10 @@ Q_SIGNALS:
     void viewClosed(Core::IView *view);
 
 private:
-    /// A view has been destroyed without having been closed.
-    void forgetView(QObject *view);
+    /// The view in @p window has been destroyed without having been closed.
+    void onViewLost(Utils::MdiSubWindow *window);
+    /// A sub-window has been destroyed without having been closed.
+    void onSubWindowDestroyed(QObject *window);
 };
 
 } // namespace Core

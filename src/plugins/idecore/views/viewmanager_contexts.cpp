@@ -50,21 +50,15 @@ void ViewManager::deregisterContext(QWidget *widget, const QString &context)
 void ViewManager::deregisterContext(QWidget *widget)
 {
     KELMO_ASSERT(widget, return);
-    ViewManagerPrivate::get()->forgetContexts(widget);
-}
-
-void ViewManagerPrivate::forgetContexts(QObject *widget)
-{
     qDebug() << "deregister all context:" << widget;
-    widgetContexts.erase(widget);
+    ViewManagerPrivate::get()->widgetContexts.erase(widget);
 }
 
 void ViewManager::onRegistedWidgetDelete()
 {
-    // What is being destroyed is no more than a QObject by now, so a cast would
-    // not tell; only widgets are ever connected to this slot.
-    if (QObject *object = sender())
-        ViewManagerPrivate::get()->forgetContexts(object);
+    // A widget that says that it is destroyed is a plain QWidget still.
+    if (auto *widget = qobject_cast<QWidget *>(sender()))
+        deregisterContext(widget);
 }
 
 void ViewManager::addGlobalContext(const QString &context)
@@ -94,8 +88,8 @@ void ViewManager::updateFocusWidget(QWidget *old, QWidget *now)
 
     const auto *d = ViewManagerPrivate::get();
     ContextList contexts;
-    for (QObject *object = now; object; object = object->parent()) {
-        const auto it = d->widgetContexts.find(object);
+    for (const QObject *object = now; object; object = object->parent()) {
+        const auto it = d->widgetContexts.find(qobject_cast<const QWidget *>(object));
         if (it != d->widgetContexts.end()) {
             contexts = *it->second;
             break;

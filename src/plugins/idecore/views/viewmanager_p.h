@@ -5,9 +5,7 @@
 #define IDECORE_VIEWS_VIEWMANAGER_P_H
 
 #include <idecore/interfaces/iview.h>
-#include <utils/mdisubwindow.h>
 
-#include <QHash>
 #include <QList>
 #include <QPointer>
 #include <QStringList>
@@ -21,6 +19,7 @@ class QSignalMapper;
 
 namespace Utils {
 class MdiArea;
+class MdiSubWindow;
 }
 
 namespace Core {
@@ -36,33 +35,19 @@ public:
     /// The one that exists; null while there is no ViewManager.
     [[nodiscard]] static ViewManagerPrivate *get();
 
-    struct ViewWindow
-    {
-        Utils::MdiSubWindow *window = nullptr;
-        /// Null from the moment the window is being destroyed.
-        QPointer<Utils::MdiSubWindow> guard;
-    };
-
-    /// Ends the registration of a widget that may be in its destructor.
-    void forgetContexts(QObject *widget);
     /// The sub-window that holds @p view; null when the view is not shown.
-    [[nodiscard]] Utils::MdiSubWindow *subWindow(const QObject *view) const
-    {
-        return windowOfView.value(view).window;
-    }
+    [[nodiscard]] Utils::MdiSubWindow *subWindow(const IView *view) const;
 
     // Contexts
-    /// By widget, as an object: an entry may outlive its widget's class by a
-    /// destructor.
-    std::unordered_map<const QObject *, std::unique_ptr<QStringList>> widgetContexts;
+    std::unordered_map<const QWidget *, std::unique_ptr<QStringList>> widgetContexts;
     QStringList globalContexts;
 
     // Documents
     IdeMainWindow *mainWindow = nullptr;
     Utils::MdiArea *mdiArea = nullptr;
-    /// In the order in which the views were first shown.
+    /// In the order in which the views were first shown. Tells which views
+    /// exist; a window leaves it when it closes, is taken out or is destroyed.
     QList<Utils::MdiSubWindow *> subWindows;
-    QHash<const QObject *, ViewWindow> windowOfView;
     QPointer<IView> currentView;
     QAction *actClose = nullptr;
     QAction *actCloseAll = nullptr;

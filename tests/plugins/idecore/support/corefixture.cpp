@@ -95,6 +95,14 @@ InPool::~InPool()
     ExtSys::PluginManager::instance()->removeObject(m_object);
 }
 
+QStringList texts(std::initializer_list<const char *> list)
+{
+    QStringList result;
+    for (const char *text : list)
+        result.append(QString::fromUtf8(text));
+    return result;
+}
+
 QStringList menuEntries(const QMenu *menu)
 {
     QStringList entries;

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
 #include <memory>
 
 class QMenu;
@@ -64,6 +65,9 @@ public:
 private:
     QObject *m_object;
 };
+
+/// A list of texts, written shortly.
+QStringList texts(std::initializer_list<const char *> list);
 
 /// The entries of @p menu as they stand, hidden ones included: texts with their
 /// mnemonics, "--" for a separator, "> " in front of a sub-menu's title, "[x] "
