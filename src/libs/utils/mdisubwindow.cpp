@@ -3,14 +3,36 @@
 
 #include <utils/mdisubwindow.h>
 
+#include <QAction>
+#include <QChildEvent>
 #include <QCloseEvent>
+#include <QDir>
+#include <QIcon>
+#include <QMenu>
+#include <QPointer>
+#include <QWindowStateChangeEvent>
 
 namespace Utils {
+
+namespace {
+QString withoutPlaceholder(QString title)
+{
+    return title.remove(QStringLiteral("[*]"));
+}
+
+// On top of one another under tabs, so that none is asked whether another one
+// has to stay above it when it is raised.
+constexpr Qt::WindowFlags tabbedFlags =
+    Qt::SubWindow | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+} // namespace
 
 class MdiSubWindow::Private
 {
 public:
     QString shortTitle;
+    const QObject *document = nullptr; // only compared, never followed
+    bool framed = true;
+    bool showingQuietly = false;
 };
 
 MdiSubWindow::MdiSubWindow(QWidget *parent)
@@ -18,26 +40,177 @@ MdiSubWindow::MdiSubWindow(QWidget *parent)
     , d(std::make_unique<Private>())
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    // Closing the last document is no reason to end the application.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    // The area has the keys for closing, once for all windows.
+    const QList<QAction *> menuActions = systemMenu()->actions();
+    for (QAction *action : menuActions) {
+        if (!action->shortcut().isEmpty())
+            action->setShortcuts(QList<QKeySequence>());
+    }
 }
 
-MdiSubWindow::~MdiSubWindow() = default;
+MdiSubWindow::~MdiSubWindow()
+{
+    Q_EMIT aboutToBeDestroyed(this);
+}
 
 QString MdiSubWindow::shortTitle() const
 {
-    return d->shortTitle.isEmpty() ? windowTitle() : d->shortTitle;
+    return withoutPlaceholder(d->shortTitle.isEmpty() ? windowTitle() : d->shortTitle);
+}
+
+QString MdiSubWindow::fullTitle() const
+{
+    QString title = withoutPlaceholder(windowTitle());
+    if (title.isEmpty())
+        title = shortTitle();
+    const QString path = QDir::toNativeSeparators(filePath());
+    if (path.isEmpty() || title == path)
+        return title;
+    return title.isEmpty() ? path : QString(title % QLatin1Char('\n') % path);
+}
+
+QString MdiSubWindow::filePath() const
+{
+    return widget() ? widget()->windowFilePath() : QString();
+}
+
+bool MdiSubWindow::isDocumentModified() const
+{
+    return widget() && widget()->isWindowModified();
+}
+
+QIcon MdiSubWindow::documentIcon() const
+{
+    return widget() ? widget()->windowIcon() : windowIcon();
+}
+
+void MdiSubWindow::setWidget(QWidget *widget)
+{
+    d->document = nullptr; // the one before goes without being missed
+    QMdiSubWindow::setWidget(widget);
+    d->document = widget;
+    if (widget)
+        widget->setAttribute(Qt::WA_QuitOnClose, false);
+    takeIcon();
+    Q_EMIT appearanceChanged(this);
 }
 
 void MdiSubWindow::setShortTitle(const QString &title)
 {
+    if (d->shortTitle == title)
+        return;
     d->shortTitle = title;
     Q_EMIT shortTitleChanged(title);
+    Q_EMIT appearanceChanged(this);
+}
+
+void MdiSubWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange
+        && !static_cast<QWindowStateChangeEvent *>(event)->isOverride()) {
+        const Qt::WindowStates active = windowState() & Qt::WindowActive;
+        if (!d->framed) {
+            // Under tabs the area alone decides how a document is shown.
+            overrideWindowState(active | Qt::WindowMaximized);
+            return;
+        }
+        if (isMaximized() && parentWidget()) {
+            const Qt::WindowStates before =
+                static_cast<QWindowStateChangeEvent *>(event)->oldState();
+            overrideWindowState(active | (before & Qt::WindowMinimized));
+            Q_EMIT maximizeRequested(this);
+            return;
+        }
+    }
+    QMdiSubWindow::changeEvent(event);
+}
+
+void MdiSubWindow::childEvent(QChildEvent *event)
+{
+    QMdiSubWindow::childEvent(event);
+    if (event->removed() && d->document && event->child() == d->document) {
+        d->document = nullptr;
+        Q_EMIT documentLost(this);
+    }
 }
 
 void MdiSubWindow::closeEvent(QCloseEvent *event)
 {
-    QMdiSubWindow::closeEvent(event);
-    if (event->isAccepted())
-        Q_EMIT closed(this);
+    const QPointer<MdiSubWindow> self(this);
+    if (QWidget *document = widget()) {
+        const bool accepted = document->close();
+        if (!self)
+            return;
+        if (!accepted) {
+            event->ignore();
+            return;
+        }
+    }
+    event->accept();
+    Q_EMIT closed(this);
+}
+
+void MdiSubWindow::showEvent(QShowEvent *event)
+{
+    // QMdiSubWindow activates itself here.
+    if (d->showingQuietly)
+        QWidget::showEvent(event);
+    else
+        QMdiSubWindow::showEvent(event);
+}
+
+bool MdiSubWindow::eventFilter(QObject *object, QEvent *event)
+{
+    if (!object || object != widget())
+        return QMdiSubWindow::eventFilter(object, event);
+    if (d->showingQuietly && event->type() == QEvent::Show)
+        return false;
+    const bool filtered = QMdiSubWindow::eventFilter(object, event);
+    switch (event->type()) {
+    case QEvent::WindowIconChange:
+        takeIcon();
+        Q_EMIT appearanceChanged(this);
+        break;
+    case QEvent::WindowTitleChange:
+    case QEvent::ModifiedChange:
+        Q_EMIT appearanceChanged(this);
+        break;
+    default:
+        break;
+    }
+    return filtered;
+}
+
+void MdiSubWindow::setFramed(bool framed)
+{
+    if (d->framed == framed)
+        return;
+    if (!framed && (isMinimized() || isShaded()))
+        showNormal();
+    d->framed = framed;
+    setWindowFlags(framed ? Qt::WindowFlags(Qt::SubWindow) : tabbedFlags);
+    // Not setWindowState(): that would lay the document out although it may be
+    // hidden, and put buttons into the menu bar of the main window.
+    const Qt::WindowStates active = windowState() & Qt::WindowActive;
+    overrideWindowState(framed ? active : active | Qt::WindowMaximized);
+    takeIcon();
+}
+
+void MdiSubWindow::takeIcon()
+{
+    // For the title bar; and only a new one, because the widget is told of a new
+    // icon of its window, too.
+    if (d->framed && widget() && widget()->windowIcon().cacheKey() != windowIcon().cacheKey())
+        setWindowIcon(widget()->windowIcon());
+}
+
+void MdiSubWindow::showQuietly()
+{
+    d->showingQuietly = true;
+    show();
+    d->showingQuietly = false;
 }
 
 } // namespace Utils

@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "documentbench.h"
+
+#include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
+
+#include <KTextEditor/Document>
+#include <KTextEditor/Editor>
+#include <KTextEditor/View>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <ctime>
+#include <malloc.h>
+
+double cpuMilliseconds()
+{
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+double heapBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+double median(QVector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.isEmpty() ? 0 : values.at(values.size() / 2);
+}
+
+void settle()
+{
+    for (int i = 0; i < 3; ++i) {
+        QApplication::sendPostedEvents();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QApplication::processEvents();
+    }
+}
+
+QWidget *makePage(int number)
+{
+    auto *page = new QWidget;
+    page->setWindowTitle(QStringLiteral("file%1.v").arg(number));
+    auto *layout = new QVBoxLayout(page);
+    layout->addWidget(new QLabel(page->windowTitle()));
+    layout->addWidget(new QLineEdit(QStringLiteral("module top")));
+    auto *text = new QPlainTextEdit(QStringLiteral("module top(input clk);\nendmodule\n"));
+    layout->addWidget(text);
+    page->setFocusProxy(text);
+    return page;
+}
+
+QWidget *makeEditor(int number)
+{
+    auto *document = KTextEditor::Editor::instance()->createDocument(nullptr);
+    document->setText(QStringLiteral("module top(input clk);\nendmodule\n"));
+    auto *view = document->createView(nullptr);
+    view->setWindowTitle(QStringLiteral("file%1.v").arg(number));
+    QObject::connect(view, &QObject::destroyed, document, &QObject::deleteLater);
+    return view;
+}
+
+Host::Host()
+    : m_window(std::make_unique<QMainWindow>())
+{
+}
+
+Host::~Host() = default;
+
+void Host::show(QWidget *middle)
+{
+    m_window->menuBar()->addMenu(QStringLiteral("File"));
+    m_window->statusBar()->showMessage(QStringLiteral("Ready"));
+    m_window->setCentralWidget(middle);
+    m_window->resize(1200, 800);
+    m_window->show();
+    m_window->activateWindow();
+    for (int i = 0; i < 200 && !m_window->isActiveWindow(); ++i)
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    settle();
+}
+
+AreaHost::AreaHost()
+    : m_area(new Utils::MdiArea)
+{
+    show(m_area);
+}
+
+void AreaHost::open(QWidget *document, int number)
+{
+    auto *window = new Utils::MdiSubWindow;
+    window->setWidget(document);
+    window->setShortTitle(QStringLiteral("file%1.v").arg(number));
+    m_area->addSubWindow(window);
+}
+
+void AreaHost::closeCurrent()
+{
+    m_area->closeCurrent();
+}
+
+StackHost::StackHost()
+    : m_stack(new QStackedWidget)
+{
+    show(m_stack);
+}
+
+void StackHost::open(QWidget *document, int)
+{
+    m_stack->addWidget(document);
+    m_stack->setCurrentWidget(document);
+    document->setFocus();
+}
+
+void StackHost::closeCurrent()
+{
+    if (QWidget *page = m_stack->currentWidget()) {
+        m_stack->removeWidget(page);
+        page->deleteLater();
+    }
+}
+
+double Openings::lastTen(const QVector<double> &values, int upTo)
+{
+    return median(values.mid(upTo - 10, 10));
+}
+
+Openings openMany(Host &host, const std::function<QWidget *(int)> &make, int count)
+{
+    Openings result;
+    for (int i = 0; i < count; ++i) {
+        const double heap = heapBytes();
+        const double begin = cpuMilliseconds();
+        QWidget *document = make(i);
+        const double made = cpuMilliseconds();
+        host.open(document, i);
+        settle();
+        const double end = cpuMilliseconds();
+        result.own.append(end - made);
+        result.whole.append(end - begin);
+        result.bytes.append(heapBytes() - heap);
+    }
+    return result;
+}

@@ -1,0 +1,385 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "documenttabbar_p.h"
+
+#include <utils/mdisubwindow.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QIcon>
+#include <QPaintEvent>
+#include <QStyleOptionTab>
+#include <QStylePainter>
+#include <QToolButton>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace Utils {
+
+namespace {
+constexpr int maximumTitleChars = 32;
+
+QString textOfTab(const QString &title, bool modified)
+{
+    QString text = title;
+    text.replace(QLatin1Char('&'), QLatin1String("&&"));
+    if (modified)
+        text += QLatin1Char('*');
+    return text;
+}
+} // namespace
+
+DocumentTabBar::DocumentTabBar(QWidget *parent)
+    : QTabBar(parent)
+{
+    setObjectName(QStringLiteral("documentTabBar"));
+    setAccessibleName(tr("Open documents"));
+    setDocumentMode(true);
+    setDrawBase(true);
+    setExpanding(false);
+    setElideMode(Qt::ElideRight);
+    setUsesScrollButtons(true);
+    setMouseTracking(true);
+    connect(this, &QTabBar::currentChanged, this, &DocumentTabBar::onCurrentChanged);
+    connect(this, &QTabBar::tabMoved, this, &DocumentTabBar::onTabMoved);
+}
+
+MdiSubWindow *DocumentTabBar::documentAt(int index) const
+{
+    return index >= 0 && index < m_tabs.size() ? m_tabs.at(index).window : nullptr;
+}
+
+int DocumentTabBar::indexOfDocument(const MdiSubWindow *window) const
+{
+    const auto it = std::find_if(m_tabs.cbegin(), m_tabs.cend(),
+                                 [window](const Tab &tab) { return tab.window == window; });
+    return it == m_tabs.cend() ? -1 : static_cast<int>(it - m_tabs.cbegin());
+}
+
+QVector<MdiSubWindow *> DocumentTabBar::documents() const
+{
+    QVector<MdiSubWindow *> windows;
+    windows.reserve(m_tabs.size());
+    for (const Tab &tab : m_tabs)
+        windows.append(tab.window);
+    return windows;
+}
+
+QRect DocumentTabBar::closeButtonRect(int index) const
+{
+    QStyleOptionTab option;
+    initTabOption(&option, index);
+    return style()->subElementRect(QStyle::SE_TabBarTabRightButton, &option, this);
+}
+
+void DocumentTabBar::addDocument(MdiSubWindow *window)
+{
+    m_internal = true;
+    const QString title = window->shortTitle();
+    const bool modified = window->isDocumentModified();
+    // Known before the tab exists: adding it asks for its size.
+    m_tabs.append({window, title, modified, 0});
+    addTab(window->documentIcon(), textOfTab(title, modified));
+    m_internal = false;
+}
+
+void DocumentTabBar::removeDocument(const MdiSubWindow *window)
+{
+    const int index = indexOfDocument(window);
+    if (index < 0)
+        return;
+    m_internal = true;
+    m_tabs.removeAt(index);
+    m_hoveredClose = m_pressedClose = m_pressedMiddle = -1;
+    m_dragging = false;
+    removeTab(index);
+    m_internal = false;
+}
+
+void DocumentTabBar::setCurrentDocument(const MdiSubWindow *window)
+{
+    m_internal = true;
+    setCurrentIndex(indexOfDocument(window));
+    m_internal = false;
+}
+
+void DocumentTabBar::updateDocument(MdiSubWindow *window)
+{
+    const int index = indexOfDocument(window);
+    if (index < 0)
+        return;
+    Tab &tab = m_tabs[index];
+    const QString title = window->shortTitle();
+    const bool modified = window->isDocumentModified();
+    if (title != tab.title || modified != tab.modified) {
+        tab.title = title;
+        tab.modified = modified;
+        tab.width = 0;
+        setTabText(index, textOfTab(title, modified));
+    }
+    const QIcon icon = window->documentIcon();
+    if (icon.cacheKey() != tabIcon(index).cacheKey()) {
+        tab.width = 0;
+        setTabIcon(index, icon);
+    }
+}
+
+QSize DocumentTabBar::tabSizeHint(int index) const
+{
+    // The base asks for every tab on every change of any.
+    const Tab &tab = m_tabs.at(index);
+    if (tab.width == 0) {
+        const QSize hint = QTabBar::tabSizeHint(index);
+        const int button = style()->pixelMetric(QStyle::PM_TabCloseIndicatorWidth, nullptr, this);
+        const int text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
+        const int widest = fontMetrics().averageCharWidth() * maximumTitleChars;
+        tab.width = hint.width() - std::max(0, text - widest) + button + 4;
+        m_height = std::max({m_height, hint.height(),
+            style()->pixelMetric(QStyle::PM_TabCloseIndicatorHeight, nullptr, this) + 8});
+    }
+    return {tab.width, m_height};
+}
+
+QSize DocumentTabBar::minimumTabSizeHint(int index) const
+{
+    return tabSizeHint(index);
+}
+
+void DocumentTabBar::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        m_height = 0;
+        for (Tab &tab : m_tabs)
+            tab.width = 0;
+    }
+    QTabBar::changeEvent(event);
+}
+
+void DocumentTabBar::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const int index = byKey ? currentIndex() : tabAt(event->pos());
+    if (MdiSubWindow *window = documentAt(index)) {
+        const QPoint pos = byKey ? tabRect(index).bottomLeft() : event->pos();
+        Q_EMIT menuRequested(window, mapToGlobal(pos));
+    }
+    event->accept();
+}
+
+bool DocumentTabBar::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        const int index = tabAt(help->pos());
+        if (const MdiSubWindow *window = documentAt(index)) {
+            QString text = window->fullTitle();
+            if (Qt::mightBeRichText(text))
+                text = Qt::convertFromPlainText(text, Qt::WhiteSpaceNoWrap);
+            QToolTip::showText(help->globalPos(), text, this, tabRect(index));
+        } else {
+            QToolTip::hideText();
+        }
+        return true;
+    }
+    return QTabBar::event(event);
+}
+
+void DocumentTabBar::keyPressEvent(QKeyEvent *event)
+{
+    MdiSubWindow *window = documentAt(currentIndex());
+    switch (event->key()) {
+    case Qt::Key_Delete:
+        if (window)
+            Q_EMIT closeRequested(window);
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+    case Qt::Key_Escape:
+        if (window)
+            Q_EMIT documentChosen(window, false);
+        return;
+    default:
+        m_byKey = true;
+        QTabBar::keyPressEvent(event);
+        m_byKey = false;
+    }
+}
+
+void DocumentTabBar::leaveEvent(QEvent *event)
+{
+    setHovered(QPoint(-1, -1));
+    QTabBar::leaveEvent(event);
+}
+
+void DocumentTabBar::mouseMoveEvent(QMouseEvent *event)
+{
+    setHovered(event->pos());
+    if (event->buttons() == Qt::LeftButton && m_pressedClose < 0) {
+        if (!m_dragging && tabAt(m_pressPos) >= 0
+            && (event->pos() - m_pressPos).manhattanLength() > QApplication::startDragDistance())
+            m_dragging = true;
+        if (m_dragging)
+            drag(event->pos());
+    }
+    QTabBar::mouseMoveEvent(event);
+}
+
+void DocumentTabBar::mousePressEvent(QMouseEvent *event)
+{
+    const int index = tabAt(event->pos());
+    m_pressPos = event->pos();
+    m_dragging = false;
+    m_pressedClose = m_pressedMiddle = -1;
+    if (event->button() == Qt::MiddleButton) {
+        m_pressedMiddle = index;
+        event->accept();
+        return;
+    }
+    if (event->button() == Qt::LeftButton && index >= 0) {
+        if (closeButtonRect(index).contains(event->pos())) {
+            m_pressedClose = index;
+            update(tabRect(index));
+            event->accept();
+            return;
+        }
+        if (index == currentIndex())
+            Q_EMIT documentChosen(documentAt(index), false);
+    }
+    QTabBar::mousePressEvent(event);
+}
+
+void DocumentTabBar::mouseReleaseEvent(QMouseEvent *event)
+{
+    const int index = tabAt(event->pos());
+    const int pressedClose = m_pressedClose;
+    const int pressedMiddle = m_pressedMiddle;
+    m_pressedClose = m_pressedMiddle = -1;
+    m_dragging = false;
+    QTabBar::mouseReleaseEvent(event);
+    if (index < 0)
+        return;
+    const bool closeHit = event->button() == Qt::LeftButton && index == pressedClose
+        && closeButtonRect(index).contains(event->pos());
+    const bool middleHit = event->button() == Qt::MiddleButton && index == pressedMiddle;
+    update(tabRect(index));
+    // Last, because closing may show a dialog or destroy this bar.
+    if (closeHit || middleHit)
+        Q_EMIT closeRequested(documentAt(index));
+}
+
+void DocumentTabBar::paintEvent(QPaintEvent *event)
+{
+    QStylePainter painter(this);
+    QStyleOptionTabBarBase base;
+    base.initFrom(this);
+    base.shape = shape();
+    base.documentMode = documentMode();
+    base.tabBarRect = rect();
+    base.selectedTabRect = tabRect(currentIndex());
+    const int overlap = style()->pixelMetric(QStyle::PM_TabBarBaseOverlap, nullptr, this);
+    base.rect = QRect(0, height() - overlap, width(), overlap);
+    if (overlap > 0)
+        painter.drawPrimitive(QStyle::PE_FrameTabBarBase, base);
+    for (int i = 0; i < m_tabs.size(); ++i) {
+        if (i != currentIndex() && tabRect(i).intersects(event->rect()))
+            paintTab(painter, i);
+    }
+    if (currentIndex() >= 0 && tabRect(currentIndex()).intersects(event->rect()))
+        paintTab(painter, currentIndex());
+}
+
+void DocumentTabBar::wheelEvent(QWheelEvent *event)
+{
+    // Scrolls rather than chooses: a stray turn must not change the document.
+    const int delta = event->angleDelta().y() != 0 ? event->angleDelta().y()
+                                                   : event->angleDelta().x();
+    auto *button = findChild<QToolButton *>(delta > 0 ? QStringLiteral("ScrollLeftButton")
+                                                      : QStringLiteral("ScrollRightButton"));
+    if (button && delta != 0 && button->isVisible())
+        button->click();
+    event->accept();
+}
+
+void DocumentTabBar::initTabOption(QStyleOptionTab *option, int index) const
+{
+    initStyleOption(option, index);
+    const int width = style()->pixelMetric(QStyle::PM_TabCloseIndicatorWidth, nullptr, this);
+    const int height = style()->pixelMetric(QStyle::PM_TabCloseIndicatorHeight, nullptr, this);
+    option->rightButtonSize = QSize(width, height);
+    const Tab &tab = m_tabs.at(index);
+    const QRect room = style()->subElementRect(QStyle::SE_TabBarTabText, option, this);
+    // The mark stays in sight where the title is cut.
+    const int mark = tab.modified ? fontMetrics().horizontalAdvance(QLatin1Char('*')) : 0;
+    QString title = fontMetrics().elidedText(tab.title, elideMode(), room.width() - mark);
+    option->text = textOfTab(title, tab.modified);
+}
+
+void DocumentTabBar::paintTab(QPainter &painter, int index) const
+{
+    QStyleOptionTab option;
+    initTabOption(&option, index);
+    style()->drawControl(QStyle::CE_TabBarTab, &option, &painter, this);
+
+    QStyleOption close;
+    close.initFrom(this);
+    close.rect = style()->subElementRect(QStyle::SE_TabBarTabRightButton, &option, this);
+    close.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
+    close.state |= QStyle::State_AutoRaise;
+    if (index == m_pressedClose && index == m_hoveredClose)
+        close.state |= QStyle::State_Sunken;
+    else if (index == m_hoveredClose)
+        close.state |= QStyle::State_Raised;
+    if (index == currentIndex())
+        close.state |= QStyle::State_Selected;
+    style()->drawPrimitive(QStyle::PE_IndicatorTabClose, &close, &painter, this);
+}
+
+void DocumentTabBar::onCurrentChanged(int index)
+{
+    MdiSubWindow *window = documentAt(index);
+    if (!m_internal && window)
+        Q_EMIT documentChosen(window, m_byKey);
+}
+
+void DocumentTabBar::onTabMoved(int from, int to)
+{
+    m_tabs.move(from, to);
+}
+
+void DocumentTabBar::drag(const QPoint &pos)
+{
+    const int index = currentIndex();
+    const int other = tabAt(QPoint(pos.x(), height() / 2));
+    if (other < 0 || other == index)
+        return;
+    // Only when the dragged tab then lies under the mouse, or tabs of different
+    // widths would jump to and fro.
+    const int width = tabRect(index).width();
+    const QRect target = tabRect(other);
+    const bool after = other > index;
+    const int mouse = pos.x();
+    const bool leftward = mouse < target.left() + width;
+    const bool rightward = mouse > target.right() - width;
+    if (layoutDirection() == Qt::LeftToRight ? (after ? rightward : leftward)
+                                             : (after ? leftward : rightward))
+        moveTab(index, other);
+}
+
+void DocumentTabBar::setHovered(const QPoint &pos)
+{
+    int hovered = rect().contains(pos) ? tabAt(pos) : -1;
+    if (hovered >= 0 && !closeButtonRect(hovered).contains(pos))
+        hovered = -1;
+    if (hovered == m_hoveredClose)
+        return;
+    m_hoveredClose = hovered;
+    update();
+}
+
+} // namespace Utils
