@@ -18,13 +18,19 @@ module blinky #(
         button_sync <= {button_sync[0], button_n};
     wire run = button_sync[1];
 
+    // Reset for the first four clocks after configuration.
+    reg [3:0] started = 4'b0000;
+    always @(posedge clk)
+        started <= {started[2:0], 1'b1};
+    wire rst_n = started[3];
+
     // Half a second per level of the blinking LED.
     wire half_second;
     counter #(
         .LIMIT(CLOCK_HZ / 2)
     ) u_half_second (
         .clk    (clk),
-        .rst_n  (1'b1),
+        .rst_n  (rst_n),
         .enable (run),
         .count  (),
         .wrapped(half_second)
@@ -42,7 +48,7 @@ module blinky #(
         .LIMIT(CLOCK_HZ / 256)
     ) u_step (
         .clk    (clk),
-        .rst_n  (1'b1),
+        .rst_n  (rst_n),
         .enable (run),
         .count  (),
         .wrapped(step)

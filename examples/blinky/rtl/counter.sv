@@ -4,8 +4,8 @@
 // Counts from 0 to LIMIT - 1 and starts again; `wrapped` is high for the one
 // cycle that follows the last count.
 module counter #(
-    parameter int unsigned LIMIT = 16,
-    localparam int unsigned WIDTH = (LIMIT > 1) ? $clog2(LIMIT) : 1
+    parameter int LIMIT = 16,
+    parameter int WIDTH = (LIMIT > 1) ? $clog2(LIMIT) : 1
 ) (
     input  logic             clk,
     input  logic             rst_n,

@@ -1,0 +1,15 @@
+# SPDX-FileCopyrightText: 2026 KelmoWare
+# SPDX-License-Identifier: LGPL-2.1-or-later
+#
+# Run by CPack on what is about to be packed: desktops find the entry and the
+# icon where they look for them, a shell finds the program.
+
+set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+foreach(file
+        share/applications/kelmo-fpga-designer.desktop
+        share/icons/hicolor/scalable/apps/kelmo-fpga-designer.svg
+        bin/kelmo-designer)
+    get_filename_component(folder ${root}/usr/${file} DIRECTORY)
+    file(MAKE_DIRECTORY ${folder})
+    file(CREATE_LINK ${CPACK_PACKAGING_INSTALL_PREFIX}/${file} ${root}/usr/${file} SYMBOLIC)
+endforeach()
