@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QHash>
 #include <QKeySequence>
+#include <QList>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
@@ -40,21 +41,35 @@ QString contextOrGlobal(const QString &context)
     return context.isEmpty() ? QString(QLatin1String(Constants::C_GLOBAL)) : context;
 }
 
-// Guarded: a container may be destroyed by anybody, and nothing keeps it from
-// being renamed or from losing its connections before that.
+/// Containers of one kind by id.
+///
+/// Guarded, because anybody may destroy a container, and rename it or take its
+/// connections off before that.
 template<class Container>
-using Containers = QHash<QString, QPointer<Container>>;
-
-template<class Container>
-void forgetDestroyed(Containers<Container> &containers)
+class Containers
 {
-    for (auto it = containers.begin(); it != containers.end();) {
-        if (it.value())
-            ++it;
-        else
-            it = containers.erase(it);
+public:
+    [[nodiscard]] Container *value(const QString &id) const
+    {
+        return static_cast<Container *>(m_containers.value(id).data());
     }
-}
+    void insert(const QString &id, Container *container) { m_containers.insert(id, container); }
+    [[nodiscard]] QList<QPointer<QObject>> all() const { return m_containers.values(); }
+    /// Forgets @p destroyed, which is not a Container any more, and what was
+    /// destroyed without saying so.
+    void forget(const QObject *destroyed)
+    {
+        for (auto it = m_containers.begin(); it != m_containers.end();) {
+            if (!it.value() || it.value() == destroyed)
+                it = m_containers.erase(it);
+            else
+                ++it;
+        }
+    }
+
+private:
+    QHash<QString, QPointer<QObject>> m_containers;
+};
 
 } // namespace
 
@@ -209,10 +224,10 @@ void ActionManager::setToolbarIconSize(int size)
         return;
     s_instance->d->iconSize = size;
     // A copy: what follows the size of a tool bar may create or delete others.
-    const Containers<QToolBar> toolBars = s_instance->d->toolBars;
-    for (const QPointer<QToolBar> &bar : toolBars) {
+    const QList<QPointer<QObject>> toolBars = s_instance->d->toolBars.all();
+    for (const QPointer<QObject> &bar : toolBars) {
         if (bar)
-            bar->setIconSize(QSize(size, size));
+            static_cast<QToolBar *>(bar.data())->setIconSize(QSize(size, size));
     }
 }
 
@@ -224,11 +239,12 @@ void ActionManager::setCurrentContexts(const QStringList &contexts)
 
 void ActionManager::onContainerDestory()
 {
-    // The sender is cut down to a QObject by now and may have been renamed: it
-    // says neither what it was nor under which id. Its guard has let go of it.
-    forgetDestroyed(d->menus);
-    forgetDestroyed(d->toolBars);
-    forgetDestroyed(d->menuBars);
+    // The sender is cut down to a QWidget by now and may have been renamed: what
+    // it was, and under which id, is known here only.
+    const QObject *destroyed = sender();
+    d->menus.forget(destroyed);
+    d->toolBars.forget(destroyed);
+    d->menuBars.forget(destroyed);
 }
 
 } // namespace Core
