@@ -176,7 +176,7 @@ void ViewManager::showView(IView *view)
     window->setWidget(view);
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
-    connect(view, &QObject::destroyed, window, [window] { m_instance->onViewLost(window); });
+    connect(view, &QObject::destroyed, m_instance, [window] { m_instance->onViewLost(window); });
     connect(window, &QObject::destroyed, m_instance, &ViewManager::onSubWindowDestroyed);
     d->subWindows.append(window);
     d->mdiArea->addSubWindow(window);

@@ -1,0 +1,799 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/corefixture.h"
+#include "support/messagerecorder.h"
+#include "support/testview.h"
+
+#include <idecore/actions/actionmanager.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/views/viewmanager.h>
+#include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
+
+#include <QAction>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QLabel>
+#include <QMenu>
+#include <QPointer>
+#include <QStatusBar>
+#include <QTest>
+
+#include <memory>
+
+using Core::IView;
+using Core::ViewManager;
+
+namespace {
+
+QAction *fileAction(const QString &text)
+{
+    const QList<QAction *> actions =
+        Core::ActionManager::menu(QStringLiteral("Core.Menu.File"))->actions();
+    for (QAction *action : actions) {
+        if (action->text().startsWith(text))
+            return action;
+    }
+    return nullptr;
+}
+
+QAction *closeAction()
+{
+    return fileAction(QStringLiteral("&Close"));
+}
+
+QAction *closeAllAction()
+{
+    return fileAction(QStringLiteral("Close All"));
+}
+
+Utils::MdiArea *area()
+{
+    return ViewManager::mainWindow()->documentArea();
+}
+
+Utils::MdiSubWindow *windowOf(const IView *view)
+{
+    const QList<Utils::MdiSubWindow *> windows = area()->subWindows();
+    for (Utils::MdiSubWindow *window : windows) {
+        if (window->widget() == view)
+            return window;
+    }
+    return nullptr;
+}
+
+TestView *show(const char *title, QStringList *journal = nullptr)
+{
+    auto *view = new TestView(QString::fromUtf8(title), journal);
+    ViewManager::showView(view);
+    return view;
+}
+
+QByteArray pixels(const QIcon &icon)
+{
+    const QImage image = icon.pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32);
+    return QByteArray(reinterpret_cast<const char *>(image.constBits()),
+                      static_cast<int>(image.sizeInBytes()));
+}
+
+} // namespace
+
+class TestDocumentViews final : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void fileMenu();
+    void windowMenu();
+    void panelsMenuBelongsToTheMainWindow();
+    void closeIsDisabledWithoutViews();
+
+    void dialogParentIsTheMainWindow();
+    void dialogParentIsTheModalWidget();
+    void raiseWindowBringsTheMainWindowBack();
+    void raiseWindowActivatesAnyOtherWindow();
+    void raiseWindowOfNothing();
+
+    void showingAViewMakesItCurrent();
+    void subWindowHoldsTheViewWithItsTitle();
+    void titleFollowsTheView();
+    void showingAViewAgainBringsItForward();
+    void showingTheCurrentViewAgainActivatesItAgain();
+    void viewWithoutAnIconGetsTheLogo();
+    void viewWithAnIconKeepsIt();
+    void showNothingIsAnAssertion();
+
+    void closeViewClosesAndDestroys();
+    void closeViewReports();
+    void closeViewMakesTheViewCurrentFirst();
+    void closeViewRefused();
+    void closeViewThatIsNotShown();
+    void closeNothingIsAnAssertion();
+
+    void removeViewDoesNotAsk();
+    void removeViewNeitherReportsNorUpdates();
+    void removeViewThatIsNotShown();
+    void removeNothingIsAnAssertion();
+
+    void closeAllViewsGoesFromTheMostRecent();
+    void closeAllViewsStopsAtARefusal();
+    void closeAllViewsSkipsThoseKeptOpen();
+    void closeAllViewsWithoutViews();
+    void closeAllViewsWhileMinimised();
+    void closeAllCommandGoesInOrderOfShowing();
+    void closeAllCommandMakesEachViewCurrentFirst();
+    void closeAllCommandDoesNotStopAtARefusal();
+    void closeAllCommandClosesThoseKeptOpen();
+    void closeCommandClosesTheCurrentView();
+    void closeCommandWithoutAViewIsAnAssertion();
+
+    void changeOfTheCurrentViewTellsOldThenNew();
+    void actionsAreUpToDateWhenTheChangeIsReported();
+    void currentViewIsNullAfterTheLastOne();
+    void windowWithoutAViewIsNoCurrentView();
+    void closeNamesTheCurrentView();
+    void closeTakesANewTitleWithTheNextUpdate();
+    void closeAllIsEnabledWhileThereAreViews();
+    void closedViewStillExistsWhenReported();
+
+    void statusMessages();
+    void extensionsInitializedShowsTheMainWindowLater();
+    void destroyedWithItsViews();
+    void logLines();
+
+private:
+    std::unique_ptr<CoreFixture> m_core;
+};
+
+void TestDocumentViews::init()
+{
+    m_core = std::make_unique<CoreFixture>();
+}
+
+void TestDocumentViews::cleanup()
+{
+    m_core.reset();
+}
+
+void TestDocumentViews::fileMenu()
+{
+    const QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.File"));
+
+    QCOMPARE(menuEntries(menu),
+             texts({"&New...", "&Open...", "--", "--", "&Save", "Save &As...", "Save All", "--",
+                    "--", "&Close", "Close All", "--", "--", "&Print...", "--", "> Recent Files",
+                    "--", "&Exit"}));
+    const QList<QAction *> actions = menu->actions();
+    QCOMPARE(actions.at(8), Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.F")));
+    QCOMPARE(actions.at(11),
+             Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.B")));
+    QCOMPARE(actions.at(12),
+             Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Print.F")));
+}
+
+void TestDocumentViews::windowMenu()
+{
+    QCOMPARE(menuEntries(Core::ActionManager::menu(QStringLiteral("Core.Menu.Window"))),
+             texts({"[ ] &Full Screen", "--", "Tile", "Cascade", "--", "Reset Layout", "--",
+                    "> Panels", "--"}));
+}
+
+void TestDocumentViews::panelsMenuBelongsToTheMainWindow()
+{
+    const QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.Window"));
+
+    const QMenu *panels = menu->actions().at(7)->menu();
+
+    QCOMPARE(panels->parent(), ViewManager::mainWindow());
+}
+
+void TestDocumentViews::closeIsDisabledWithoutViews()
+{
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close"));
+    QVERIFY(!closeAction()->isEnabled());
+    QVERIFY(!closeAllAction()->isEnabled());
+    QCOMPARE(closeAction()->parent(), ViewManager::instance());
+    QCOMPARE(closeAllAction()->parent(), ViewManager::instance());
+    QVERIFY(!ViewManager::currentView());
+}
+
+void TestDocumentViews::dialogParentIsTheMainWindow()
+{
+    QCOMPARE(ViewManager::dialogParent(), ViewManager::mainWindow());
+}
+
+void TestDocumentViews::dialogParentIsTheModalWidget()
+{
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+
+    QCOMPARE(ViewManager::dialogParent(), &dialog);
+}
+
+void TestDocumentViews::raiseWindowBringsTheMainWindowBack()
+{
+    m_core->show();
+    QWidget *window = ViewManager::mainWindow();
+    window->setWindowState(Qt::WindowMinimized);
+
+    ViewManager::raiseWindow(area());
+
+    QVERIFY(!window->isMinimized());
+}
+
+void TestDocumentViews::raiseWindowActivatesAnyOtherWindow()
+{
+    m_core->show();
+    QWidget other;
+    auto *child = new QWidget(&other);
+    other.show();
+    ViewManager::mainWindow()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(ViewManager::mainWindow()));
+
+    ViewManager::raiseWindow(child);
+
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+}
+
+void TestDocumentViews::raiseWindowOfNothing()
+{
+    MessageRecorder log;
+
+    ViewManager::raiseWindow(nullptr);
+
+    QVERIFY(log.messages().isEmpty());
+}
+
+void TestDocumentViews::showingAViewMakesItCurrent()
+{
+    TestView *first = show("first");
+    TestView *second = show("second");
+
+    QCOMPARE(ViewManager::currentView(), second);
+    QCOMPARE(area()->currentWindow()->widget(), second);
+    QCOMPARE(first->activated, 1);
+    QCOMPARE(first->deactivated, 1);
+    QCOMPARE(second->activated, 1);
+    QCOMPARE(second->deactivated, 0);
+}
+
+void TestDocumentViews::subWindowHoldsTheViewWithItsTitle()
+{
+    TestView *view = show("top.v");
+
+    QCOMPARE(area()->subWindows().size(), 1);
+    QCOMPARE(area()->subWindows().constFirst()->widget(), view);
+    QCOMPARE(area()->subWindows().constFirst()->shortTitle(), QStringLiteral("top.v"));
+}
+
+void TestDocumentViews::titleFollowsTheView()
+{
+    TestView *view = show("top.v");
+
+    view->setShortTitle(QStringLiteral("new.v"));
+
+    QCOMPARE(windowOf(view)->shortTitle(), QStringLiteral("new.v"));
+}
+
+void TestDocumentViews::showingAViewAgainBringsItForward()
+{
+    TestView *first = show("first");
+    show("second");
+
+    ViewManager::showView(first);
+
+    QCOMPARE(area()->subWindows().size(), 2);
+    QCOMPARE(ViewManager::currentView(), first);
+}
+
+void TestDocumentViews::showingTheCurrentViewAgainActivatesItAgain()
+{
+    QStringList journal;
+    TestView *view = show("view", &journal);
+    QList<IView *> reported;
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
+            [&reported](IView *current) { reported.append(current); });
+    journal.clear();
+
+    ViewManager::showView(view);
+
+    QCOMPARE(journal, texts({"view deactivated", "view activated"}));
+    QCOMPARE(reported, QList<IView *>{view});
+}
+
+void TestDocumentViews::viewWithoutAnIconGetsTheLogo()
+{
+    TestView *view = show("view");
+
+    QVERIFY(!view->windowIcon().isNull());
+    QCOMPARE(pixels(view->windowIcon()),
+             pixels(QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png"))));
+}
+
+void TestDocumentViews::viewWithAnIconKeepsIt()
+{
+    QPixmap red(32, 32);
+    red.fill(Qt::red);
+    auto *view = new TestView(QStringLiteral("view"));
+    view->setWindowIcon(QIcon(red));
+
+    ViewManager::showView(view);
+
+    QCOMPARE(pixels(view->windowIcon()), pixels(QIcon(red)));
+}
+
+void TestDocumentViews::showNothingIsAnAssertion()
+{
+    MessageRecorder log;
+
+    ViewManager::showView(nullptr);
+
+    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
+    QCOMPARE(log.messages().size(), 1);
+    QVERIFY(area()->subWindows().isEmpty());
+}
+
+void TestDocumentViews::closeViewClosesAndDestroys()
+{
+    const QPointer<TestView> view = show("view");
+
+    QVERIFY(ViewManager::closeView(view));
+
+    QVERIFY(area()->subWindows().isEmpty());
+    QTRY_VERIFY(!view);
+}
+
+void TestDocumentViews::closeViewReports()
+{
+    TestView *view = show("view");
+    QList<IView *> closed;
+    connect(ViewManager::instance(), &ViewManager::viewClosed, this,
+            [&closed](IView *gone) { closed.append(gone); });
+
+    ViewManager::closeView(view);
+
+    QCOMPARE(closed, QList<IView *>{view});
+}
+
+void TestDocumentViews::closeViewMakesTheViewCurrentFirst()
+{
+    QStringList journal;
+    TestView *first = show("first", &journal);
+    show("second", &journal);
+    journal.clear();
+
+    ViewManager::closeView(first);
+
+    QCOMPARE(journal.mid(0, 3), texts({"second deactivated", "first activated", "first asked"}));
+}
+
+void TestDocumentViews::closeViewRefused()
+{
+    TestView *view = show("view");
+    view->refuseClose = true;
+    int closed = 0;
+    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&closed] { ++closed; });
+
+    QVERIFY(!ViewManager::closeView(view));
+
+    QCOMPARE(closed, 0);
+    QCOMPARE(ViewManager::currentView(), view);
+    QCOMPARE(area()->subWindows().size(), 1);
+    QVERIFY(closeAction()->isEnabled());
+    QVERIFY(closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::closeViewThatIsNotShown()
+{
+    TestView view(QStringLiteral("view"));
+    MessageRecorder log;
+
+    QVERIFY(!ViewManager::closeView(&view));
+
+    QCOMPARE(view.asked, 0);
+    QVERIFY(log.lines(QtCriticalMsg).isEmpty());
+}
+
+void TestDocumentViews::closeNothingIsAnAssertion()
+{
+    MessageRecorder log;
+
+    QVERIFY(!ViewManager::closeView(nullptr));
+
+    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
+    QCOMPARE(log.messages().size(), 1);
+}
+
+void TestDocumentViews::removeViewDoesNotAsk()
+{
+    QStringList journal;
+    const QPointer<TestView> view = show("view", &journal);
+    view->refuseClose = true;
+
+    ViewManager::removeView(view);
+
+    QVERIFY(!journal.contains(QStringLiteral("view asked")));
+    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(view); // destroyed later, not in the call
+    QTRY_VERIFY(!view);
+}
+
+void TestDocumentViews::removeViewNeitherReportsNorUpdates()
+{
+    TestView *view = show("view");
+    int closed = 0;
+    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&closed] { ++closed; });
+
+    ViewManager::removeView(view);
+    const bool enabledAfterRemoving = closeAllAction()->isEnabled();
+    ViewManager::updateActions();
+
+    QVERIFY(enabledAfterRemoving);
+    QVERIFY(!closeAllAction()->isEnabled());
+    QCOMPARE(closed, 0);
+}
+
+void TestDocumentViews::removeViewThatIsNotShown()
+{
+    TestView *shown = show("shown");
+    TestView other(QStringLiteral("other"));
+    MessageRecorder log;
+
+    ViewManager::removeView(&other);
+
+    QCOMPARE(ViewManager::currentView(), shown);
+    QCOMPARE(log.lines(QtDebugMsg), QStringList{QStringLiteral("force remove view: ")
+                                                + logged(static_cast<IView *>(&other))});
+}
+
+void TestDocumentViews::removeNothingIsAnAssertion()
+{
+    MessageRecorder log;
+
+    ViewManager::removeView(nullptr);
+
+    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
+    QCOMPARE(log.messages().size(), 1);
+}
+
+void TestDocumentViews::closeAllViewsGoesFromTheMostRecent()
+{
+    QStringList journal;
+    TestView *first = show("first", &journal);
+    show("second", &journal);
+    show("third", &journal);
+    ViewManager::showView(first);
+
+    QVERIFY(ViewManager::closeAllViews());
+
+    QCOMPARE(journal.filter(QStringLiteral("asked")),
+             texts({"first asked", "third asked", "second asked"}));
+    QVERIFY(area()->subWindows().isEmpty());
+}
+
+void TestDocumentViews::closeAllViewsStopsAtARefusal()
+{
+    QStringList journal;
+    TestView *first = show("first", &journal);
+    TestView *second = show("second", &journal);
+    show("third", &journal);
+    second->refuseClose = true;
+
+    QVERIFY(!ViewManager::closeAllViews());
+
+    QCOMPARE(journal.filter(QStringLiteral("asked")), texts({"third asked", "second asked"}));
+    QVERIFY(windowOf(first));
+    QVERIFY(windowOf(second));
+    QCOMPARE(area()->subWindows().size(), 2);
+}
+
+void TestDocumentViews::closeAllViewsSkipsThoseKeptOpen()
+{
+    TestView *first = show("first");
+    TestView *kept = show("kept");
+    show("third");
+    kept->keepOpen = true;
+    Q_UNUSED(first)
+
+    QVERIFY(ViewManager::closeAllViews());
+
+    QCOMPARE(kept->asked, 0);
+    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(kept)});
+}
+
+void TestDocumentViews::closeAllViewsWithoutViews()
+{
+    MessageRecorder log;
+
+    QVERIFY(ViewManager::closeAllViews());
+
+    QCOMPARE(log.lines(QtDebugMsg), texts({"closing all views"}));
+}
+
+void TestDocumentViews::closeAllViewsWhileMinimised()
+{
+    m_core->show();
+    TestView *kept = show("kept");
+    kept->keepOpen = true;
+    show("second");
+    ViewManager::mainWindow()->showMinimized();
+    QTRY_VERIFY(ViewManager::mainWindow()->isMinimized());
+
+    QVERIFY(ViewManager::closeAllViews());
+
+    QCOMPARE(ViewManager::currentView(), kept);
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"kept\""));
+}
+
+void TestDocumentViews::closeAllCommandGoesInOrderOfShowing()
+{
+    QStringList journal;
+    TestView *first = show("first", &journal);
+    show("second", &journal);
+    show("third", &journal);
+    ViewManager::showView(first);
+
+    closeAllAction()->trigger();
+
+    QCOMPARE(journal.filter(QStringLiteral("asked")),
+             texts({"first asked", "second asked", "third asked"}));
+    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(!closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::closeAllCommandMakesEachViewCurrentFirst()
+{
+    QStringList journal;
+    TestView *first = show("first", &journal);
+    TestView *second = show("second", &journal);
+    first->refuseClose = true;
+    second->refuseClose = true;
+    journal.clear();
+
+    closeAllAction()->trigger();
+
+    QCOMPARE(journal,
+             texts({"second deactivated", "first activated", "first asked", "first deactivated",
+                    "second activated", "second asked"}));
+}
+
+void TestDocumentViews::closeAllCommandDoesNotStopAtARefusal()
+{
+    TestView *first = show("first");
+    show("second");
+    first->refuseClose = true;
+
+    closeAllAction()->trigger();
+
+    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
+    QVERIFY(closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::closeAllCommandClosesThoseKeptOpen()
+{
+    show("kept")->keepOpen = true;
+
+    closeAllAction()->trigger();
+
+    QVERIFY(area()->subWindows().isEmpty());
+}
+
+void TestDocumentViews::closeCommandClosesTheCurrentView()
+{
+    TestView *first = show("first");
+    show("second");
+
+    closeAction()->trigger();
+
+    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
+    QCOMPARE(ViewManager::currentView(), first);
+}
+
+void TestDocumentViews::closeCommandWithoutAViewIsAnAssertion()
+{
+    MessageRecorder log;
+
+    ViewManager::instance()->onActClose();
+
+    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
+}
+
+void TestDocumentViews::changeOfTheCurrentViewTellsOldThenNew()
+{
+    QStringList journal;
+    TestView *first = show("first", &journal);
+    show("second", &journal);
+    journal.clear();
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
+            [&journal](IView *view) { journal.append(view->shortTitle() + QStringLiteral(" told")); });
+
+    ViewManager::showView(first);
+
+    QCOMPARE(journal, texts({"second deactivated", "first activated", "first told"}));
+}
+
+void TestDocumentViews::actionsAreUpToDateWhenTheChangeIsReported()
+{
+    QStringList seen;
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
+            [&seen] { seen.append(closeAction()->text()); });
+
+    show("first");
+    show("second");
+
+    QCOMPARE(seen, texts({"&Close \"first\"", "&Close \"second\""}));
+}
+
+void TestDocumentViews::currentViewIsNullAfterTheLastOne()
+{
+    TestView *view = show("view");
+    QList<IView *> reported;
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
+            [&reported](IView *current) { reported.append(current); });
+
+    ViewManager::closeView(view);
+
+    QTRY_COMPARE(reported.size(), 2); // current for closing, then none
+    QCOMPARE(reported.at(1), nullptr);
+    QCOMPARE(ViewManager::currentView(), nullptr);
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close"));
+    QVERIFY(!closeAction()->isEnabled());
+    QVERIFY(!closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::windowWithoutAViewIsNoCurrentView()
+{
+    TestView *view = show("view");
+    auto *foreign = new Utils::MdiSubWindow;
+    foreign->setWidget(new QLabel);
+    MessageRecorder log;
+
+    area()->addSubWindow(foreign);
+
+    QCOMPARE(ViewManager::currentView(), nullptr);
+    QCOMPARE(view->deactivated, 1);
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("current view:")),
+             texts({"current view: 0x0"}));
+    QVERIFY(!closeAction()->isEnabled());
+    QVERIFY(closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::closeNamesTheCurrentView()
+{
+    TestView *first = show("first");
+    show("second");
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"second\""));
+
+    ViewManager::showView(first);
+
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"first\""));
+    QVERIFY(closeAction()->isEnabled());
+}
+
+void TestDocumentViews::closeTakesANewTitleWithTheNextUpdate()
+{
+    TestView *view = show("old %1");
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"old %1\""));
+
+    view->setShortTitle(QStringLiteral("new"));
+    ViewManager::updateActions();
+
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"new\""));
+}
+
+void TestDocumentViews::closeAllIsEnabledWhileThereAreViews()
+{
+    TestView *first = show("first");
+    TestView *second = show("second");
+    QVERIFY(closeAllAction()->isEnabled());
+
+    ViewManager::closeView(first);
+    QVERIFY(closeAllAction()->isEnabled());
+
+    ViewManager::closeView(second);
+    QVERIFY(!closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::closedViewStillExistsWhenReported()
+{
+    const QPointer<TestView> view = show("view");
+    QString title;
+    bool closeAllEnabled = true;
+    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&](IView *gone) {
+        title = gone->shortTitle();
+        closeAllEnabled = closeAllAction()->isEnabled();
+    });
+
+    ViewManager::closeView(view);
+
+    QCOMPARE(title, QStringLiteral("view"));
+    QVERIFY(!closeAllEnabled);
+}
+
+void TestDocumentViews::statusMessages()
+{
+    QStatusBar *bar = ViewManager::mainWindow()->statusBar();
+    const auto *label = bar->findChild<QLabel *>() ? bar->findChild<QLabel *>()
+                                                   : ViewManager::mainWindow()->findChild<QLabel *>();
+    QVERIFY(label);
+
+    ViewManager::showTempStatusMessage(QStringLiteral("for a while"), 0);
+    QCOMPARE(bar->currentMessage(), QStringLiteral("for a while"));
+    ViewManager::showNormalStatusMessage(QStringLiteral("not shown"));
+    QCOMPARE(bar->currentMessage(), QStringLiteral("for a while"));
+    ViewManager::clearNormalStatusMessage();
+    QCOMPARE(bar->currentMessage(), QStringLiteral("for a while"));
+    ViewManager::clearTempStatusMessage();
+    QCOMPARE(bar->currentMessage(), QString());
+    ViewManager::showTempStatusMessage(QStringLiteral("short"), 1);
+    QTRY_COMPARE(bar->currentMessage(), QString());
+
+    ViewManager::showPermanentStatusMessage(QStringLiteral("always"));
+    QCOMPARE(label->text(), QStringLiteral("always"));
+    ViewManager::clearPermanentStatusMessage();
+    QCOMPARE(label->text(), QString());
+}
+
+void TestDocumentViews::extensionsInitializedShowsTheMainWindowLater()
+{
+    const QWidget *window = ViewManager::mainWindow();
+    QElapsedTimer timer;
+    timer.start();
+
+    ViewManager::instance()->extensionsInitialized();
+
+    QVERIFY(!window->isVisible());
+    QTRY_VERIFY(window->isVisible());
+    QVERIFY(timer.elapsed() >= 950); // a coarse timer may be 5 % early
+}
+
+void TestDocumentViews::destroyedWithItsViews()
+{
+    const QPointer<TestView> first = show("first");
+    const QPointer<TestView> second = show("second");
+    second->refuseClose = true;
+    const QPointer<QWidget> window = ViewManager::mainWindow();
+
+    m_core->shutdown();
+
+    QVERIFY(!first);
+    QVERIFY(!second);
+    QVERIFY(!window);
+    QVERIFY(!ViewManager::instance());
+}
+
+void TestDocumentViews::logLines()
+{
+    auto *view = new TestView(QStringLiteral("top"));
+    const QString name = logged(static_cast<IView *>(view));
+    auto *removed = new TestView(QStringLiteral("removed"));
+    const QString removedName = logged(static_cast<IView *>(removed));
+    MessageRecorder log;
+
+    ViewManager::showView(view);
+    ViewManager::closeView(view);
+    ViewManager::showView(removed);
+    ViewManager::removeView(removed);
+
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("show view:")),
+             (QStringList{QStringLiteral("show view: ") + name,
+                          QStringLiteral("show view: ") + removedName}));
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("current view:")).constFirst(),
+             QStringLiteral("current view: %1 \"top\"").arg(name));
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("closing view:")),
+             QStringList{QStringLiteral("closing view: ") + name});
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("view closed:")),
+             QStringList{QStringLiteral("view closed: %1 \"top\"").arg(name)});
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("force remove view:")),
+             QStringList{QStringLiteral("force remove view: ") + removedName});
+    QVERIFY(log.lines(QtWarningMsg).isEmpty());
+    QVERIFY(log.lines(QtCriticalMsg).isEmpty());
+}
+
+QTEST_MAIN(TestDocumentViews)
+#include "tst_documentviews.moc"
