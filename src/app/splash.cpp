@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "splash.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+
+Splash::Splash()
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint)
+{
+    // The program ends with its main window, never with this one.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFixedSize(360, 140);
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
+}
+
+void Splash::showMessage(const QString &text)
+{
+    m_message = text;
+    // The event loop does not run yet, and a click here must do nothing.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
+                                    | QEventLoop::ExcludeSocketNotifiers);
+    repaint();
+}
+
+void Splash::paintEvent(QPaintEvent *)
+{
+    const QColor background(0x1f, 0x2a, 0x36);
+    const QColor accent(0x3d, 0xae, 0xe9);
+    QPainter painter(this);
+    painter.fillRect(rect(), background);
+    painter.fillRect(QRect(0, 0, 6, height()), accent);
+    const QRect inner = rect().adjusted(28, 24, -24, -20);
+    QFont title = font();
+    title.setPointSizeF(title.pointSizeF() * 1.6);
+    painter.setFont(title);
+    painter.setPen(Qt::white);
+    painter.drawText(inner, Qt::AlignTop | Qt::AlignLeft,
+                     QCoreApplication::applicationName() + QLatin1Char(' ')
+                         + QCoreApplication::applicationVersion());
+    painter.setFont(font());
+    painter.setPen(QColor(0xc0, 0xc8, 0xd0));
+    painter.drawText(inner, Qt::AlignBottom | Qt::AlignLeft, m_message);
+}
