@@ -10,8 +10,8 @@
 #include <QHelpEvent>
 #include <QIcon>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QStyleOptionTab>
-#include <QStylePainter>
 #include <QToolButton>
 #include <QTextDocument>
 #include <QToolTip>
@@ -40,7 +40,7 @@ DocumentTabBar::DocumentTabBar(QWidget *parent)
     setObjectName(QStringLiteral("documentTabBar"));
     setAccessibleName(tr("Open documents"));
     setDocumentMode(true);
-    setDrawBase(true);
+    setDrawBase(false);
     setExpanding(false);
     setElideMode(Qt::ElideRight);
     setUsesScrollButtons(true);
@@ -275,23 +275,13 @@ void DocumentTabBar::mouseReleaseEvent(QMouseEvent *event)
 
 void DocumentTabBar::paintEvent(QPaintEvent *event)
 {
-    QStylePainter painter(this);
-    QStyleOptionTabBarBase base;
-    base.initFrom(this);
-    base.shape = shape();
-    base.documentMode = documentMode();
-    base.tabBarRect = rect();
-    base.selectedTabRect = tabRect(currentIndex());
-    const int overlap = style()->pixelMetric(QStyle::PM_TabBarBaseOverlap, nullptr, this);
-    base.rect = QRect(0, height() - overlap, width(), overlap);
-    if (overlap > 0)
-        painter.drawPrimitive(QStyle::PE_FrameTabBarBase, base);
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(0, height() - 1, width(), height() - 1);
     for (int i = 0; i < m_tabs.size(); ++i) {
-        if (i != currentIndex() && tabRect(i).intersects(event->rect()))
+        if (tabRect(i).intersects(event->rect()))
             paintTab(painter, i);
     }
-    if (currentIndex() >= 0 && tabRect(currentIndex()).intersects(event->rect()))
-        paintTab(painter, currentIndex());
 }
 
 void DocumentTabBar::wheelEvent(QWheelEvent *event)
@@ -322,20 +312,47 @@ void DocumentTabBar::initTabOption(QStyleOptionTab *option, int index) const
 
 void DocumentTabBar::paintTab(QPainter &painter, int index) const
 {
+    // Flat, in the colours of the palette: a style's own tabs cost more to paint
+    // than the rest of a small document.
     QStyleOptionTab option;
     initTabOption(&option, index);
-    style()->drawControl(QStyle::CE_TabBarTab, &option, &painter, this);
+    const QRect rect = option.rect;
+    const bool isCurrent = index == currentIndex();
+    if (isCurrent) {
+        painter.fillRect(rect, palette().brush(QPalette::Base));
+        painter.fillRect(rect.left(), rect.top(), rect.width(), 2,
+                         palette().brush(hasFocus() ? QPalette::Link : QPalette::Highlight));
+    }
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(rect.right(), rect.top() + (isCurrent ? 0 : 5), rect.right(),
+                     rect.bottom() - (isCurrent ? 0 : 5));
+    if (isCurrent)
+        painter.drawLine(rect.topLeft(), rect.bottomLeft());
+
+    QRect room = style()->subElementRect(QStyle::SE_TabBarTabText, &option, this);
+    if (!option.icon.isNull()) {
+        QRect place(QPoint(), option.iconSize);
+        place.moveCenter(QPoint(rect.left() + 6 + option.iconSize.width() / 2, rect.center().y()));
+        option.icon.paint(&painter, QStyle::visualRect(layoutDirection(), rect, place));
+    }
+    const QPalette::ColorRole role = isCurrent ? QPalette::Text : QPalette::WindowText;
+    style()->drawItemText(&painter, room, Qt::AlignCenter | Qt::TextShowMnemonic, palette(),
+                          isEnabled(), option.text, role);
+    if (isCurrent && hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect = rect.adjusted(3, 4, -3, -3);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    }
 
     QStyleOption close;
     close.initFrom(this);
     close.rect = style()->subElementRect(QStyle::SE_TabBarTabRightButton, &option, this);
     close.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
     close.state |= QStyle::State_AutoRaise;
-    if (index == m_pressedClose && index == m_hoveredClose)
-        close.state |= QStyle::State_Sunken;
-    else if (index == m_hoveredClose)
-        close.state |= QStyle::State_Raised;
-    if (index == currentIndex())
+    if (index == m_hoveredClose)
+        close.state |= index == m_pressedClose ? QStyle::State_Sunken : QStyle::State_Raised;
+    if (isCurrent)
         close.state |= QStyle::State_Selected;
     style()->drawPrimitive(QStyle::PE_IndicatorTabClose, &close, &painter, this);
 }

@@ -62,6 +62,7 @@ void MdiArea::Private::makeCurrent(MdiSubWindow *window, bool keepFocus)
         if (tabbed) {
             // The new one first, so that the focus never has to look for a place.
             fill();
+            window->setDormant(false);
             window->show();
         } else {
             showWindowed(window);
@@ -73,7 +74,7 @@ void MdiArea::Private::makeCurrent(MdiSubWindow *window, bool keepFocus)
         if (!alive || current != window)
             return;
         if (tabbed && previous && previous != window && creation.contains(previous))
-            previous->hide();
+            putToSleep(previous);
         if (focus)
             focus->setFocus();
         else
@@ -90,6 +91,14 @@ void MdiArea::Private::showWindowed(MdiSubWindow *window)
         window->showNormal();
     window->show();
     window->raise();
+}
+
+void MdiArea::Private::putToSleep(MdiSubWindow *window)
+{
+    const QPointer<MdiSubWindow> alive(window);
+    window->hide();
+    if (alive)
+        window->setDormant(true);
 }
 
 void MdiArea::Private::giveFocus(MdiSubWindow *window) const
@@ -143,10 +152,12 @@ void MdiArea::Private::setTabbed(bool on)
         window->setFramed(!on);
         if (window == current)
             continue;
-        if (on)
-            window->hide();
-        else
+        if (on) {
+            putToSleep(window);
+        } else {
+            window->setDormant(false);
             window->showQuietly();
+        }
     }
     if (current) {
         if (on)
@@ -189,6 +200,7 @@ void MdiArea::Private::takeOut(MdiSubWindow *window)
     {
         const QScopedValueRollback<bool> guard(busy, true);
         q->QMdiArea::removeSubWindow(window);
+        window->setDormant(false);
         window->setFramed(true);
     }
     if (wasCurrent)

@@ -65,6 +65,7 @@ public:
     bool busy = false; // activations come from here, not from the user
 
 private:
+    static void putToSleep(MdiSubWindow *window);
     void showWindowed(MdiSubWindow *window);
 };
 

@@ -3,6 +3,8 @@
 
 #include <utils/mdisubwindow.h>
 
+#include "dormantshortcuts_p.h"
+
 #include <QAction>
 #include <QChildEvent>
 #include <QCloseEvent>
@@ -31,6 +33,7 @@ class MdiSubWindow::Private
 public:
     QString shortTitle;
     const QObject *document = nullptr; // only compared, never followed
+    DormantShortcuts shortcuts;
     bool framed = true;
     bool showingQuietly = false;
 };
@@ -196,6 +199,14 @@ void MdiSubWindow::setFramed(bool framed)
     const Qt::WindowStates active = windowState() & Qt::WindowActive;
     overrideWindowState(framed ? active : active | Qt::WindowMaximized);
     takeIcon();
+}
+
+void MdiSubWindow::setDormant(bool dormant)
+{
+    if (dormant)
+        d->shortcuts.putAside(this);
+    else
+        d->shortcuts.putBack();
 }
 
 void MdiSubWindow::takeIcon()

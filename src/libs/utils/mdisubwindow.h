@@ -64,6 +64,7 @@ private:
     void setFramed(bool framed);
     void showQuietly();
     void takeIcon();
+    void setDormant(bool dormant);
 
     class Private;
     const std::unique_ptr<Private> d;
