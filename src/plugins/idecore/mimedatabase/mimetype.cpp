@@ -14,6 +14,32 @@
 
 namespace Core {
 
+QString LocaleComments::value(const QString &locale, const QString &defaultText) const
+{
+    const Entry *entry = find(locale);
+    return entry ? m_texts.mid(entry->begin, entry->size) : defaultText;
+}
+
+void LocaleComments::insert(const QString &locale, const QString &text)
+{
+    m_entries.append({locale, m_texts.size(), text.size()});
+    m_texts += text;
+}
+
+void LocaleComments::clear()
+{
+    m_entries.clear();
+    m_texts.clear();
+}
+
+/// The last one counts: a text that is replaced stays where it is.
+const LocaleComments::Entry *LocaleComments::find(const QString &locale) const
+{
+    const auto entry = std::find_if(m_entries.crbegin(), m_entries.crend(),
+                                    [&locale](const Entry &e) { return e.locale == locale; });
+    return entry == m_entries.crend() ? nullptr : &*entry;
+}
+
 void MimeTypeData::clear()
 {
     type.clear();

@@ -8,16 +8,42 @@
 #include <idecore/mimedatabase/imagicmatcher.h>
 #include <idecore/mimedatabase/mimeglobpattern.h>
 
-#include <QHash>
 #include <QList>
 #include <QSharedData>
 #include <QStringList>
+#include <QVector>
 
 QT_BEGIN_NAMESPACE
 class QTextStream;
 QT_END_NAMESPACE
 
 namespace Core {
+
+/// Texts by locale, packed: definitions carry tens of thousands of them, of which
+/// next to none is ever asked for.
+class IDECORE_EXPORT LocaleComments final
+{
+public:
+    /// @p defaultText where there is none.
+    [[nodiscard]] QString value(const QString &locale, const QString &defaultText) const;
+
+    /// Replaces a text of the same locale.
+    void insert(const QString &locale, const QString &text);
+    void clear();
+
+private:
+    struct Entry
+    {
+        QString locale;
+        int begin;
+        int size;
+    };
+
+    const Entry *find(const QString &locale) const;
+
+    QVector<Entry> m_entries;
+    QString m_texts;
+};
 
 /// The shared record of a MimeType.
 class IDECORE_EXPORT MimeTypeData : public QSharedData
@@ -29,7 +55,7 @@ public:
 
     QString type;
     QString comment;
-    QHash<QString, QString> localeComments;
+    LocaleComments localeComments;
     QStringList aliases;
     QList<MimeGlobPattern> globPatterns;
     QStringList subClassesOf;

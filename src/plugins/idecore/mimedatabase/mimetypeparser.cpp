@@ -10,8 +10,12 @@
 
 #include <QCoreApplication>
 #include <QIODevice>
+#include <QStringList>
+#include <QVarLengthArray>
 #include <QXmlStreamReader>
 #include <QtDebug>
+
+#include <algorithm>
 
 namespace Core {
 namespace Internal {
@@ -29,14 +33,84 @@ QString notANumber(const QString &text)
     return QStringLiteral("Not a number '%1'.").arg(text);
 }
 
-/// The catalogue is asked with Latin-1 text; where it knows nothing, the
-/// original stays, which Latin-1 may not be able to express.
-QString translated(const QString &comment)
+/// Puts the catalogue's text in place of @p comment. It is asked with Latin-1
+/// text; where it knows nothing, the original stays, which Latin-1 may not be
+/// able to express.
+void translate(QString &comment)
 {
-    const QByteArray source = comment.toLatin1();
+    QVarLengthArray<char, 256> source(comment.size() + 1);
+    bool isAscii = true;
+    for (int i = 0; i < comment.size(); ++i) {
+        const ushort unit = qAsConst(comment).at(i).unicode();
+        source[i] = unit <= 0xff ? char(unit) : '?';
+        isAscii = isAscii && (unit < 0x80 || unit > 0xff);
+    }
+    source[comment.size()] = '\0';
     const QString text = QCoreApplication::translate("MimeType", source.constData());
-    return text == QString::fromUtf8(source) ? comment : text;
+    // An answer that says what was asked is none.
+    const bool known = isAscii ? text != QLatin1String(source.constData(), comment.size())
+                               : text != QString::fromUtf8(source.constData());
+    if (known)
+        comment = text;
 }
+
+/// Empty when the current element does not have it. Nothing keeps the reader's
+/// attributes: they would be copied at its next step.
+QString attribute(const QXmlStreamReader &reader, const char *name)
+{
+    return reader.attributes().value(QLatin1String(name)).toString();
+}
+
+/// Reads the text up to the end of the element, which must not hold other
+/// elements, into @p text and its memory. The reader's own function takes new
+/// memory each time.
+void readElementText(QXmlStreamReader &reader, QString &text)
+{
+    text.resize(0);
+    for (;;) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::Characters:
+        case QXmlStreamReader::EntityReference:
+            text += reader.text();
+            break;
+        case QXmlStreamReader::Comment:
+        case QXmlStreamReader::ProcessingInstruction:
+            break;
+        case QXmlStreamReader::EndElement:
+            return;
+        default:
+            if (!reader.hasError())
+                reader.raiseError(QStringLiteral("Expected character data."));
+            return;
+        }
+    }
+}
+
+/// Hands out one string for all the times the same text is met: there are
+/// thousands of comments, in few languages.
+class StringPool
+{
+public:
+    QString shared(const QStringRef &text)
+    {
+        constexpr int mostStrings = 128;
+        // Mostly in the same order in each type.
+        for (int tries = 0; tries < m_strings.size(); ++tries) {
+            m_next = m_next + 1 < m_strings.size() ? m_next + 1 : 0;
+            if (m_strings.at(m_next) == text)
+                return m_strings.at(m_next);
+        }
+        if (m_strings.size() == mostStrings)
+            return text.toString();
+        m_strings.append(text.toString());
+        m_next = m_strings.size() - 1;
+        return m_strings.constLast();
+    }
+
+private:
+    QStringList m_strings;
+    int m_next = 0;
+};
 
 } // namespace
 
@@ -87,91 +161,41 @@ BaseMimeTypeParser::ParseStage BaseMimeTypeParser::nextStage(ParseStage current,
     return ParseError;
 }
 
+/// What one run of parse() has come to.
+struct BaseMimeTypeParser::Run
+{
+    QXmlStreamReader reader;
+    ParseStage stage = ParseBeginning;
+    /// How many elements are open.
+    int depth = 0;
+    MimeTypeData data;
+    /// Null outside a magic element.
+    MagicRuleMatcherPtr ruleMatcher;
+    StringPool locales;
+    /// Memory for the text of an element.
+    QString text;
+};
+
 bool BaseMimeTypeParser::parse(QIODevice *device, const QString &fileName, QString *errorMessage)
 {
-    const QString typeAttribute = QStringLiteral("type");
-    MimeTypeData data;
-    MagicRuleMatcherPtr ruleMatcher;
-    ParseStage stage = ParseBeginning;
-    QXmlStreamReader reader(device);
+    Run run;
+    run.text.reserve(256);
+    QXmlStreamReader &reader = run.reader;
+    reader.setDevice(device);
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
-        case QXmlStreamReader::StartElement: {
-            stage = nextStage(stage, reader.name());
-            const QXmlStreamAttributes attributes = reader.attributes();
-            switch (stage) {
-            case ParseMimeType: {
-                const QStringRef type = attributes.value(typeAttribute);
-                if (type.isEmpty())
-                    reader.raiseError(QStringLiteral("Missing 'type'-attribute"));
-                else
-                    data.type = type.toString();
-                break;
-            }
-            case ParseComment: {
-                const QString locale = attributes.value(QLatin1String("xml:lang")).toString();
-                const QString comment = translated(reader.readElementText());
-                if (locale.isEmpty())
-                    data.comment = comment;
-                else
-                    data.localeComments.insert(locale, comment);
-                break;
-            }
-            case ParseGlobPattern:
-                addGlobPattern(attributes.value(QLatin1String("pattern")).toString(),
-                               attributes.value(QLatin1String("weight")).toString(), &data);
-                break;
-            case ParseSubClass: {
-                const QString parent = attributes.value(typeAttribute).toString();
-                if (!parent.isEmpty())
-                    data.subClassesOf.append(parent);
-                break;
-            }
-            case ParseAlias: {
-                const QString alias = attributes.value(typeAttribute).toString();
-                if (!alias.isEmpty())
-                    data.aliases.append(alias);
-                break;
-            }
-            case ParseMagic: {
-                int priority = 0;
-                if (attributes.hasAttribute(QLatin1String("priority"))) {
-                    const QString text = attributes.value(QLatin1String("priority")).toString();
-                    bool ok = false;
-                    priority = text.toInt(&ok);
-                    if (!ok) {
-                        setMessage(errorMessage, notANumber(text));
-                        return false;
-                    }
-                }
-                ruleMatcher = MagicRuleMatcherPtr::create();
-                ruleMatcher->setPriority(priority);
-                break;
-            }
-            case ParseMagicMatchRule:
-                if (!addMagicMatchRule(attributes, ruleMatcher, errorMessage))
-                    return false;
-                break;
-            case ParseError:
-                reader.raiseError(
-                    QStringLiteral("Unexpected element <%1>").arg(reader.name()));
-                break;
-            case ParseBeginning:
-            case ParseMimeInfo:
-            case ParseOtherMimeTypeSubTag:
-                break;
-            }
+        case QXmlStreamReader::StartElement:
+            if (!startElement(run, errorMessage))
+                return false;
             break;
-        }
         case QXmlStreamReader::EndElement:
-            if (reader.name() == QLatin1String("mime-type")) {
-                if (!process(MimeType(data), errorMessage))
-                    return false;
-                data.clear();
-            } else if (reader.name() == QLatin1String("magic") && ruleMatcher) {
-                data.magicMatchers.append(ruleMatcher);
-                ruleMatcher.reset();
-            }
+            if (!endElement(run, errorMessage))
+                return false;
+            break;
+        case QXmlStreamReader::DTD:
+            // Nothing needs them here, and a few bytes of them expand to gigabytes.
+            if (!reader.entityDeclarations().isEmpty())
+                reader.raiseError(QStringLiteral("Entity declarations are not supported"));
             break;
         default:
             break;
@@ -183,6 +207,94 @@ bool BaseMimeTypeParser::parse(QIODevice *device, const QString &fileName, QStri
                        .arg(reader.lineNumber())
                        .arg(fileName, reader.errorString()));
         return false;
+    }
+    return true;
+}
+
+bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
+{
+    // The reader keeps every open element in memory.
+    constexpr int mostOpenElements = 256;
+    if (++run.depth > mostOpenElements) {
+        run.reader.raiseError(QStringLiteral("Elements are nested too deeply"));
+        return true;
+    }
+    MimeTypeData &data = run.data;
+    run.stage = nextStage(run.stage, run.reader.name());
+    switch (run.stage) {
+    case ParseMimeType: {
+        const QString type = attribute(run.reader, "type");
+        if (type.isEmpty())
+            run.reader.raiseError(QStringLiteral("Missing 'type'-attribute"));
+        else
+            data.type = type;
+        break;
+    }
+    case ParseComment: {
+        const QString locale = run.locales.shared(
+            run.reader.attributes().value(QLatin1String("xml:lang")));
+        readElementText(run.reader, run.text);
+        --run.depth;
+        translate(run.text);
+        if (locale.isEmpty())
+            data.comment = QString(run.text.constData(), run.text.size());
+        else
+            data.localeComments.insert(locale, run.text);
+        break;
+    }
+    case ParseGlobPattern:
+        addGlobPattern(attribute(run.reader, "pattern"), attribute(run.reader, "weight"), &data);
+        break;
+    case ParseSubClass: {
+        const QString parent = attribute(run.reader, "type");
+        if (!parent.isEmpty())
+            data.subClassesOf.append(parent);
+        break;
+    }
+    case ParseAlias: {
+        const QString alias = attribute(run.reader, "type");
+        if (!alias.isEmpty())
+            data.aliases.append(alias);
+        break;
+    }
+    case ParseMagic: {
+        int priority = 0;
+        if (run.reader.attributes().hasAttribute(QLatin1String("priority"))) {
+            const QString text = attribute(run.reader, "priority");
+            bool ok = false;
+            priority = text.toInt(&ok);
+            if (!ok) {
+                setMessage(errorMessage, notANumber(text));
+                return false;
+            }
+        }
+        run.ruleMatcher = MagicRuleMatcherPtr::create();
+        run.ruleMatcher->setPriority(priority);
+        break;
+    }
+    case ParseMagicMatchRule:
+        return addMagicMatchRule(run.reader.attributes(), run.ruleMatcher, errorMessage);
+    case ParseError:
+        run.reader.raiseError(QStringLiteral("Unexpected element <%1>").arg(run.reader.name()));
+        break;
+    case ParseBeginning:
+    case ParseMimeInfo:
+    case ParseOtherMimeTypeSubTag:
+        break;
+    }
+    return true;
+}
+
+bool BaseMimeTypeParser::endElement(Run &run, QString *errorMessage)
+{
+    --run.depth;
+    if (run.reader.name() == QLatin1String("mime-type")) {
+        if (!process(MimeType(run.data), errorMessage))
+            return false;
+        run.data.clear();
+    } else if (run.reader.name() == QLatin1String("magic") && run.ruleMatcher) {
+        run.data.magicMatchers.append(run.ruleMatcher);
+        run.ruleMatcher.reset();
     }
     return true;
 }
@@ -201,12 +313,28 @@ void BaseMimeTypeParser::addGlobPattern(const QString &pattern, const QString &w
         return;
     }
     data->globPatterns.append(glob);
-    if (QRegExp(m_suffixPattern).exactMatch(pattern)) {
+    if (isPlainSuffix(pattern)) {
         const QString suffix = pattern.mid(2);
         data->suffixes.append(suffix);
         if (data->preferredSuffix.isEmpty())
             data->preferredSuffix = suffix;
     }
+}
+
+/// Whether the whole of @p pattern matches the suffix pattern.
+bool BaseMimeTypeParser::isPlainSuffix(const QString &pattern) const
+{
+    const auto isAsciiWordOrPlus = [](QChar c) {
+        const ushort unit = c.unicode();
+        return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z')
+            || (unit >= '0' && unit <= '9') || unit == '_' || unit == '+';
+    };
+    // Nearly every pattern is one of these; an expression for each takes longer
+    // than all the rest of its element.
+    if (pattern.size() > 2 && pattern.startsWith(QLatin1String("*."))
+        && std::all_of(pattern.cbegin() + 2, pattern.cend(), isAsciiWordOrPlus))
+        return true;
+    return QRegExp(m_suffixPattern).exactMatch(pattern);
 }
 
 MimeTypeParser::MimeTypeParser(private_impl::MimeDatabasePrivate &database)

@@ -64,6 +64,12 @@ protected:
 private:
     Q_DISABLE_COPY(BaseMimeTypeParser)
 
+    struct Run;
+
+    bool startElement(Run &run, QString *errorMessage) const;
+    bool endElement(Run &run, QString *errorMessage);
+    bool isPlainSuffix(const QString &pattern) const;
+
     const QRegExp m_suffixPattern;
 };
 
