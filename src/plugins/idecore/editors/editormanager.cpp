@@ -83,14 +83,22 @@ void EditorManagerPrivate::placeEditor(IEditor *editor)
     editors.append(editor);
     QObject::connect(editor, &IEditor::modificationStateChanged, EditorManager::instance(),
                      &EditorManager::onEditorModified);
-    // One that is destroyed without being closed must not be met again.
-    QObject::connect(editor, &QObject::destroyed, EditorManager::instance(), [this](QObject *gone) {
-        editors.erase(std::remove_if(editors.begin(), editors.end(),
-                                     [gone](const IEditor *known) { return known == gone; }),
-                      editors.end());
-    });
+    QObject::connect(editor, &QObject::destroyed, EditorManager::instance(),
+                     [this](const QObject *gone) { onEditorDestroyed(gone); });
     ViewManager::registerContext(editor, EDITOR_CONTEXT, false);
     ViewManager::showView(editor);
+}
+
+void EditorManagerPrivate::onEditorDestroyed(const QObject *editor)
+{
+    // The guard lets go later than a widget says that it is destroyed.
+    if (currentEditor == editor)
+        currentEditor = nullptr;
+    const auto known = std::find(editors.begin(), editors.end(), editor);
+    if (known == editors.end())
+        return; // closed before
+    editors.erase(known);
+    updateActions();
 }
 
 } // namespace private_impl
@@ -137,7 +145,9 @@ IEditor *EditorManager::openEditor(const QString &file, bool readOnly)
 IEditor *EditorManager::editorForFile(const QString &file)
 {
     const QString path = QFileInfo(file).absoluteFilePath();
-    const auto lastPart = [](const QString &name) { return name.midRef(name.lastIndexOf(QLatin1Char('/')) + 1); };
+    const auto lastPart = [](const QString &name) {
+        return name.midRef(name.lastIndexOf(QLatin1Char('/')) + 1);
+    };
     const QStringRef wanted = lastPart(path);
     for (IEditor *editor : qAsConst(EditorManagerPrivate::get()->editors)) {
         const QString name = editor->fileName();

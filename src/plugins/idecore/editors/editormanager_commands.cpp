@@ -161,12 +161,11 @@ void EditorManager::onActSaveAll()
 {
     {
         const WaitCursor cursor;
-        QList<QPointer<IEditor>> editors;
-        for (IEditor *editor : qAsConst(d->editors))
-            editors.append(editor);
-        for (const QPointer<IEditor> &editor : qAsConst(editors)) {
-            // One that fails stays modified, and its Save tells why.
-            if (editor && editor->isModified())
+        const QList<IEditor *> editors = d->editors;
+        for (IEditor *editor : editors) {
+            // One that fails stays modified, and its Save tells why. One that
+            // went while another was saved is none of ours any more.
+            if (d->editors.contains(editor) && editor->isModified())
                 editor->save(nullptr);
         }
     }
@@ -175,12 +174,10 @@ void EditorManager::onActSaveAll()
 
 bool EditorManager::closeAllEditors()
 {
-    QList<QPointer<IEditor>> editors;
-    for (IEditor *editor : qAsConst(d->editors))
-        editors.append(editor);
-    for (const QPointer<IEditor> &editor : qAsConst(editors)) {
+    const QList<IEditor *> editors = d->editors;
+    for (IEditor *editor : editors) {
         // One that went with another is closed already.
-        if (editor && !closeEditor(editor))
+        if (d->editors.contains(editor) && !closeEditor(editor))
             return false;
     }
     return true;

@@ -25,7 +25,7 @@ inline const QString EDITOR_CONTEXT = QStringLiteral("Core.EditorManager.Context
 inline const QString KEY_RECENT_FILES = QStringLiteral("Core/RecentFiles");
 
 /// The state of the EditorManager.
-class EditorManagerPrivate final
+class IDECORE_EXPORT EditorManagerPrivate final
 {
 public:
     /// The one that exists; null while there is no EditorManager.
@@ -39,6 +39,8 @@ public:
     void storeRecentFiles() const;
     void updateActions();
     [[nodiscard]] bool hasEditorModified() const;
+    /// @p editor is no more than a widget by now.
+    void onEditorDestroyed(const QObject *editor);
 
     /// In the order in which they were placed; owned by their sub-windows.
     QList<IEditor *> editors;
@@ -51,15 +53,15 @@ public:
 };
 
 /// The type of @p file, that of plain text where it is unknown.
-[[nodiscard]] MimeType determineMimeType(const QString &file);
+[[nodiscard]] IDECORE_EXPORT MimeType determineMimeType(const QString &file);
 /// Those of @p factories that edit @p mimeType, then those that edit the types
 /// it is derived from, depth first; with repeats.
-[[nodiscard]] QList<IEditorFactory *>
+[[nodiscard]] IDECORE_EXPORT QList<IEditorFactory *>
 getFactoriesRecursively(const MimeType &mimeType, const QList<IEditorFactory *> &factories);
 /// Tells the user that @p file could not be opened, and why.
-void openError(const QString &file, const QString &errorString);
+IDECORE_EXPORT void openError(const QString &file, const QString &errorString);
 /// Tells the user that @p file could not be written, and why.
-void saveError(const QString &file, const QString &errorString);
+IDECORE_EXPORT void saveError(const QString &file, const QString &errorString);
 
 } // namespace private_impl
 } // namespace Core

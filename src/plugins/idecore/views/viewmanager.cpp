@@ -176,7 +176,8 @@ void ViewManager::showView(IView *view)
     window->setWidget(view);
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
-    connect(view, &QObject::destroyed, m_instance, [window] { m_instance->onViewLost(window); });
+    connect(view, &QObject::destroyed, m_instance,
+            [view, window] { m_instance->onViewDestroyed(view, window); });
     connect(window, &QObject::destroyed, m_instance, &ViewManager::onSubWindowDestroyed);
     d->subWindows.append(window);
     d->mdiArea->addSubWindow(window);
@@ -276,8 +277,11 @@ void ViewManager::onSubWindowClose(Utils::MdiSubWindow *window)
     Q_EMIT viewClosed(view);
 }
 
-void ViewManager::onViewLost(Utils::MdiSubWindow *window)
+void ViewManager::onViewDestroyed(const IView *view, Utils::MdiSubWindow *window)
 {
+    // The guard lets go later than a widget says that it is destroyed.
+    if (d->currentView == view)
+        d->currentView = nullptr;
     // A window that closes or is destroyed takes its view with it.
     if (!d->subWindows.removeOne(window))
         return;

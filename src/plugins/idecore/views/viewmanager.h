@@ -111,9 +111,10 @@ Q_SIGNALS:
     void viewClosed(Core::IView *view);
 
 private:
-    /// The view in @p window has been destroyed without having been closed.
-    void onViewLost(Utils::MdiSubWindow *window);
-    /// A sub-window has been destroyed without having been closed.
+    /// @p view is no more than a widget by now; @p window, which was made for it,
+    /// may be gone.
+    void onViewDestroyed(const IView *view, Utils::MdiSubWindow *window);
+    /// @p window is no more than a widget by now.
     void onSubWindowDestroyed(QObject *window);
 };
 
