@@ -3,18 +3,42 @@
 
 #include <appstyle/appstylemanager.h>
 
+#include "appstyle/themepalette_p.h"
+
 #include <QApplication>
+#include <QSettings>
+#include <QStyle>
 #include <QStyleFactory>
+#include <QToolTip>
+#include <QVariant>
 
 namespace APPSTYLE {
 
 const QString THEME_CLASSIC = QStringLiteral("Classic");
 const QString THEME_DARK = QStringLiteral("Dark");
 
+namespace {
+
+QString known(const QString &theme)
+{
+    return theme == THEME_DARK ? THEME_DARK : THEME_CLASSIC;
+}
+
+QString storedTheme()
+{
+    const QSettings settings(QSettings::IniFormat, QSettings::UserScope,
+                             QStringLiteral("KelmoWare"), QStringLiteral("IDE"));
+    const QVariant value = settings.value(QStringLiteral("Theme"));
+    return value.type() == QVariant::String ? value.toString() : QString();
+}
+
+} // namespace
+
 class AppStyleManager::Private
 {
 public:
     QString theme = THEME_CLASSIC;
+    QString shown; // empty until a theme was applied
 };
 
 AppStyleManager *AppStyleManager::instance()
@@ -30,25 +54,38 @@ AppStyleManager::AppStyleManager()
 
 AppStyleManager::~AppStyleManager() = default;
 
-void AppStyleManager::updateStyle()
-{
-    setAppStyle(d->theme);
-}
-
-void AppStyleManager::setAppStyle(const QString &theme)
-{
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    Q_EMIT themeChanged(theme);
-}
-
 QString AppStyleManager::currentTheme() const
 {
     return d->theme;
 }
 
+void AppStyleManager::updateStyle()
+{
+    setAppStyle(storedTheme());
+}
+
+void AppStyleManager::setAppStyle(const QString &theme)
+{
+    d->theme = known(theme);
+    if (d->shown == d->theme)
+        return;
+    d->shown = d->theme;
+
+    // The palette goes first: a new style polishes every widget, which then is
+    // done once. Where Fusion is in place already, only the palette changes.
+    const QPalette palette = d->theme == THEME_DARK ? darkPalette() : lightPalette();
+    QApplication::setPalette(palette);
+    // Tool tips keep a palette of their own, taken from the desktop.
+    QToolTip::setPalette(palette);
+    const QString fusion = QStringLiteral("fusion");
+    if (QApplication::style()->objectName().compare(fusion, Qt::CaseInsensitive) != 0)
+        QApplication::setStyle(QStyleFactory::create(fusion));
+    Q_EMIT themeChanged(d->theme);
+}
+
 void AppStyleManager::setCurrentTheme(const QString &theme)
 {
-    d->theme = theme;
+    d->theme = known(theme);
 }
 
 } // namespace APPSTYLE
