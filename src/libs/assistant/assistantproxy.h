@@ -7,6 +7,7 @@
 #include <assistant/assistant_export.h>
 
 #include <QObject>
+#include <QString>
 
 #include <memory>
 
@@ -14,7 +15,11 @@ class QUrl;
 
 namespace ASSISTANT {
 
-/// The help viewer, run as a child process. GUI thread only.
+/// Qt's help viewer on the program's manual, run as a child process under remote
+/// control. GUI thread only. Costs nothing until the viewer is asked for.
+///
+/// A viewer that is not installed, does not start or ends with an error, and a
+/// manual that is missing, are each told in a message box.
 class ASSISTANT_EXPORT AssistantProxy final : public QObject
 {
     Q_OBJECT
@@ -23,12 +28,28 @@ public:
     static AssistantProxy *instance();
     ~AssistantProxy() override;
 
+    [[nodiscard]] bool isRunning() const;
+    /// The viewer's executable: the one set, else the one found in Qt's folder of
+    /// programs or in PATH; empty when there is none.
+    [[nodiscard]] QString viewerProgram() const;
+    /// The help collection: the one set, else ../share/help/kelmo.qhc seen from
+    /// the program's executable.
+    [[nodiscard]] QString collectionFile() const;
+
     /// Starts the viewer on the program's help, or raises it when it runs.
     void startAssistant();
-    /// Ends the viewer when it runs.
+    /// Ends the viewer when it runs, by force when it does not go within three
+    /// seconds. It has ended when this returns.
     void stopAssistant();
-    /// Shows @p page of the help, starting the viewer when it does not run.
+    /// Shows @p page of the help (such as
+    /// "qthelp://kelmoware.designer/manual/keys.html"), starting the viewer when
+    /// it does not run. An invalid or empty @p page only starts or raises it.
     void showPage(const QUrl &page);
+
+    /// Take the place of what is looked for; an empty text brings that back.
+    /// A viewer that runs is left alone.
+    void setViewerProgram(const QString &program);
+    void setCollectionFile(const QString &file);
 
 private:
     AssistantProxy();
