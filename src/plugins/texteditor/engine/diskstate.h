@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TEXTEDITOR_ENGINE_DISKSTATE_H
+#define TEXTEDITOR_ENGINE_DISKSTATE_H
+
+#include <QByteArray>
+#include <QString>
+
+namespace TextEditor {
+
+/// What an editor knows of its file on disk, to tell whether another program
+/// has changed it. Equal contents are the same file, however they came.
+class DiskState
+{
+public:
+    enum class Change { None, Modified, Deleted };
+
+    DiskState() = default;
+    /// Of @p fileName now, whose contents have the digest @p digest.
+    DiskState(const QString &fileName, const QByteArray &digest);
+
+    static QByteArray digestOf(const QByteArray &contents);
+
+    /// What became of @p fileName since. The contents are read only where size
+    /// or time differ.
+    [[nodiscard]] Change compare(const QString &fileName) const;
+
+private:
+    QByteArray m_digest;
+    qint64 m_size = -1;
+    qint64 m_time = 0;
+};
+
+} // namespace TextEditor
+
+#endif // TEXTEDITOR_ENGINE_DISKSTATE_H

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TEXTEDITOR_ENGINE_DOCUMENTACCESS_H
+#define TEXTEDITOR_ENGINE_DOCUMENTACCESS_H
+
+#include <QString>
+
+namespace KTextEditor {
+class Document;
+class View;
+}
+
+namespace TextEditor {
+
+/// Tells a KTextEditor document what it would know had it written its file
+/// itself. Its own saving is not used, because it overwrites the file in place:
+/// a full disk or a crash would leave half of it.
+namespace DocumentAccess {
+
+/// The file of @p document has been written with the document's text: it is
+/// unmodified, undo stops here, and unsaved text of later is kept for recovery
+/// on the ground of the new contents.
+void markSaved(KTextEditor::Document *document);
+
+/// As markSaved(), the file being @p fileName from now on.
+void markSavedAs(KTextEditor::Document *document, const QString &fileName);
+
+/// Takes back what KTextEditor says about loading in the message bar of
+/// @p view.
+void dismissMessages(KTextEditor::View *view);
+
+} // namespace DocumentAccess
+
+} // namespace TextEditor
+
+#endif // TEXTEDITOR_ENGINE_DOCUMENTACCESS_H

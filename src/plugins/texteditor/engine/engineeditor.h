@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TEXTEDITOR_ENGINE_ENGINEEDITOR_H
+#define TEXTEDITOR_ENGINE_ENGINEEDITOR_H
+
+#include <texteditor/engine/diskstate.h>
+#include <texteditor/engine/lineendings.h>
+#include <texteditor/engine/textfile.h>
+#include <texteditor/abstracttexteditor.h>
+
+#include <KTextEditor/Message>
+
+#include <QPointer>
+
+#include <memory>
+
+class QLabel;
+class QLineEdit;
+
+namespace KTextEditor {
+class Document;
+class View;
+}
+
+namespace TextEditor {
+
+class ViewKeys;
+
+/// An editor on a KTextEditor document and its one view.
+///
+/// KTextEditor loads, shows and changes the text and keeps what is unsaved for
+/// recovery. The bytes are read for their encoding and written here, so that
+/// only what the user changed changes in the file, and so that a save happens
+/// as a whole or not at all.
+class EngineEditor final : public AbstractTextEditor
+{
+    Q_OBJECT
+public:
+    /// @p theme is the highlighting theme.
+    explicit EngineEditor(const QString &theme);
+    ~EngineEditor() override;
+
+    [[nodiscard]] int currentLine() const override;
+    void setReadOnly(bool readOnly) override;
+    bool open(const QString &fileName, QString *errorString) override;
+    [[nodiscard]] QString fileName() const override;
+    [[nodiscard]] bool isModified() const override;
+    bool save(QString *errorString) override;
+    bool saveAs(const QString &fileName, QString *errorString) override;
+    void goToLine(int line, int column) override;
+
+    [[nodiscard]] bool canPerform(Command command) const override;
+    void perform(Command command) override;
+
+    void setTheme(const QString &theme);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    // Files
+    bool load(const QString &fileName, QString *errorString);
+    void reload();
+    void showFileName();
+    void noteContents(const TextFile &file, bool loadedWhole);
+    [[nodiscard]] std::optional<QByteArray> encodedText(QString *errorString);
+    bool write(const QString &fileName, QString *errorString);
+    void onFileTouched(const QString &path);
+    void checkDisk();
+    void showDiskChange(DiskState::Change change);
+    /// Shows @p text above the document with a button for each of @p actions,
+    /// which the message owns, and one to close it.
+    KTextEditor::Message *showMessage(const QString &text,
+                                      KTextEditor::Message::MessageType type,
+                                      const QList<QAction *> &actions = {});
+    void watch(const QString &fileName);
+
+    // State
+    void applyReadOnly();
+    void onModifiedChanged();
+    void updateStatus();
+    [[nodiscard]] bool askToClose();
+
+    // Commands
+    void connectCommands();
+    [[nodiscard]] QLineEdit *focusedField() const;
+    [[nodiscard]] QAction *viewAction(Command command) const;
+
+    const std::unique_ptr<KTextEditor::Document> m_document;
+    // Owned by the document, which is destroyed before the widgets are.
+    KTextEditor::View *m_view = nullptr;
+    ViewKeys *m_keys = nullptr;
+    QLabel *m_status = nullptr;
+    QString m_fileName;
+    QString m_watchedFile;
+    TextFile m_file;
+    LineEndings m_endings;
+    // What of the file on disk the text is based on.
+    DiskState m_disk;
+    QPointer<KTextEditor::Message> m_diskMessage;
+    QPointer<KTextEditor::Message> m_encodingMessage;
+    // The text is not what the file says: writing it would lose something.
+    bool m_inexact = false;
+    bool m_modified = false;
+    bool m_loading = false;
+};
+
+} // namespace TextEditor
+
+#endif // TEXTEDITOR_ENGINE_ENGINEEDITOR_H

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include <texteditor/engine/enginesettings.h>
+
+#include <appstyle/appstylemanager.h>
+#include <idecore/core/idecore.h>
+#include <texteditor/texteditorconstants.h>
+
+#include <KConfigGroup>
+#include <KSharedConfig>
+
+#include <QDir>
+#include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QLoggingCategory>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace TextEditor {
+namespace EngineSettings {
+
+namespace {
+
+QLoggingCategory::CategoryFilter previousFilter = nullptr;
+
+/// Spell checking is off; that no dictionary is installed concerns nobody.
+void filterLog(QLoggingCategory *category)
+{
+    previousFilter(category);
+    if (QByteArray(category->categoryName()).startsWith("kf.sonnet")) {
+        category->setEnabled(QtWarningMsg, false);
+        category->setEnabled(QtDebugMsg, false);
+    }
+}
+
+QFont codeFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch()) {
+        font = QFont(QStringLiteral("Monospace"));
+        font.setStyleHint(QFont::TypeWriter);
+    }
+    font.setPointSize(10);
+    return font;
+}
+
+void applyToDocuments(KConfigGroup group)
+{
+    // What the user did not type is not written: no spaces go, no line comes.
+    group.writeEntry("Remove Spaces", 0);
+    group.writeEntry("Newline at End of File", false);
+    group.writeEntry("Encoding", "UTF-8");
+    group.writeEntry("BOM", false);
+    group.writeEntry("End of Line", 0);
+    group.writeEntry("Allow End of Line Detection", true);
+    group.writeEntry("Keep Extra Spaces", true);
+    group.writeEntry("Tab Width", 4);
+    group.writeEntry("Indentation Width", 4);
+    group.writeEntry("ReplaceTabsDyn", true);
+    group.writeEntry("Auto Detect Indent", true);
+    group.writeEntry("Indent On Text Paste", false);
+    group.writeEntry("Word Wrap", false);
+    group.writeEntry("On-The-Fly Spellcheck", false);
+    // Longer lines are broken for display, which is undone when they are written.
+    group.writeEntry("Line Length Limit", 10000);
+    group.writeEntry("Auto Save", false);
+    group.writeEntry("Backup Local", false);
+    group.writeEntry("Auto Reload If State Is In Version Control", false);
+    // Unsaved text is kept out of the user's folders: they may be under version
+    // control, shared or write protected.
+    group.writeEntry("Swap File Mode", 2);
+    group.writeEntry("Swap Directory", recoveryFolder());
+    group.writeEntry("Swap Sync Interval", 1);
+}
+
+void applyToViews(KConfigGroup group)
+{
+    group.writeEntry("Line Numbers", true);
+    group.writeEntry("Folding Bar", true);
+    group.writeEntry("Line Modification", true);
+    group.writeEntry("Dynamic Word Wrap", false);
+    group.writeEntry("Scroll Bar MiniMap", false);
+    group.writeEntry("Auto Brackets", false);
+    group.writeEntry("Auto Completion Preselect First Entry", false);
+    // Cut and Copy without a selection would take the whole line.
+    group.writeEntry("Smart Copy Cut", false);
+    group.writeEntry("Input Mode", 0);
+    group.writeEntry("Persistent Selection", false);
+}
+
+} // namespace
+
+void apply()
+{
+    // Installing asks the filter about every category before it returns the one
+    // it replaces, so that one is fetched first.
+    previousFilter = QLoggingCategory::installFilter(nullptr);
+    QLoggingCategory::installFilter(filterLog);
+    // KTextEditor takes the settings of the program's own file, and those of all
+    // programs of the desktop only where that file has none.
+    KConfig::setMainConfigName(QStringLiteral("KelmoWare/texteditorrc"));
+    const KSharedConfig::Ptr config = KSharedConfig::openConfig();
+    KConfigGroup editor(config, "KTextEditor Editor");
+    editor.writeEntry("Encoding Prober Type", 0);
+    editor.writeEntry("Fallback Encoding", "ISO 8859-1");
+    applyToDocuments(KConfigGroup(config, "KTextEditor Document"));
+    applyToViews(KConfigGroup(config, "KTextEditor View"));
+    KConfigGroup renderer(config, "KTextEditor Renderer");
+    renderer.writeEntry("Auto Color Theme Selection", false);
+    renderer.writeEntry("Color Theme", currentTheme());
+    renderer.writeEntry("Text Font", codeFont());
+    renderer.writeEntry("Font", codeFont());
+    renderer.writeEntry("Show Indentation Lines", false);
+    QDir().mkpath(recoveryFolder());
+    // Unsaved text is as private as the files it belongs to may be.
+    QFile::setPermissions(recoveryFolder(),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+QString currentTheme()
+{
+    const QSettings *const settings = Core::IdeCore::userSettings();
+    const bool desert = settings
+        && settings->value(QLatin1String(Constants::SET_COLOR_SCHEME)).toString()
+            == QLatin1String(Constants::SCHEME_DESERT);
+    const bool dark =
+        APPSTYLE::AppStyleManager::instance()->currentTheme() == APPSTYLE::THEME_DARK;
+    if (desert)
+        return dark ? QStringLiteral("gruvbox Dark") : QStringLiteral("gruvbox Light");
+    return dark ? QStringLiteral("Breeze Dark") : QStringLiteral("Breeze Light");
+}
+
+QString recoveryFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+        + QStringLiteral("/KelmoWare/unsaved");
+}
+
+} // namespace EngineSettings
+} // namespace TextEditor

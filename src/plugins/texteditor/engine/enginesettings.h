@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TEXTEDITOR_ENGINE_ENGINESETTINGS_H
+#define TEXTEDITOR_ENGINE_ENGINESETTINGS_H
+
+#include <QString>
+
+namespace TextEditor {
+namespace EngineSettings {
+
+/// Sets KTextEditor up for this program, whatever other programs of the user
+/// have set for theirs. Before the first use of KTextEditor.
+void apply();
+
+/// The name of the highlighting theme for the colour scheme in the user's
+/// settings under the theme of the application.
+[[nodiscard]] QString currentTheme();
+
+/// The folder that keeps unsaved text.
+[[nodiscard]] QString recoveryFolder();
+
+} // namespace EngineSettings
+} // namespace TextEditor
+
+#endif // TEXTEDITOR_ENGINE_ENGINESETTINGS_H

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include <texteditor/engine/filewriter.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace TextEditor {
+
+namespace {
+
+/// The file at the end of a chain of links, which need not exist.
+QString resolved(const QString &fileName)
+{
+    QString path = fileName;
+    // As many as the system itself follows.
+    for (int i = 0; i < 40; ++i) {
+        const QFileInfo info(path);
+        if (!info.isSymLink())
+            break;
+        path = info.symLinkTarget();
+    }
+    return path;
+}
+
+QString systemError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+} // namespace
+
+bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString *errorString)
+{
+    const auto fail = [errorString](const QString &reason) {
+        if (errorString)
+            *errorString = reason;
+        return false;
+    };
+    const QString path = resolved(fileName);
+    const QByteArray nativePath = QFile::encodeName(path);
+    struct stat old;
+    const bool exists = ::stat(nativePath.constData(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode))
+        return fail(tr("It is not a regular file."));
+    // Replacing the file would get round its write protection.
+    if (exists && ::faccessat(AT_FDCWD, nativePath.constData(), W_OK, AT_EACCESS) != 0)
+        return fail(systemError());
+
+    QSaveFile file(path);
+    // A buffer would report a full disk late and without its reason.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        const QFileInfo folder(QFileInfo(path).absolutePath());
+        if (exists && folder.isDir())
+            return fail(tr("The file cannot be replaced safely, because nothing can be created "
+                           "in its folder: %1")
+                            .arg(file.errorString()));
+        return fail(file.errorString());
+    }
+    if (exists) {
+        // What is refused here (another owner) leaves a file of the user's own.
+        if (::fchown(file.handle(), old.st_uid, old.st_gid) != 0
+            && ::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid) != 0)
+            errno = 0;
+        if (::fchmod(file.handle(), old.st_mode & 07777) != 0)
+            return fail(systemError());
+    }
+    if (file.write(bytes) != bytes.size()) {
+        const QString reason = file.errorString();
+        file.cancelWriting();
+        return fail(reason);
+    }
+    if (!file.commit())
+        return fail(file.errorString());
+    return true;
+}
+
+} // namespace TextEditor

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include <texteditor/engine/texteditorengine.h>
+
+#include <appstyle/appstylemanager.h>
+#include <texteditor/engine/engineeditor.h>
+#include <texteditor/engine/enginesettings.h>
+
+#include <QApplication>
+#include <QWindow>
+
+namespace TextEditor {
+
+TextEditorEngine::TextEditorEngine() = default;
+
+TextEditorEngine::~TextEditorEngine() = default;
+
+AbstractTextEditor *TextEditorEngine::createEditor()
+{
+    if (!m_started) {
+        m_started = true;
+        EngineSettings::apply();
+        connect(APPSTYLE::AppStyleManager::instance(), &APPSTYLE::AppStyleManager::themeChanged,
+                this, &TextEditorEngine::updateTheme);
+        // A scheme chosen in the options takes effect when the user comes back
+        // from there; nothing announces a change of the settings.
+        connect(qApp, &QApplication::focusWindowChanged, this, &TextEditorEngine::updateTheme);
+        m_theme = EngineSettings::currentTheme();
+    }
+    updateTheme();
+    auto *editor = new EngineEditor(m_theme);
+    m_editors.append(editor);
+    connect(editor, &QObject::destroyed, this,
+            [this, editor] { m_editors.removeOne(editor); });
+    return editor;
+}
+
+void TextEditorEngine::updateTheme()
+{
+    const QString theme = EngineSettings::currentTheme();
+    if (theme == m_theme)
+        return;
+    m_theme = theme;
+    for (EngineEditor *editor : qAsConst(m_editors))
+        editor->setTheme(theme);
+}
+
+} // namespace TextEditor

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TEXTEDITOR_ENGINE_TEXTEDITORENGINE_H
+#define TEXTEDITOR_ENGINE_TEXTEDITORENGINE_H
+
+#include <texteditor/editorengine.h>
+
+#include <QObject>
+
+namespace TextEditor {
+
+class EngineEditor;
+
+/// Makes editors on KTextEditor, and keeps the colours of all of them true to
+/// the settings.
+class TextEditorEngine final : public QObject, public EditorEngine
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "com.kelmoware.texteditor.EditorEngine/1.0")
+    Q_INTERFACES(TextEditor::EditorEngine)
+public:
+    TextEditorEngine();
+    ~TextEditorEngine() override;
+
+    [[nodiscard]] AbstractTextEditor *createEditor() override;
+
+private:
+    void updateTheme();
+
+    bool m_started = false;
+    QString m_theme;
+    QList<EngineEditor *> m_editors;
+};
+
+} // namespace TextEditor
+
+#endif // TEXTEDITOR_ENGINE_TEXTEDITORENGINE_H
