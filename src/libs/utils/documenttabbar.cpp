@@ -22,6 +22,7 @@
 namespace Utils {
 
 namespace {
+constexpr int minimumTitleChars = 8;
 constexpr int maximumTitleChars = 32;
 
 QString textOfTab(const QString &title, bool modified)
@@ -137,8 +138,10 @@ QSize DocumentTabBar::tabSizeHint(int index) const
         const QSize hint = QTabBar::tabSizeHint(index);
         const int button = style()->pixelMetric(QStyle::PM_TabCloseIndicatorWidth, nullptr, this);
         const int text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
-        const int widest = fontMetrics().averageCharWidth() * maximumTitleChars;
-        tab.width = hint.width() - std::max(0, text - widest) + button + 4;
+        // Neither too small to hit beside its button nor all there is to see.
+        const int character = fontMetrics().averageCharWidth();
+        const int room = qBound(character * minimumTitleChars, text, character * maximumTitleChars);
+        tab.width = hint.width() - text + room + button + 4;
         m_height = std::max({m_height, hint.height(),
             style()->pixelMetric(QStyle::PM_TabCloseIndicatorHeight, nullptr, this) + 8});
     }

@@ -20,7 +20,9 @@ QHash<QString, QString> &lastFolders()
 QString FileUtils::getOpenFileName(QWidget *parent, const QString &purpose, const QString &caption,
                                    const QString &directory, const QString &filter)
 {
-    const QString start = lastFolders().value(purpose, directory);
+    QString start = lastFolders().value(purpose, directory);
+    if (!QFileInfo(start).isDir())
+        start = directory;
     const QString file = QFileDialog::getOpenFileName(parent, caption, start, filter);
     if (!file.isEmpty())
         lastFolders().insert(purpose, QFileInfo(file).absolutePath());

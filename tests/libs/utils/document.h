@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TESTS_LIBS_UTILS_DOCUMENT_H
+#define TESTS_LIBS_UTILS_DOCUMENT_H
+
+#include <QVector>
+#include <QWidget>
+
+#include <functional>
+
+class QLineEdit;
+class QMainWindow;
+
+namespace Utils {
+class MdiArea;
+class MdiSubWindow;
+}
+
+/// A document that counts what is done to it.
+class Document final : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit Document(const QString &title);
+
+    QLineEdit *edit;
+    bool refuses = false;
+    std::function<void()> onClose;
+    int closes = 0;
+    int paints = 0;
+    int resizes = 0;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+};
+
+/// A main window with an area, and what the area has reported.
+class AreaFixture final
+{
+public:
+    explicit AreaFixture(bool shown = true);
+    ~AreaFixture();
+    AreaFixture(const AreaFixture &) = delete;
+    AreaFixture &operator=(const AreaFixture &) = delete;
+
+    Document *open(const QString &title);
+    [[nodiscard]] static Utils::MdiSubWindow *windowOf(const QWidget *document);
+    /// Shows the main window and waits until it is the active one.
+    [[nodiscard]] bool show();
+
+    QMainWindow *main;
+    Utils::MdiArea *area;
+    QVector<QString> currents; // short titles, "-" for none
+    QVector<QString> closed;
+};
+
+#endif // TESTS_LIBS_UTILS_DOCUMENT_H

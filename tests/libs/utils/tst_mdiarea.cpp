@@ -1,0 +1,628 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "document.h"
+
+#include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTest>
+
+using Utils::MdiArea;
+using Utils::MdiSubWindow;
+
+namespace {
+using Titles = QVector<QString>;
+
+QString title(int number)
+{
+    return QStringLiteral("doc%1").arg(number);
+}
+
+Titles titles(const QList<MdiSubWindow *> &windows)
+{
+    Titles result;
+    for (const MdiSubWindow *window : windows)
+        result.append(window->shortTitle());
+    return result;
+}
+} // namespace
+
+class TestMdiArea : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void addedWindowIsShownFillsTheAreaAndIsCurrent()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const MdiSubWindow *window = AreaFixture::windowOf(a);
+        QCOMPARE(f.area->currentWindow(), window);
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+        QVERIFY(window->isVisible());
+        QVERIFY(window->isMaximized());
+        QCOMPARE(window->geometry(), f.area->viewport()->rect());
+        QTRY_COMPARE(a->size(), f.area->viewport()->size());
+        QTRY_VERIFY(a->edit->hasFocus());
+        QCOMPARE(f.area->currentSubWindow(), window);
+    }
+
+    void onlyTheCurrentDocumentIsVisible()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        QVERIFY(!a->isVisible());
+        QVERIFY(b->isVisible());
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QVERIFY(a->isVisible());
+        QVERIFY(!b->isVisible());
+    }
+
+    void hiddenDocumentIsNeitherResizedNorPainted()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        f.open(QStringLiteral("c"));
+        QTRY_COMPARE(a->isVisible(), false);
+        QApplication::processEvents();
+        a->paints = a->resizes = b->resizes = b->paints = 0;
+        f.main->resize(800, 600);
+        QTRY_COMPARE(f.area->currentWindow()->size(), f.area->viewport()->size());
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(b));
+        QTRY_VERIFY(b->paints > 0);
+        QCOMPARE(b->resizes, 1);
+        QCOMPARE(b->size(), f.area->viewport()->size());
+        QCOMPARE(a->resizes, 0);
+        QCOMPARE(a->paints, 0);
+    }
+
+    void currentAgainIsReportedAgain()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.currents.clear();
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+    }
+
+    void addedTwiceIsMadeCurrentOnly()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.area->addSubWindow(AreaFixture::windowOf(a));
+        QCOMPARE(f.area->subWindows().size(), 2);
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+    }
+
+    void nullAndForeignWindowsAreIgnored()
+    {
+        AreaFixture f;
+        MdiSubWindow foreign;
+        f.area->addSubWindow(nullptr);
+        f.area->setCurrentSubWindow(nullptr);
+        f.area->setCurrentSubWindow(&foreign);
+        f.area->removeSubWindow(nullptr);
+        f.area->removeSubWindow(&foreign);
+        QVERIFY(f.currents.isEmpty());
+        QVERIFY(!f.area->currentWindow());
+    }
+
+    void ordersAreThoseOfCreationUseAndStacking()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.open(QStringLiteral("c"));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        const Titles made{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+        const Titles used{QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a")};
+        QCOMPARE(titles(f.area->subWindows()), made);
+        QCOMPARE(titles(f.area->subWindows(QMdiArea::ActivationHistoryOrder)), used);
+        QCOMPARE(titles(f.area->subWindows(QMdiArea::StackingOrder)), used);
+    }
+
+    void closedIsReportedOnceWithItsWholeWidget()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        QPointer<Document> b(f.open(QStringLiteral("b")));
+        f.currents.clear();
+        QVERIFY(AreaFixture::windowOf(b)->close());
+        QCOMPARE(f.closed, Titles{QStringLiteral("b")});
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+        QTRY_VERIFY(!b);
+        QCOMPARE(f.closed.size(), 1);
+    }
+
+    void closingTheCurrentMakesTheMostRecentlyUsedCurrent()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        const Document *c = f.open(QStringLiteral("c"));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(c));
+        AreaFixture::windowOf(c)->close();
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QTRY_VERIFY(a->edit->hasFocus());
+    }
+
+    void closingAnotherLeavesTheCurrentUnreported()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.currents.clear();
+        AreaFixture::windowOf(a)->close();
+        QVERIFY(f.currents.isEmpty());
+        QCOMPARE(f.closed, Titles{QStringLiteral("a")});
+    }
+
+    void closingTheLastReportsNone()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.currents.clear();
+        f.area->closeCurrent();
+        QCOMPARE(f.currents, Titles{QStringLiteral("-")});
+        QVERIFY(!f.area->currentWindow());
+    }
+
+    void windowIsOutOfTheListsWhenItsClosingIsReported()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        int left = -1;
+        connect(f.area, &MdiArea::windowClosed, this,
+                [&] { left = f.area->subWindows().size(); });
+        f.area->closeCurrent();
+        QCOMPARE(left, 1);
+    }
+
+    void refusingDocumentStays()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        a->refuses = true;
+        f.currents.clear();
+        QVERIFY(!AreaFixture::windowOf(a)->close());
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QVERIFY(a->isVisible());
+        QVERIFY(f.closed.isEmpty());
+        QVERIFY(f.currents.isEmpty());
+        QCOMPARE(a->closes, 1);
+    }
+
+    void closeAllStopsAtTheFirstThatRefuses()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"))->refuses = true;
+        const Document *c = f.open(QStringLiteral("c"));
+        QVERIFY(!f.area->closeAll());
+        QCOMPARE(f.closed, Titles{QStringLiteral("a")});
+        QCOMPARE(c->closes, 0);
+    }
+
+    void closeOthersLeavesTheOneAndThoseAfterARefusal()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        Document *c = f.open(QStringLiteral("c"));
+        c->refuses = true;
+        QVERIFY(!f.area->closeOthers(AreaFixture::windowOf(a)));
+        QCOMPARE(f.closed, Titles{QStringLiteral("b")});
+        c->refuses = false;
+        QVERIFY(f.area->closeOthers(AreaFixture::windowOf(a)));
+        QCOMPARE(titles(f.area->subWindows()), Titles{QStringLiteral("a")});
+    }
+
+    void modifiedDocumentIsShownBeforeItIsAsked()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        a->setWindowModified(true);
+        f.open(QStringLiteral("b"));
+        bool visible = false;
+        a->onClose = [&] { visible = a->isVisible(); };
+        QVERIFY(f.area->closeAll());
+        QVERIFY(visible);
+    }
+
+    void refusingDocumentStaysAsAWindowToo()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        a->refuses = true;
+        f.area->tileSubWindows();
+        QVERIFY(!f.area->closeAll());
+        QVERIFY(a->isVisible());
+        QCOMPARE(b->closes, 0);
+    }
+
+    void documentMayCloseAnotherWhileClosing()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        Document *c = f.open(QStringLiteral("c"));
+        c->onClose = [&] { AreaFixture::windowOf(a)->close(); };
+        QVERIFY(f.area->currentWindow()->close());
+        QCOMPARE(f.closed, (Titles{QStringLiteral("a"), QStringLiteral("c")}));
+        QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("b"));
+    }
+
+    void documentMayCloseItselfWhileClosing()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        a->onClose = [&] { AreaFixture::windowOf(a)->close(); };
+        QVERIFY(f.area->currentWindow()->close());
+        QCOMPARE(f.closed, Titles{QStringLiteral("a")});
+        QCOMPARE(a->closes, 1);
+    }
+
+    void documentMayDestroyItsWindowWhileClosing()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        const QPointer<MdiSubWindow> window(AreaFixture::windowOf(b));
+        b->onClose = [&] {
+            b->setParent(nullptr);
+            delete window;
+        };
+        f.area->closeCurrent();
+        QVERIFY(!window);
+        QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("a"));
+        delete b;
+    }
+
+    void closingFromTheReportOfAClosing()
+    {
+        AreaFixture f;
+        for (int i = 0; i < 5; ++i)
+            f.open(title(i));
+        connect(f.area, &MdiArea::windowClosed, this, [&] {
+            if (!f.area->subWindows().isEmpty())
+                f.area->subWindows().constFirst()->close();
+        });
+        f.area->closeCurrent();
+        QVERIFY(f.area->subWindows().isEmpty());
+        QCOMPARE(f.closed.size(), 5);
+        QCOMPARE(f.currents.constLast(), QStringLiteral("-"));
+    }
+
+    void destroyedWindowLeavesNothingBehind()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        delete AreaFixture::windowOf(f.open(QStringLiteral("b")));
+        QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("a"));
+        QCOMPARE(f.currents.constLast(), QStringLiteral("a"));
+        QVERIFY(f.closed.isEmpty());
+        delete f.area->currentWindow();
+        QCOMPARE(f.currents.constLast(), QStringLiteral("-"));
+    }
+
+    void destroyedWidgetTakesItsWindowAlong()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        const QPointer<MdiSubWindow> window(AreaFixture::windowOf(b));
+        delete b;
+        QCOMPARE(f.area->subWindows().size(), 1);
+        QCOMPARE(f.currents.constLast(), QStringLiteral("a"));
+        QVERIFY(f.closed.isEmpty());
+        QTRY_VERIFY(!window);
+    }
+
+    void removedWindowIsNotAskedAndNotClosed()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        const std::unique_ptr<MdiSubWindow> window(AreaFixture::windowOf(b));
+        f.area->removeSubWindow(window.get());
+        QCOMPARE(b->closes, 0);
+        QVERIFY(f.closed.isEmpty());
+        QVERIFY(!window->parentWidget());
+        QVERIFY(!window->isVisible());
+        QCOMPARE(f.currents.constLast(), QStringLiteral("a"));
+        QCOMPARE(f.area->subWindows().size(), 1);
+    }
+
+    void openingBeforeTheWindowIsShownIsReported()
+    {
+        AreaFixture f(false);
+        const Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        QCOMPARE(f.currents, (Titles{QStringLiteral("a"), QStringLiteral("b")}));
+        QVERIFY(f.show());
+        QVERIFY(b->isVisible());
+        QVERIFY(!a->isVisible());
+        QTRY_COMPARE(AreaFixture::windowOf(b)->geometry(), f.area->viewport()->rect());
+        QTRY_VERIFY(b->edit->hasFocus());
+        QCOMPARE(f.currents.size(), 2);
+    }
+
+    void anotherActiveWindowLeavesTheCurrentDocument()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        f.currents.clear();
+        {
+            QDialog dialog(f.main);
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        }
+        f.main->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f.main));
+        QTRY_VERIFY(a->edit->hasFocus());
+        QVERIFY(f.currents.isEmpty());
+    }
+
+    void closingWhileMinimisedIsReported()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.main->showMinimized();
+        QTRY_VERIFY(f.main->isMinimized());
+        f.currents.clear();
+        f.area->closeCurrent();
+        f.area->onSubWindowActivated();
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+    }
+
+    void tileShowsAllAsWindowsSideBySide()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        f.currents.clear();
+        f.area->tileSubWindows();
+        QVERIFY(!f.area->isTabbed());
+        QVERIFY(a->isVisible());
+        QVERIFY(b->isVisible());
+        QVERIFY(!AreaFixture::windowOf(a)->isMaximized());
+        QVERIFY(!AreaFixture::windowOf(a)->geometry().intersects(
+            AreaFixture::windowOf(b)->geometry()));
+        QVERIFY(!f.area->findChild<QTabBar *>(QStringLiteral("documentTabBar"))->isVisible());
+        QVERIFY(f.currents.isEmpty());
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
+        QVERIFY(b->edit->hasFocus());
+    }
+
+    void cascadeShowsAllAsWindowsOverlapping()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        f.area->cascadeSubWindows();
+        QVERIFY(a->isVisible() && b->isVisible());
+        QVERIFY(AreaFixture::windowOf(a)->geometry().intersects(
+            AreaFixture::windowOf(b)->geometry()));
+        QVERIFY(AreaFixture::windowOf(a)->pos() != AreaFixture::windowOf(b)->pos());
+    }
+
+    void tileAndCascadeWithoutDocumentsKeepTheTabs()
+    {
+        AreaFixture f;
+        f.area->tileSubWindows();
+        f.area->cascadeSubWindows();
+        QVERIFY(f.area->isTabbed());
+    }
+
+    void clickActivatesATiledWindow()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.area->tileSubWindows();
+        f.currents.clear();
+        QTest::mouseClick(a->edit, Qt::LeftButton);
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+        QVERIFY(a->edit->hasFocus());
+    }
+
+    void maximisingBringsTheTabsBack()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        f.area->tileSubWindows();
+        f.currents.clear();
+        AreaFixture::windowOf(a)->showMaximized();
+        QVERIFY(f.area->isTabbed());
+        QVERIFY(f.area->findChild<QTabBar *>(QStringLiteral("documentTabBar"))->isVisible());
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+        QVERIFY(!b->isVisible());
+        QCOMPARE(AreaFixture::windowOf(a)->geometry(), f.area->viewport()->rect());
+        QTRY_VERIFY(a->edit->hasFocus());
+    }
+
+    void doubleClickOnATitleBarBringsTheTabsBack()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.area->tileSubWindows();
+        MdiSubWindow *window = AreaFixture::windowOf(a);
+        const QPoint bar(window->width() / 2, 10);
+        QMouseEvent move(QEvent::MouseMove, bar, window->mapToGlobal(bar), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(window, &move);
+        QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, bar);
+        QVERIFY(f.area->isTabbed());
+        QCOMPARE(f.area->currentWindow(), window);
+    }
+
+    void openingWhileTiledAddsAWindow()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.area->tileSubWindows();
+        const Document *b = f.open(QStringLiteral("b"));
+        QVERIFY(!f.area->isTabbed());
+        QVERIFY(!AreaFixture::windowOf(b)->isMaximized());
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
+    }
+
+    void afterTheLastTiledWindowTheNextLiesUnderTabs()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.area->tileSubWindows();
+        f.area->closeCurrent();
+        f.open(QStringLiteral("b"));
+        QVERIFY(f.area->isTabbed());
+        QVERIFY(f.area->currentWindow()->isMaximized());
+    }
+
+    void documentUnderTabsCannotBeMadeSmaller()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        AreaFixture::windowOf(a)->showNormal();
+        AreaFixture::windowOf(a)->showMinimized();
+        QVERIFY(AreaFixture::windowOf(a)->isMaximized());
+        QCOMPARE(AreaFixture::windowOf(a)->geometry(), f.area->viewport()->rect());
+    }
+
+    void hiddenWidgetThatIsShownBecomesCurrent()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        f.currents.clear();
+        AreaFixture::windowOf(a)->show();
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+        QVERIFY(!b->isVisible());
+    }
+
+    void focusReturnsToTheWidgetThatHadIt()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        auto *second = new QLineEdit(a);
+        a->layout()->addWidget(second);
+        second->show();
+        second->setFocus();
+        f.open(QStringLiteral("b"));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QTRY_VERIFY(second->hasFocus());
+    }
+
+    void keysOfAHiddenDocumentComeBackWithIt()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        auto *own = new QAction(a);
+        own->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));
+        a->addAction(own);
+        auto *shared = new QAction(f.main);
+        shared->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
+        f.main->addAction(shared);
+        a->addAction(shared);
+        const QSignalSpy triggered(own, &QAction::triggered);
+        f.open(QStringLiteral("b"));
+        QVERIFY(own->shortcut().isEmpty());
+        QCOMPARE(shared->shortcut(), QKeySequence(QStringLiteral("Ctrl+K")));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QTRY_VERIFY(a->edit->hasFocus());
+        QTest::keyClick(a->edit, Qt::Key_J, Qt::ControlModifier);
+        QCOMPARE(triggered.count(), 1);
+    }
+
+    void keysGivenToAHiddenDocumentAreKept()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        auto *own = new QAction(a);
+        own->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));
+        f.open(QStringLiteral("b"));
+        own->setShortcut(QKeySequence(QStringLiteral("Ctrl+L")));
+        f.area->tileSubWindows();
+        QCOMPARE(own->shortcut(), QKeySequence(QStringLiteral("Ctrl+L")));
+    }
+
+    void closeKeyClosesTheCurrentOnce_data()
+    {
+        QTest::addColumn<bool>("tiled");
+        QTest::newRow("tabs") << false;
+        QTest::newRow("tiled") << true;
+    }
+
+    void closeKeyClosesTheCurrentOnce()
+    {
+        QFETCH(bool, tiled);
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        if (tiled)
+            f.area->tileSubWindows();
+        QTRY_VERIFY(b->edit->hasFocus());
+        QTest::keyClick(b->edit, Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(f.closed, Titles{QStringLiteral("b")});
+    }
+
+    void mainWindowTitleAndMenuBarAreLeftAlone()
+    {
+        AreaFixture f;
+        f.main->setWindowTitle(QStringLiteral("Program"));
+        f.open(QStringLiteral("a"));
+        QCOMPARE(f.main->windowTitle(), QStringLiteral("Program"));
+    }
+
+    void fiveHundredOpenAndClose()
+    {
+        AreaFixture f;
+        for (int i = 0; i < 500; ++i)
+            f.open(title(i));
+        QCOMPARE(f.area->subWindows().size(), 500);
+        QVERIFY(f.area->closeAll());
+        QCOMPARE(f.closed.size(), 500);
+        QCOMPARE(f.currents.constLast(), QStringLiteral("-"));
+    }
+
+    void areaDestroyedWithDocumentsReportsNothing()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.currents.clear();
+        delete f.area;
+        QVERIFY(f.currents.isEmpty());
+        QVERIFY(f.closed.isEmpty());
+    }
+
+    void minimumSizeIsThatOfNoDocument()
+    {
+        AreaFixture f;
+        const QSize before = f.area->minimumSizeHint();
+        f.open(QStringLiteral("a"))->setMinimumSize(2000, 2000);
+        QCOMPARE(f.area->minimumSizeHint(), before);
+    }
+};
+
+QTEST_MAIN(TestMdiArea)
+#include "tst_mdiarea.moc"
