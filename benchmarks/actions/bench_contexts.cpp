@@ -35,10 +35,10 @@ namespace {
 
 enum class Place { Nowhere, Shown, ShownWithKeys };
 enum class Change {
-    None, // no command has an action for the contexts that come and go
+    None,       // no command has an action for the contexts that come and go
     SameAction, // every command has one, and keeps the one it has
-    Half,      // half of the commands are bound to another action
-    HalfState, // and that action is enabled where the other one is not
+    Half,       // half of the commands are bound to another action
+    HalfState,  // and that action is enabled where the other one is not
 };
 
 const QString Base = QStringLiteral("Bench.Base");
@@ -50,10 +50,14 @@ const QString Unused = QStringLiteral("Bench.Unused");
 QStringList contextsOf(Change change)
 {
     switch (change) {
-    case Change::None: return {Unused, Base};
-    case Change::SameAction: return {Base, Other};
-    case Change::Half: return {Half, Base};
-    case Change::HalfState: return {HalfState, Base};
+    case Change::None:
+        return {Unused, Base};
+    case Change::SameAction:
+        return {Base, Other};
+    case Change::Half:
+        return {Half, Base};
+    case Change::HalfState:
+        return {HalfState, Base};
     }
     return {};
 }
@@ -75,9 +79,10 @@ std::unique_ptr<QAction> makeAction(int command, bool enabled, Place place)
     if (place == Place::ShownWithKeys && command % 5 == 0) {
         // Two strokes give keys enough for 2,000 commands.
         const int number = command / 5;
-        action->setShortcut(QKeySequence(Qt::CTRL + Qt::ALT + Qt::Key_A + number / 26 % 26,
-                                         Qt::CTRL + Qt::SHIFT + Qt::Key_A + number % 26,
-                                         Qt::CTRL + Qt::Key_A + number / 676));
+        action->setShortcut(
+            QKeySequence(int(Qt::CTRL) + int(Qt::ALT) + Qt::Key_A + number / 26 % 26,
+                         int(Qt::CTRL) + int(Qt::SHIFT) + Qt::Key_A + number % 26,
+                         int(Qt::CTRL) + Qt::Key_A + number / 676));
     }
     return action;
 }
@@ -175,7 +180,7 @@ std::string nameOf(const Case &which)
     static const char *const places[] = {"nowhere", "shown", "shown+keys"};
     static const char *const changes[] = {"none", "same-action", "half", "half-state"};
     return std::string("focus-change/") + changes[static_cast<int>(which.change)] + '/'
-        + places[static_cast<int>(which.place)] + '/' + std::to_string(which.count);
+           + places[static_cast<int>(which.place)] + '/' + std::to_string(which.count);
 }
 
 /// Goes to and fro between two lists; the figure is one change, in microseconds.
@@ -224,10 +229,13 @@ double limitOf(Change change)
 {
     switch (change) {
     case Change::None:
-    case Change::SameAction: return 0.03;
-    case Change::Half: return 0.25;
+    case Change::SameAction:
+        return 0.03;
+    case Change::Half:
+        return 0.25;
     // Menus, tool bars and keys follow in both, which is nearly all of it.
-    case Change::HalfState: return 1.1;
+    case Change::HalfState:
+        return 1.1;
     }
     return 0;
 }
@@ -242,7 +250,8 @@ int main(int argc, char **argv)
     core.initialize();
 
     std::vector<std::pair<Case, std::unique_ptr<Figure>>> figures;
-    for (const Change change : {Change::None, Change::SameAction, Change::Half, Change::HalfState}) {
+    for (const Change change :
+         {Change::None, Change::SameAction, Change::Half, Change::HalfState}) {
         for (const Place place : {Place::Nowhere, Place::Shown, Place::ShownWithKeys}) {
             for (const int count : {100, 1000, 10000}) {
                 const Case which{count, place, change};

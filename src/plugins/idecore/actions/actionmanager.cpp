@@ -214,8 +214,8 @@ void ActionManager::formatTooltip(QAction *action)
     // Joined by an entity here and by a space in the tool tip of a proxy.
     const QString format = QStringLiteral(
         "<nobr>%1&nbsp;<span style=\"color: gray; font-size: small\">%2</span></nobr>");
-    action->setToolTip(format.arg(action->toolTip(),
-                                  action->shortcut().toString(QKeySequence::NativeText)));
+    action->setToolTip(
+        format.arg(action->toolTip(), action->shortcut().toString(QKeySequence::NativeText)));
 }
 
 void ActionManager::setToolbarIconSize(int size)

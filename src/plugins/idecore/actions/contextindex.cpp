@@ -70,10 +70,9 @@ void ContextIndex::leave(Contexts::iterator context, std::size_t place)
         leaving->chosen = nullptr;
     if (last != leaving) {
         proxies[place] = last;
-        const auto moved = std::find_if(last->entries.begin(), last->entries.end(),
-                                        [context](const IAction::Private::Entry &entry) {
-                                            return entry.indexed == context;
-                                        });
+        const auto moved = std::find_if(
+            last->entries.begin(), last->entries.end(),
+            [context](const IAction::Private::Entry &entry) { return entry.indexed == context; });
         moved->place = place;
     }
     proxies.pop_back();
@@ -93,12 +92,11 @@ void ContextIndex::setCurrentContexts(const QStringList &contexts)
 {
     // What stands in front of and behind the difference keeps its order, so that
     // a proxy without an action for a context in between keeps its choice.
-    const auto front = std::mismatch(m_current.cbegin(), m_current.cend(), contexts.cbegin(),
-                                     contexts.cend());
-    const auto back = std::mismatch(std::make_reverse_iterator(m_current.cend()),
-                                    std::make_reverse_iterator(front.first),
-                                    std::make_reverse_iterator(contexts.cend()),
-                                    std::make_reverse_iterator(front.second));
+    const auto front =
+        std::mismatch(m_current.cbegin(), m_current.cend(), contexts.cbegin(), contexts.cend());
+    const auto back = std::mismatch(
+        std::make_reverse_iterator(m_current.cend()), std::make_reverse_iterator(front.first),
+        std::make_reverse_iterator(contexts.cend()), std::make_reverse_iterator(front.second));
     QVarLengthArray<Context *, 32> moved;
     const auto gather = [this, &moved](auto begin, auto end) {
         std::for_each(begin, end, [this, &moved](const QString &id) {

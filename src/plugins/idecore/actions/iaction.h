@@ -105,8 +105,7 @@ namespace private_impl {
 
 /// The tool tip of a proxy: @p toolTip with @p key in grey behind it, as rich
 /// text. Empty when @p toolTip is empty.
-[[nodiscard]] IDECORE_EXPORT QString formatToolTip(const QString &toolTip,
-                                                   const QKeySequence &key);
+[[nodiscard]] IDECORE_EXPORT QString formatToolTip(const QString &toolTip, const QKeySequence &key);
 
 } // namespace private_impl
 } // namespace Core

@@ -63,9 +63,8 @@ void IAction::Private::markStale()
 
 std::vector<IAction::Private::Entry>::iterator IAction::Private::find(const QString &context)
 {
-    return std::find_if(entries.begin(), entries.end(), [&context](const Entry &entry) {
-        return entry.context == context;
-    });
+    return std::find_if(entries.begin(), entries.end(),
+                        [&context](const Entry &entry) { return entry.context == context; });
 }
 
 void IAction::Private::enter(Entry &entry)
@@ -140,10 +139,11 @@ bool IAction::Private::update()
     };
     if (!currentAction) {
         return (!hideWhenDeactivated || copied(self, [this] { q->setVisible(false); }))
-            && copied(self, [this] { q->setEnabled(false); });
+               && copied(self, [this] { q->setEnabled(false); });
     }
     if (textUpdated) {
-        const bool alive = copy([this](const QAction &action) { q->setText(action.text()); })
+        const bool alive =
+            copy([this](const QAction &action) { q->setText(action.text()); })
             && copy([this](const QAction &action) {
                    toolTip = action.toolTip();
                    q->setToolTip(private_impl::formatToolTip(toolTip, q->shortcut()));
@@ -153,7 +153,8 @@ bool IAction::Private::update()
             return false;
     }
     if (iconUpdated) {
-        const bool alive = copy([this](const QAction &action) { q->setIcon(action.icon()); })
+        const bool alive =
+            copy([this](const QAction &action) { q->setIcon(action.icon()); })
             && copy([this](const QAction &action) { q->setIconText(action.iconText()); })
             && copy([this](const QAction &action) {
                    q->setIconVisibleInMenu(action.isIconVisibleInMenu());
@@ -162,25 +163,25 @@ bool IAction::Private::update()
             return false;
     }
     return copy([this](const QAction &action) { q->setCheckable(action.isCheckable()); })
-        && copy([this](const QAction &action) { q->setChecked(action.isChecked()); })
-        && copy([this](const QAction &action) { q->setEnabled(action.isEnabled()); })
-        && copy([this](const QAction &action) { q->setVisible(action.isVisible()); });
+           && copy([this](const QAction &action) { q->setChecked(action.isChecked()); })
+           && copy([this](const QAction &action) { q->setEnabled(action.isEnabled()); })
+           && copy([this](const QAction &action) { q->setVisible(action.isVisible()); });
 }
 
 void IAction::Private::link()
 {
     if (!m_triggered) {
         m_triggered = connect(q, &QAction::triggered, q, [tie = Tie(m_self)](bool checked) {
-            const Private *d = tie.proxy();
-            if (d && d->connected && d->currentAction)
-                Q_EMIT d->currentAction->triggered(checked);
+            const Private *proxy = tie.proxy();
+            if (proxy && proxy->connected && proxy->currentAction)
+                Q_EMIT proxy->currentAction->triggered(checked);
         });
     }
     if (!m_toggled) {
         m_toggled = connect(q, &QAction::toggled, q, [tie = Tie(m_self)](bool checked) {
-            const Private *d = tie.proxy();
-            if (d && d->connected && d->currentAction)
-                d->currentAction->setChecked(checked);
+            const Private *proxy = tie.proxy();
+            if (proxy && proxy->connected && proxy->currentAction)
+                proxy->currentAction->setChecked(checked);
         });
     }
 
@@ -192,15 +193,15 @@ void IAction::Private::link()
         return;
     dropSpareLinks();
     m_links.push_back({action, connect(action, &QAction::changed, q, [tie = Tie(m_self), action] {
-                           Private *d = tie.proxy();
-                           if (!d || d->currentAction != action)
+                           Private *proxy = tie.proxy();
+                           if (!proxy || proxy->currentAction != action)
                                return;
                            // Not connected while it is bound: then what was
                            // copied may be outdated.
-                           if (d->connected)
-                               d->q->actionChanged();
+                           if (proxy->connected)
+                               proxy->q->actionChanged();
                            else
-                               d->markStale();
+                               proxy->markStale();
                        })});
 }
 
@@ -210,8 +211,7 @@ void IAction::Private::dropSpareLinks()
         if (!link.changed)
             return true;
         const auto isLinked = [&link](const Entry &entry) { return entry.action == link.action; };
-        if (link.action == currentAction
-            || std::any_of(entries.cbegin(), entries.cend(), isLinked))
+        if (link.action == currentAction || std::any_of(entries.cbegin(), entries.cend(), isLinked))
             return false;
         QObject::disconnect(link.changed);
         return true;

@@ -313,7 +313,8 @@ void TestActionManager::unknownIdsGiveNull()
 void TestActionManager::contextsReachEveryProxy()
 {
     for (int i = 0; i < 20; ++i)
-        ActionManager::registerAction(new QAction, QStringLiteral("Test.Command.%1").arg(i), Global);
+        ActionManager::registerAction(new QAction, QStringLiteral("Test.Command.%1").arg(i),
+                                      Global);
 
     ActionManager::setCurrentContexts({Global});
 
@@ -480,14 +481,14 @@ void TestActionManager::toolTipShowsTheShortcut()
 {
     QAction action;
     action.setToolTip(QStringLiteral("Open"));
-    action.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_O));
+    action.setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
 
     ActionManager::formatTooltip(&action);
 
     QCOMPARE(action.toolTip(),
              QStringLiteral("<nobr>Open&nbsp;<span style=\"color: gray; font-size: "
                             "small\">%1</span></nobr>")
-                 .arg(QKeySequence(Qt::CTRL + Qt::Key_O).toString(QKeySequence::NativeText)));
+                 .arg(QKeySequence(QStringLiteral("Ctrl+O")).toString(QKeySequence::NativeText)));
 }
 
 void TestActionManager::toolTipWithoutShortcutHasAnEmptySpan()

@@ -68,9 +68,9 @@ void TestCommandKeys::init()
 {
     m_core = std::make_unique<CoreFixture>();
     m_a = new QAction(QStringLiteral("A"));
-    m_a->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_K));
+    m_a->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
     m_b = new QAction(QStringLiteral("B"));
-    m_b->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_K));
+    m_b->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
     m_proxy = ActionManager::registerAction(m_a, Command, ContextA);
     ActionManager::registerAction(m_b, Command, ContextB);
 
@@ -238,7 +238,7 @@ void TestCommandKeys::changedKeyReplacesTheOldOne()
     ActionManager::setCurrentContexts({ContextA});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
-    m_proxy->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_J));
+    m_proxy->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));
     press();
     QCOMPARE(spy.count(), 0);
 

@@ -387,9 +387,8 @@ void TestContextChanges::changeMadeByAHandlerIsKeptUntilTheNextChange()
 {
     add(QStringLiteral("a"), Command, ContextA);
     auto handler = std::make_unique<QObject>();
-    connect(ActionManager::action(Command), &QAction::changed, handler.get(), [] {
-        ActionManager::action(Command)->setText(QStringLiteral("handler's"));
-    });
+    connect(ActionManager::action(Command), &QAction::changed, handler.get(),
+            [] { ActionManager::action(Command)->setText(QStringLiteral("handler's")); });
     ActionManager::setCurrentContexts({ContextA});
     handler.reset();
     QCOMPARE(text(), QStringLiteral("handler's"));

@@ -27,8 +27,8 @@ QIcon redIcon()
 QString shown(const QString &toolTip, const QKeySequence &key)
 {
     return QLatin1String("<nobr>") + toolTip
-        + QLatin1String(" <span style=\"color: gray; font-size: small\">")
-        + key.toString(QKeySequence::NativeText) + QLatin1String("</span></nobr>");
+           + QLatin1String(" <span style=\"color: gray; font-size: small\">")
+           + key.toString(QKeySequence::NativeText) + QLatin1String("</span></nobr>");
 }
 
 /// A proxy with an action for context A and one for context B.
@@ -156,7 +156,7 @@ void TestIAction::presentationIsTakenFromTheFirstAction()
     action.setIconVisibleInMenu(false);
     action.setText(QStringLiteral("&Text"));
     action.setToolTip(QStringLiteral("Tip"));
-    action.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
+    action.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
     action.setStatusTip(QStringLiteral("Status"));
     action.setWhatsThis(QStringLiteral("What"));
 
@@ -166,8 +166,8 @@ void TestIAction::presentationIsTakenFromTheFirstAction()
     QCOMPARE(proxy.iconText(), QStringLiteral("icon text"));
     QVERIFY(!proxy.isIconVisibleInMenu());
     QCOMPARE(proxy.text(), QStringLiteral("&Text"));
-    QCOMPARE(proxy.toolTip(), shown(QStringLiteral("Tip"), Qt::CTRL + Qt::Key_S));
-    QCOMPARE(proxy.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_S));
+    QCOMPARE(proxy.toolTip(), shown(QStringLiteral("Tip"), QKeySequence(QStringLiteral("Ctrl+S"))));
+    QCOMPARE(proxy.shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
     QCOMPARE(proxy.statusTip(), QStringLiteral("Status"));
     QCOMPARE(proxy.whatsThis(), QStringLiteral("What"));
 }
@@ -213,13 +213,14 @@ void TestIAction::toolTipCarriesTheShortcut_data()
     QTest::addColumn<QString>("toolTip");
     QTest::addColumn<QKeySequence>("key");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("both") << QStringLiteral("Save") << QKeySequence(Qt::CTRL + Qt::Key_S)
+    QTest::newRow("both") << QStringLiteral("Save") << QKeySequence(QStringLiteral("Ctrl+S"))
                           << QStringLiteral("<nobr>Save <span style=\"color: gray; font-size: "
                                             "small\">Ctrl+S</span></nobr>");
     QTest::newRow("no key") << QStringLiteral("Save") << QKeySequence()
                             << QStringLiteral("<nobr>Save <span style=\"color: gray; font-size: "
                                               "small\"></span></nobr>");
-    QTest::newRow("no tool tip") << QString() << QKeySequence(Qt::CTRL + Qt::Key_S) << QString();
+    QTest::newRow("no tool tip") << QString() << QKeySequence(QStringLiteral("Ctrl+S"))
+                                 << QString();
     QTest::newRow("place marker") << QStringLiteral("100%2") << QKeySequence(Qt::Key_F2)
                                   << QStringLiteral("<nobr>100%2 <span style=\"color: gray; "
                                                     "font-size: small\">F2</span></nobr>");
@@ -237,20 +238,22 @@ void TestIAction::shortcutIsAppendedToThePlainToolTip()
 {
     Bound bound;
 
-    bound.proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
 
-    QCOMPARE(bound.proxy.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_S));
-    QCOMPARE(bound.proxy.toolTip(), shown(QStringLiteral("A"), Qt::CTRL + Qt::Key_S));
+    QCOMPARE(bound.proxy.shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
+    QCOMPARE(bound.proxy.toolTip(),
+             shown(QStringLiteral("A"), QKeySequence(QStringLiteral("Ctrl+S"))));
 }
 
 void TestIAction::shortcutChangedReplacesTheOldOneInTheToolTip()
 {
     Bound bound;
-    bound.proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
 
-    bound.proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_T));
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+T")));
 
-    QCOMPARE(bound.proxy.toolTip(), shown(QStringLiteral("A"), Qt::CTRL + Qt::Key_T));
+    QCOMPARE(bound.proxy.toolTip(),
+             shown(QStringLiteral("A"), QKeySequence(QStringLiteral("Ctrl+T"))));
 }
 
 void TestIAction::emptyToolTipStaysEmptyWithAShortcut()
@@ -259,7 +262,7 @@ void TestIAction::emptyToolTipStaysEmptyWithAShortcut()
     QVERIFY(action.toolTip().isEmpty());
     IAction proxy(QStringLiteral("Test.Command"), &action);
 
-    proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
+    proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
 
     QCOMPARE(proxy.toolTip(), QString());
 }
@@ -267,7 +270,7 @@ void TestIAction::emptyToolTipStaysEmptyWithAShortcut()
 void TestIAction::shortcutRemovedLeavesAnEmptySpan()
 {
     Bound bound;
-    bound.proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
 
     bound.proxy.setShortcut(QKeySequence());
 
@@ -552,7 +555,7 @@ void TestIAction::textIsMirroredOnlyIfAsked()
 void TestIAction::textUpdatedCarriesToolTipAndStatusTip()
 {
     Bound bound;
-    bound.proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
     bound.proxy.setTextUpdated(true);
     bound.proxy.setCurrentContexts({ContextA});
 
@@ -561,7 +564,8 @@ void TestIAction::textUpdatedCarriesToolTipAndStatusTip()
     bound.a->setStatusTip(QStringLiteral("status"));
 
     QCOMPARE(bound.proxy.text(), QStringLiteral("Save \"a.v\""));
-    QCOMPARE(bound.proxy.toolTip(), shown(QStringLiteral("tip"), Qt::CTRL + Qt::Key_S));
+    QCOMPARE(bound.proxy.toolTip(),
+             shown(QStringLiteral("tip"), QKeySequence(QStringLiteral("Ctrl+S"))));
     QCOMPARE(bound.proxy.statusTip(), QStringLiteral("status"));
 }
 
@@ -627,13 +631,13 @@ void TestIAction::shortcutIsNeverMirrored()
     Bound bound;
     bound.proxy.setTextUpdated(true);
     bound.proxy.setIconUpdated(true);
-    bound.proxy.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_S));
-    bound.b->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_B));
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
+    bound.b->setShortcut(QKeySequence(QStringLiteral("Ctrl+B")));
 
     bound.proxy.setCurrentContexts({ContextB});
-    bound.b->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_X));
+    bound.b->setShortcut(QKeySequence(QStringLiteral("Ctrl+X")));
 
-    QCOMPARE(bound.proxy.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_S));
+    QCOMPARE(bound.proxy.shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
 }
 
 void TestIAction::actionChangedUpdates()

@@ -46,7 +46,6 @@ struct Counts
     int changed = 0;
     int toggled = 0;
     int triggered = 0;
-
 };
 
 /// Setting an icon counts as a change even if it is the same icon, and the plain
@@ -188,12 +187,12 @@ QString described(const QAction *action)
                .arg(action->text(), action->toolTip(), action->statusTip(), action->iconText(),
                     action->shortcut().toString(), action->whatsThis(),
                     QString::number(action->icon().cacheKey()))
-        + QStringLiteral("iconInMenu %1 checkable %2 checked %3 enabled %4 visible %5")
-              .arg(action->isIconVisibleInMenu())
-              .arg(action->isCheckable())
-              .arg(action->isChecked())
-              .arg(action->isEnabled())
-              .arg(action->isVisible());
+           + QStringLiteral("iconInMenu %1 checkable %2 checked %3 enabled %4 visible %5")
+                 .arg(action->isIconVisibleInMenu())
+                 .arg(action->isCheckable())
+                 .arg(action->isChecked())
+                 .arg(action->isEnabled())
+                 .arg(action->isVisible());
 }
 
 } // namespace
@@ -236,18 +235,27 @@ TestRandomContexts::Change TestRandomContexts::randomChange()
     const QString text = QStringLiteral("Text %1").arg(below(3));
     const QIcon icon = m_icons.at(static_cast<std::size_t>(below(3)));
     switch (below(9)) {
-    case 0: return [on](QAction *action) { action->setEnabled(on); };
-    case 1: return [on](QAction *action) { action->setVisible(on); };
-    case 2: return [on](QAction *action) { action->setCheckable(on); };
-    case 3: return [on](QAction *action) { action->setChecked(on); };
-    case 4: return [text](QAction *action) { action->setText(text); };
-    case 5: return [text](QAction *action) { action->setToolTip(text); };
-    case 6: return [text](QAction *action) { action->setStatusTip(text); };
-    case 7: return [icon, on](QAction *action) {
+    case 0:
+        return [on](QAction *action) { action->setEnabled(on); };
+    case 1:
+        return [on](QAction *action) { action->setVisible(on); };
+    case 2:
+        return [on](QAction *action) { action->setCheckable(on); };
+    case 3:
+        return [on](QAction *action) { action->setChecked(on); };
+    case 4:
+        return [text](QAction *action) { action->setText(text); };
+    case 5:
+        return [text](QAction *action) { action->setToolTip(text); };
+    case 6:
+        return [text](QAction *action) { action->setStatusTip(text); };
+    case 7:
+        return [icon, on](QAction *action) {
             action->setIcon(icon);
             action->setIconVisibleInMenu(on);
         };
-    default: return [text](QAction *action) { action->setIconText(text); };
+    default:
+        return [text](QAction *action) { action->setIconText(text); };
     }
 }
 
@@ -300,7 +308,7 @@ QString TestRandomContexts::step(RealWorld &real, PlainWorld &plain)
     if (kind < 48) {
         const auto furnish = [&change, &more, command](QAction *action) {
             if (command % 5 == 0)
-                action->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A + command));
+                action->setShortcut(QKeySequence(int(Qt::CTRL) + Qt::Key_A + command));
             change(action);
             more(action);
         };
@@ -368,13 +376,13 @@ QString TestRandomContexts::step(RealWorld &real, PlainWorld &plain)
     }
     if (kind < 95) {
         toBoth([on](auto *proxy) {
-            proxy->setShortcut(on ? QKeySequence(Qt::CTRL + Qt::Key_K) : QKeySequence());
+            proxy->setShortcut(on ? QKeySequence(QStringLiteral("Ctrl+K")) : QKeySequence());
         });
         return QStringLiteral("shortcut ") + where;
     }
     if (kind < 96) {
         if (real.action(command, context)) {
-            toBoth([&, this](auto *proxy) {
+            toBoth([&](auto *proxy) {
                 using Proxy = std::decay_t<decltype(*proxy)>;
                 if constexpr (std::is_same_v<Proxy, IAction>)
                     proxy->init(real.action(command, context));
@@ -419,7 +427,9 @@ QString TestRandomContexts::difference(RealWorld &real, PlainWorld &plain)
         const QString is = described(real.proxy(command));
         const QString should = described(plain.proxy(command));
         if (is != should)
-            return QStringLiteral("proxy %1:\n  is     %2\n  should %3").arg(command).arg(is, should);
+            return QStringLiteral("proxy %1:\n  is     %2\n  should %3")
+                .arg(command)
+                .arg(is, should);
         const QString isCounted = described(real.proxyCounts[command], !followsIcons(command));
         const QString shouldCount = described(plain.proxyCounts[command], !followsIcons(command));
         if (isCounted != shouldCount)
@@ -463,10 +473,9 @@ void TestRandomContexts::indexedChangesMatchThePlainRules()
         if (history.size() > 6)
             history.removeFirst();
         const QString found = difference(real, plain);
-        QVERIFY2(found.isEmpty(),
-                 qPrintable(QStringLiteral("after step %1: %2\n%3")
-                                .arg(i)
-                                .arg(found, history.join(QLatin1Char('\n')))));
+        QVERIFY2(found.isEmpty(), qPrintable(QStringLiteral("after step %1: %2\n%3")
+                                                 .arg(i)
+                                                 .arg(found, history.join(QLatin1Char('\n')))));
     }
 }
 
