@@ -91,9 +91,11 @@ std::optional<StartCost> measureStart(const std::vector<std::string> &command)
     // It shall not do any more: ending in good order is not part of the start.
     kill(pid, SIGKILL);
     rusage usage{};
-    wait4(pid, nullptr, 0, &usage);
+    int status = 0;
+    wait4(pid, &status, 0, &usage);
     if (!started) {
-        std::fprintf(stderr, "%s showed no window\n", command.front().c_str());
+        std::fprintf(stderr, "%s showed no window (wait status %d)\n", command.front().c_str(),
+                     status);
         return std::nullopt;
     }
     const auto toMs = [](const timeval &time) {
