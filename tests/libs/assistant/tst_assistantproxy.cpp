@@ -36,7 +36,7 @@ private Q_SLOTS:
     void stopForcesAStubbornViewer();
     void viewerKilledFromOutsideIsStartedAnewSilently();
     void viewerClosedByTheUserIsStartedAnew();
-    void viewerNotInstalledIsTold();
+    void missingViewerProgramIsTold();
     void viewerThatCannotStartIsTold();
     void missingCollectionIsTold();
     void viewerThatFailsIsTold();
@@ -214,7 +214,7 @@ void TestAssistantProxy::viewerClosedByTheUserIsStartedAnew()
     QTRY_COMPARE(log().value(2), QStringLiteral("told setSource qthelp://k/x.html"));
 }
 
-void TestAssistantProxy::viewerNotInstalledIsTold()
+void TestAssistantProxy::missingViewerProgramIsTold()
 {
     m_proxy->setViewerProgram(m_dir->filePath(QStringLiteral("no-viewer")));
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
