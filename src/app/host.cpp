@@ -26,6 +26,9 @@ using ExtSys::PluginSpec;
 
 namespace {
 
+const char *const glVariable = "QT_XCB_GL_INTEGRATION";
+bool glTurnedOff = false;
+
 QString pluginFolder()
 {
     return QDir::cleanPath(QCoreApplication::applicationDirPath()
@@ -66,6 +69,16 @@ QWidget *findMainWindow()
 }
 
 } // namespace
+
+void Host::turnGlOff()
+{
+    // Nothing here draws with GL, and loading it would cost more than the rest
+    // of an empty window.
+    if (qEnvironmentVariableIsSet(glVariable))
+        return;
+    qputenv(glVariable, "none");
+    glTurnedOff = true;
+}
 
 Host::Host(const CommandLine &commandLine)
     : m_commandLine(commandLine)
@@ -168,6 +181,10 @@ bool Host::eventFilter(QObject *watched, QEvent *event)
 void Host::onMainWindowShown()
 {
     m_splash.reset();
+    // Qt has looked at it for the first window; programs that are started from
+    // here shall find what the user has.
+    if (glTurnedOff)
+        qunsetenv(glVariable);
     if (m_commandLine.verbose)
         StartReport::printWindow();
     // The core opens the project 50 ms after it has shown the window; its files

@@ -23,6 +23,10 @@ class Host final : public QObject
 {
     Q_OBJECT
 public:
+    /// Keeps Qt from loading GL, unless the user chose how. Before there is an
+    /// application object.
+    static void turnGlOff();
+
     explicit Host(const CommandLine &commandLine);
     ~Host() override;
 

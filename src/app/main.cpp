@@ -65,10 +65,7 @@ int main(int argc, char **argv)
         return 0;
     }
 
-    // Nothing here draws with GL, and loading it would cost more than the rest
-    // of an empty window.
-    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
-        qputenv("QT_XCB_GL_INTEGRATION", "none");
+    Host::turnGlOff();
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setDesktopFileName(QStringLiteral("kelmo-designer"));
     const QApplication application(argc, argv);

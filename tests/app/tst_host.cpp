@@ -44,6 +44,8 @@ private Q_SLOTS:
     void traceIsPrintedWithVerboseOnly();
     void verbosePrintsTheShareOfEveryPlugin();
     void glIsTurnedOffUnlessTheUserSetIt();
+    void programsStartedFromHereFindGlAsTheUserHasIt_data();
+    void programsStartedFromHereFindGlAsTheUserHasIt();
 
     void theLanguageIsTakenFromTheSettings_data();
     void theLanguageIsTakenFromTheSettings();
@@ -357,6 +359,28 @@ void TestHost::glIsTurnedOffUnlessTheUserSetIt()
     QVERIFY(other.waitForEnd());
     QVERIFY(other.output().contains(text("gl xcb_egl")));
     QVERIFY(other.output().contains(text("pixmaps 1")));
+}
+
+void TestHost::programsStartedFromHereFindGlAsTheUserHasIt_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("not set") << QString();
+    QTest::newRow("none") << text("none");
+    QTest::newRow("egl") << text("xcb_egl");
+}
+
+void TestHost::programsStartedFromHereFindGlAsTheUserHasIt()
+{
+    QFETCH(const QString, value);
+    HostProcess host;
+    host.removeVariable(text("QT_XCB_GL_INTEGRATION"));
+    if (!value.isEmpty())
+        host.setVariable(text("QT_XCB_GL_INTEGRATION"), value);
+
+    host.start();
+
+    QVERIFY(host.waitForLine(text("splash gone")));
+    QVERIFY(host.output().contains(text("gl later ") + value));
 }
 
 void TestHost::theLanguageIsTakenFromTheSettings_data()

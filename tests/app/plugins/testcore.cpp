@@ -78,6 +78,7 @@ private:
     }
     static void lookAtSplash()
     {
+        say(QStringLiteral("gl later ") + QString::fromLocal8Bit(qgetenv("QT_XCB_GL_INTEGRATION")));
         const QWidgetList widgets = QApplication::topLevelWidgets();
         for (const QWidget *widget : widgets) {
             if (widget->windowType() == Qt::SplashScreen)
