@@ -82,6 +82,8 @@ private Q_SLOTS:
     void removedContextIsNotFoundByTheNextChange();
     void emptyContextRemovesNothing();
     void removedActionThatStaysCurrentIsMirrored();
+    void removedActionIsMirroredUntilTheNextChange();
+    void proxyForwardsNothingWhileItIsBound();
     void sameActionForTwoContextsIsMirroredOnce();
 
     void destroyedActionDisablesAtTheNextUpdate();
@@ -450,6 +452,30 @@ void TestIAction::removedActionThatStaysCurrentIsMirrored()
     bound.a->setEnabled(false);
 
     QVERIFY(!bound.proxy.isEnabled());
+}
+
+void TestIAction::removedActionIsMirroredUntilTheNextChange()
+{
+    Bound bound;
+    bound.proxy.setCurrentContexts({ContextA});
+
+    bound.proxy.removeContextAction(ContextA);
+    bound.a->setEnabled(false);
+
+    QVERIFY(!bound.proxy.isEnabled());
+}
+
+void TestIAction::proxyForwardsNothingWhileItIsBound()
+{
+    Bound bound;
+    bound.b->setVisible(false);
+    bound.proxy.setCurrentContexts({ContextB});
+    const QSignalSpy spy(bound.a.get(), &QAction::triggered);
+    connect(&bound.proxy, &QAction::changed, this, [&bound] { bound.proxy.trigger(); });
+
+    bound.proxy.setCurrentContexts({ContextA});
+
+    QCOMPARE(spy.count(), 0);
 }
 
 void TestIAction::sameActionForTwoContextsIsMirroredOnce()
