@@ -22,6 +22,7 @@
 namespace Utils {
 
 namespace {
+constexpr int buttonSize = 16;
 constexpr int minimumTitleChars = 8;
 constexpr int maximumTitleChars = 32;
 
@@ -73,9 +74,10 @@ QVector<MdiSubWindow *> DocumentTabBar::documents() const
 
 QRect DocumentTabBar::closeButtonRect(int index) const
 {
-    QStyleOptionTab option;
-    initTabOption(&option, index);
-    return style()->subElementRect(QStyle::SE_TabBarTabRightButton, &option, this);
+    const QRect tab = tabRect(index);
+    const QRect place(tab.right() - 6 - buttonSize, tab.center().y() - buttonSize / 2 + 1, buttonSize,
+                      buttonSize);
+    return QStyle::visualRect(layoutDirection(), tab, place);
 }
 
 void DocumentTabBar::addDocument(MdiSubWindow *window)
@@ -136,14 +138,12 @@ QSize DocumentTabBar::tabSizeHint(int index) const
     const Tab &tab = m_tabs.at(index);
     if (tab.width == 0) {
         const QSize hint = QTabBar::tabSizeHint(index);
-        const int button = style()->pixelMetric(QStyle::PM_TabCloseIndicatorWidth, nullptr, this);
         const int text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
         // Neither too small to hit beside its button nor all there is to see.
         const int character = fontMetrics().averageCharWidth();
         const int room = qBound(character * minimumTitleChars, text, character * maximumTitleChars);
-        tab.width = hint.width() - text + room + button + 4;
-        m_height = std::max({m_height, hint.height(),
-            style()->pixelMetric(QStyle::PM_TabCloseIndicatorHeight, nullptr, this) + 8});
+        tab.width = hint.width() - text + room + buttonSize;
+        m_height = std::max({m_height, hint.height(), buttonSize + 8});
     }
     return {tab.width, m_height};
 }
@@ -302,9 +302,7 @@ void DocumentTabBar::wheelEvent(QWheelEvent *event)
 void DocumentTabBar::initTabOption(QStyleOptionTab *option, int index) const
 {
     initStyleOption(option, index);
-    const int width = style()->pixelMetric(QStyle::PM_TabCloseIndicatorWidth, nullptr, this);
-    const int height = style()->pixelMetric(QStyle::PM_TabCloseIndicatorHeight, nullptr, this);
-    option->rightButtonSize = QSize(width, height);
+    option->rightButtonSize = QSize(buttonSize, buttonSize);
     const Tab &tab = m_tabs.at(index);
     const QRect room = style()->subElementRect(QStyle::SE_TabBarTabText, option, this);
     // The mark stays in sight where the title is cut.
@@ -348,16 +346,29 @@ void DocumentTabBar::paintTab(QPainter &painter, int index) const
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
     }
 
-    QStyleOption close;
-    close.initFrom(this);
-    close.rect = style()->subElementRect(QStyle::SE_TabBarTabRightButton, &option, this);
-    close.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
-    close.state |= QStyle::State_AutoRaise;
-    if (index == m_hoveredClose)
-        close.state |= index == m_pressedClose ? QStyle::State_Sunken : QStyle::State_Raised;
-    if (isCurrent)
-        close.state |= QStyle::State_Selected;
-    style()->drawPrimitive(QStyle::PE_IndicatorTabClose, &close, &painter, this);
+    paintCloseButton(painter, index);
+}
+
+void DocumentTabBar::paintCloseButton(QPainter &painter, int index) const
+{
+    // Drawn, because the image that styles have for it is lost on dark colours.
+    const QRect button = closeButtonRect(index);
+    const bool hovered = index == m_hoveredClose;
+    QColor colour = palette().color(index == currentIndex() ? QPalette::Text : QPalette::WindowText);
+    if (hovered) {
+        QColor back = colour;
+        back.setAlphaF(index == m_pressedClose ? 0.35 : 0.18);
+        painter.fillRect(button, back);
+    } else {
+        colour.setAlphaF(0.6);
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.4));
+    const QRectF cross = QRectF(button).adjusted(4.5, 4.5, -4.5, -4.5);
+    painter.drawLine(cross.topLeft(), cross.bottomRight());
+    painter.drawLine(cross.topRight(), cross.bottomLeft());
+    painter.restore();
 }
 
 void DocumentTabBar::onCurrentChanged(int index)

@@ -66,6 +66,7 @@ private:
 
     void initTabOption(QStyleOptionTab *option, int index) const;
     void paintTab(QPainter &painter, int index) const;
+    void paintCloseButton(QPainter &painter, int index) const;
     void onCurrentChanged(int index);
     void onTabMoved(int from, int to);
     void drag(const QPoint &pos);

@@ -155,6 +155,15 @@ void MdiSubWindow::closeEvent(QCloseEvent *event)
     Q_EMIT closed(this);
 }
 
+void MdiSubWindow::resizeEvent(QResizeEvent *event)
+{
+    // QMdiSubWindow would keep what it draws of a title bar for a while.
+    if (d->framed)
+        QMdiSubWindow::resizeEvent(event);
+    else
+        QWidget::resizeEvent(event);
+}
+
 void MdiSubWindow::showEvent(QShowEvent *event)
 {
     // QMdiSubWindow activates itself here.
@@ -198,6 +207,8 @@ void MdiSubWindow::setFramed(bool framed)
     // hidden, and put buttons into the menu bar of the main window.
     const Qt::WindowStates active = windowState() & Qt::WindowActive;
     overrideWindowState(framed ? active : active | Qt::WindowMaximized);
+    if (!framed)
+        clearMask();
     takeIcon();
 }
 

@@ -56,6 +56,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void childEvent(QChildEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
