@@ -91,9 +91,6 @@ void EditorManagerPrivate::placeEditor(IEditor *editor)
 
 void EditorManagerPrivate::onEditorDestroyed(const QObject *editor)
 {
-    // The guard lets go later than a widget says that it is destroyed.
-    if (currentEditor == editor)
-        currentEditor = nullptr;
     const auto known = std::find(editors.begin(), editors.end(), editor);
     if (known == editors.end())
         return; // closed before
@@ -185,7 +182,7 @@ IEditorFactory *EditorManager::factoryForFile(const QString &file)
 
 IEditor *EditorManager::currentEditor()
 {
-    return EditorManagerPrivate::get()->currentEditor;
+    return EditorManagerPrivate::get()->current();
 }
 
 QList<IEditor *> EditorManager::allEditors()
@@ -208,7 +205,7 @@ void EditorManager::onCurrentViewChanged(Core::IView *widget)
     auto *d = EditorManagerPrivate::get();
     d->currentEditor = qobject_cast<IEditor *>(widget);
     d->updateActions();
-    Q_EMIT currentEditorChanged(d->currentEditor);
+    Q_EMIT currentEditorChanged(d->current());
 }
 
 void EditorManager::onEditorModified(bool modified)

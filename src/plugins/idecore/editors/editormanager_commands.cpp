@@ -98,11 +98,11 @@ void EditorManager::initialize()
 
 void EditorManagerPrivate::updateActions()
 {
-    if (currentEditor) {
-        const QString title = currentEditor->shortTitle();
+    if (const IEditor *editor = current()) {
+        const QString title = editor->shortTitle();
         actSave->setText(EditorManager::tr("&Save \"%1\"").arg(title));
         actSave->setToolTip(EditorManager::tr("Save \"%1\"").arg(title));
-        actSave->setEnabled(currentEditor->isModified());
+        actSave->setEnabled(editor->isModified());
         actSaveAs->setText(EditorManager::tr("Save \"%1\" &As...").arg(title));
         actSaveAs->setToolTip(EditorManager::tr("Save \"%1\" As").arg(title));
         actSaveAs->setEnabled(true);
@@ -121,7 +121,7 @@ bool EditorManagerPrivate::hasEditorModified() const
 
 void EditorManager::onActSave()
 {
-    const QPointer<IEditor> editor = d->currentEditor;
+    const QPointer<IEditor> editor = d->current();
     if (!editor || !editor->isModified())
         return;
     QString errorString;
@@ -136,7 +136,7 @@ void EditorManager::onActSave()
 
 void EditorManager::onActSaveAs()
 {
-    const QPointer<IEditor> editor = d->currentEditor;
+    const QPointer<IEditor> editor = d->current();
     if (!editor)
         return;
     const QString fileName = QFileDialog::getSaveFileName(

@@ -39,12 +39,15 @@ public:
     void storeRecentFiles() const;
     void updateActions();
     [[nodiscard]] bool hasEditorModified() const;
+    /// Null also while the current editor is being destroyed: it is no IEditor any
+    /// more when its guard still holds it.
+    [[nodiscard]] IEditor *current() const { return qobject_cast<IEditor *>(currentEditor.data()); }
     /// @p editor is no more than a widget by now.
     void onEditorDestroyed(const QObject *editor);
 
     /// In the order in which they were placed; owned by their sub-windows.
     QList<IEditor *> editors;
-    QPointer<IEditor> currentEditor;
+    QPointer<QWidget> currentEditor;
     QStringList recentFiles;
     QAction *actSave = nullptr;
     QAction *actSaveAs = nullptr;

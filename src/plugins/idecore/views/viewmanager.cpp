@@ -158,7 +158,7 @@ void ViewManager::shutdown()
 
 IView *ViewManager::currentView()
 {
-    return d->currentView;
+    return d->current();
 }
 
 void ViewManager::showView(IView *view)
@@ -177,7 +177,7 @@ void ViewManager::showView(IView *view)
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
     connect(view, &QObject::destroyed, m_instance,
-            [view, window] { m_instance->onViewDestroyed(view, window); });
+            [window] { m_instance->onViewDestroyed(window); });
     connect(window, &QObject::destroyed, m_instance, &ViewManager::onSubWindowDestroyed);
     d->subWindows.append(window);
     d->mdiArea->addSubWindow(window);
@@ -252,20 +252,23 @@ void ViewManager::onActResetLayout() {}
 
 void ViewManager::onCurrentSubWindowChanged(Utils::MdiSubWindow *window)
 {
-    // The view told first may close the other.
-    const QPointer<Utils::MdiSubWindow> guard(window);
-    if (d->currentView)
-        d->currentView->onDeactivated();
-    IView *view = viewOf(guard);
+    const bool shown = d->subWindows.contains(window);
+    if (IView *before = d->current())
+        before->onDeactivated();
+    // The view told first may have closed the other; what is current instead has
+    // been reported then.
+    if (shown && !d->subWindows.contains(window))
+        return;
+    IView *view = viewOf(window);
     if (view)
         qDebug() << "current view:" << view << view->shortTitle();
     else
         qDebug() << "current view:" << static_cast<void *>(nullptr);
     d->currentView = view;
-    if (d->currentView)
-        d->currentView->onActivated();
+    if (view)
+        view->onActivated();
     updateActions();
-    Q_EMIT viewActiveted(d->currentView);
+    Q_EMIT viewActiveted(d->current());
 }
 
 void ViewManager::onSubWindowClose(Utils::MdiSubWindow *window)
@@ -277,11 +280,8 @@ void ViewManager::onSubWindowClose(Utils::MdiSubWindow *window)
     Q_EMIT viewClosed(view);
 }
 
-void ViewManager::onViewDestroyed(const IView *view, Utils::MdiSubWindow *window)
+void ViewManager::onViewDestroyed(Utils::MdiSubWindow *window)
 {
-    // The guard lets go later than a widget says that it is destroyed.
-    if (d->currentView == view)
-        d->currentView = nullptr;
     // A window that closes or is destroyed takes its view with it.
     if (!d->subWindows.removeOne(window))
         return;
@@ -302,7 +302,7 @@ void ViewManager::onSubWindowDestroyed(QObject *window)
 
 void ViewManager::updateActions()
 {
-    const IView *view = d->currentView;
+    const IView *view = d->current();
     d->actClose->setText(view ? tr("&Close \"%1\"").arg(view->shortTitle()) : tr("&Close"));
     d->actClose->setEnabled(view);
     d->actCloseAll->setEnabled(!d->subWindows.isEmpty());
@@ -318,7 +318,7 @@ void ViewManager::updateWindowMenu()
             continue;
         auto *action = new QAction(view->shortTitle(), this);
         action->setCheckable(true);
-        action->setChecked(view == d->currentView);
+        action->setChecked(view == d->current());
         // On toggled, so that choosing the checked entry activates its window, too.
         connect(action, &QAction::toggled, d->signalMapper, qOverload<>(&QSignalMapper::map));
         d->signalMapper->setMapping(action, window);

@@ -111,9 +111,8 @@ Q_SIGNALS:
     void viewClosed(Core::IView *view);
 
 private:
-    /// @p view is no more than a widget by now; @p window, which was made for it,
-    /// may be gone.
-    void onViewDestroyed(const IView *view, Utils::MdiSubWindow *window);
+    /// The view for which @p window was made is destroyed; the window may be gone.
+    void onViewDestroyed(Utils::MdiSubWindow *window);
     /// @p window is no more than a widget by now.
     void onSubWindowDestroyed(QObject *window);
 };

@@ -37,6 +37,9 @@ public:
 
     /// The sub-window that holds @p view; null when the view is not shown.
     [[nodiscard]] Utils::MdiSubWindow *subWindow(const IView *view) const;
+    /// Null also while the current view is being destroyed: it is no IView any
+    /// more when its guard still holds it.
+    [[nodiscard]] IView *current() const { return qobject_cast<IView *>(currentView.data()); }
 
     // Contexts
     std::unordered_map<const QWidget *, std::unique_ptr<QStringList>> widgetContexts;
@@ -48,7 +51,7 @@ public:
     /// In the order in which the views were first shown. Tells which views
     /// exist; a window leaves it when it closes, is taken out or is destroyed.
     QList<Utils::MdiSubWindow *> subWindows;
-    QPointer<IView> currentView;
+    QPointer<QWidget> currentView;
     QAction *actClose = nullptr;
     QAction *actCloseAll = nullptr;
     QMenu *windowMenu = nullptr;

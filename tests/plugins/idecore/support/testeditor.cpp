@@ -8,16 +8,6 @@
 #include <QCursor>
 #include <QFileInfo>
 
-TestEditor::TestEditor(QStringList *journal)
-    : m_journal(journal)
-{
-}
-
-TestEditor::~TestEditor()
-{
-    note(QStringLiteral("destroyed"));
-}
-
 void TestEditor::setFileName(const QString &fileName)
 {
     m_fileName = fileName;
@@ -33,6 +23,8 @@ void TestEditor::setModified(bool modified)
 void TestEditor::setReadOnly(bool readOnly)
 {
     note(readOnly ? QStringLiteral("read-only") : QStringLiteral("writable"));
+    if (whileSettingReadOnly)
+        whileSettingReadOnly();
     readOnlySet.append(readOnly);
     IEditor::setReadOnly(readOnly);
 }
@@ -40,6 +32,8 @@ void TestEditor::setReadOnly(bool readOnly)
 bool TestEditor::open(const QString &fileName, QString *errorString)
 {
     note(QStringLiteral("open"));
+    if (whileOpening)
+        whileOpening();
     opened.append(fileName);
     if (failOpen) {
         *errorString = errorText;
@@ -47,6 +41,13 @@ bool TestEditor::open(const QString &fileName, QString *errorString)
     }
     setFileName(fileName);
     return true;
+}
+
+QString TestEditor::fileName() const
+{
+    if (fileNameAsked)
+        ++*fileNameAsked;
+    return m_fileName;
 }
 
 bool TestEditor::save(QString *errorString)

@@ -17,14 +17,20 @@ class TestEditor final : public Core::IEditor
 {
     Q_OBJECT
 public:
-    explicit TestEditor(QStringList *journal = nullptr);
-    ~TestEditor() override;
+    TestEditor() = default;
+
+    /// Where it writes down what it is asked, "<file name> <what>"; has to outlive
+    /// it.
+    void setJournal(QStringList *journal) { m_journal = journal; }
 
     // How it behaves
     bool refuseClose = false;
     bool failOpen = false;
     bool failSave = false;
     QString errorText;
+    /// Run at the start of open() and setReadOnly().
+    std::function<void()> whileOpening;
+    std::function<void()> whileSettingReadOnly;
     /// Runs inside save() and saveAs(), before they answer.
     std::function<void()> whileSaving;
 
@@ -37,6 +43,8 @@ public:
     /// Whether the wait cursor was up during the last save() or saveAs().
     bool waitCursorWhileSaving = false;
     QList<bool> readOnlySet;
+    /// Counts the calls of fileName(), where set.
+    int *fileNameAsked = nullptr;
 
     void setFileName(const QString &fileName);
     /// Emits modificationStateChanged() also when nothing changes.
@@ -45,7 +53,7 @@ public:
     [[nodiscard]] int currentLine() const override { return 1; }
     void setReadOnly(bool readOnly) override;
     bool open(const QString &fileName, QString *errorString) override;
-    [[nodiscard]] QString fileName() const override { return m_fileName; }
+    [[nodiscard]] QString fileName() const override;
     [[nodiscard]] bool isModified() const override { return m_modified; }
     bool save(QString *errorString) override;
     bool saveAs(const QString &fileName, QString *errorString) override;
@@ -59,7 +67,7 @@ private:
 
     QString m_fileName;
     bool m_modified = false;
-    QStringList *m_journal;
+    QStringList *m_journal = nullptr;
 };
 
 /// Makes TestEditors and remembers how many. Not in the pool by itself.

@@ -22,6 +22,8 @@ void TestView::onDeactivated()
 {
     ++deactivated;
     note("deactivated");
+    if (whileDeactivated)
+        whileDeactivated();
 }
 
 void TestView::closeEvent(QCloseEvent *event)

@@ -22,6 +22,8 @@ public:
     bool refuseClose = false;
     /// Runs inside the close handling, before the answer is given.
     std::function<void()> whileClosing;
+    /// Runs inside onDeactivated().
+    std::function<void()> whileDeactivated;
     int activated = 0;
     int deactivated = 0;
     int asked = 0;

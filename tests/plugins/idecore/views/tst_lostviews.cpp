@@ -96,6 +96,7 @@ private Q_SLOTS:
     void viewsCloseOneAnother();
     void viewClosedByWhoeverIsToldOfItsActivation();
     void windowDestroyedByWhoeverIsToldOfItsActivation();
+    void viewClosedWhileAnotherIsDeactivated();
     void viewShownWhileAnotherCloses();
 
     void destroyedView();
@@ -289,6 +290,22 @@ void TestLostViews::windowDestroyedByWhoeverIsToldOfItsActivation()
 
     ViewManager::showView(first);
 
+    QCOMPARE(listedViews(), texts({"[x] second"}));
+}
+
+void TestLostViews::viewClosedWhileAnotherIsDeactivated()
+{
+    TestView *first = show("first");
+    TestView *second = show("second");
+    second->whileDeactivated = [first, second] {
+        second->whileDeactivated = nullptr;
+        ViewManager::closeView(first);
+    };
+
+    ViewManager::showView(first);
+
+    QCOMPARE(ViewManager::currentView(), second);
+    QCOMPARE(area()->currentWindow()->widget(), second);
     QCOMPARE(listedViews(), texts({"[x] second"}));
 }
 

@@ -1,0 +1,896 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/corefixture.h"
+#include "support/messagerecorder.h"
+#include "support/modaldialog.h"
+#include "support/testeditor.h"
+#include "support/testview.h"
+
+#include <idecore/core/idecore.h>
+#include <idecore/editors/editormanager.h>
+#include <idecore/editors/editormanager_p.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/mimedatabase/mimedatabase.h>
+#include <idecore/views/viewmanager.h>
+#include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+#include <sys/stat.h>
+
+using Core::EditorManager;
+using Core::IEditor;
+using Core::IEditorFactory;
+using Core::MimeType;
+using Core::ViewManager;
+using Core::private_impl::EditorManagerPrivate;
+
+namespace {
+
+void addType(const char *name, const char *suffix, std::initializer_list<const char *> parents)
+{
+    MimeType type;
+    type.setType(QString::fromLatin1(name));
+    type.setSubClassesOf(texts(parents));
+    if (suffix)
+        type.setGlobPatterns({Core::MimeGlobPattern(QLatin1String("*.") + QLatin1String(suffix))});
+    if (!Core::IdeCore::mimeDatabase()->addMimeType(type))
+        QTest::qFail("the type was not added", __FILE__, __LINE__);
+}
+
+MimeType type(const char *name)
+{
+    return Core::IdeCore::mimeDatabase()->findByType(QString::fromLatin1(name));
+}
+
+int subWindowCount()
+{
+    return ViewManager::mainWindow()->documentArea()->subWindows().size();
+}
+
+QByteArray pixels(const QIcon &icon)
+{
+    const QImage image = icon.pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32);
+    return QByteArray(reinterpret_cast<const char *>(image.constBits()),
+                      static_cast<int>(image.sizeInBytes()));
+}
+
+} // namespace
+
+class TestOpenEditor final : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void typeOfAFile();
+    void unknownTypeIsPlainText();
+    void factoriesOfTheTypeComeFirst();
+    void factoriesAreFoundDepthFirst();
+    void factoriesAreListedWithRepeats();
+    void factoriesMatchTheTypeCaseSensitively();
+    void unknownParentContributesNothing();
+    void factoriesForFileHaveNoRepeats();
+    void factoryEarlierInThePoolWins();
+    void factoryForFileWithoutAny();
+
+    void opensWithTheFactoryOfTheType();
+    void opensWithTheFactoryOfTheParent();
+    void opensAFileOfUnknownTypeAsText();
+    void editorGetsTheAbsolutePath();
+    void editorIsCurrentAndListed();
+    void readOnlyIsPassedOn();
+    void openingOrder();
+    void editorWithoutAnIconGetsTheDefaultOne();
+    void editorWithAnIconKeepsIt();
+    void editorCarriesTheEditorContext();
+    void editorKeepsItsFocusPolicy();
+    void openingAgainShowsTheSameEditor();
+    void relativeAndAbsolutePathAreTheSameFile();
+    void pathWithDotsIsTheSameFile();
+    void openingAgainIgnoresReadOnly();
+    void letterCaseMakesAnotherFile();
+    void linkIsAnotherFile();
+    void editorForFileFollowsARename();
+    void editorForFileOfNone();
+    void editorWithoutAFile();
+
+    void missingFile();
+    void missingFileIsToldOverTheModalDialog();
+    void noFactory();
+    void factoryThatMakesNothing();
+    void failedOpen();
+    void failedOpenWithoutAReason();
+    void failedEditorIsDestroyed();
+    void openErrorUsesNativeSeparators();
+    void openErrorsParentIsTheMainWindow();
+
+    void currentEditorFollowsTheViews();
+    void otherViewClearsTheCurrentEditor();
+    void currentEditorIsReported();
+    void closeEditor();
+    void closeEditorRefused();
+    void closeEditorByFile();
+    void closeNoEditor();
+    void closeEditorThatIsNotShown();
+    void destroyedEditorLeavesNothingBehind();
+    void destroyedEditorUpdatesTheCommands();
+    void destroyedSubWindowLeavesNothingBehind();
+    void savedIsReported();
+    void logLines();
+    void refusedFilesAreNotLogged();
+
+    void directory();
+    void fifoDoesNotHang();
+    void unreadableFile();
+    void oddNames_data();
+    void oddNames();
+    void openingAsksEachOpenEditorOnce();
+
+private:
+    QString makeFile(const QString &name, const QByteArray &content = "text\n");
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<CoreFixture> m_core;
+    std::unique_ptr<TestEditorFactory> m_factory;
+    std::unique_ptr<InPool> m_inPool;
+};
+
+void TestOpenEditor::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_core = std::make_unique<CoreFixture>();
+    m_factory = std::make_unique<TestEditorFactory>(texts({"text/plain"}));
+    m_inPool = std::make_unique<InPool>(m_factory.get());
+}
+
+void TestOpenEditor::cleanup()
+{
+    m_inPool.reset();
+    m_core.reset();
+    m_factory.reset();
+    m_folder.reset();
+}
+
+QString TestOpenEditor::makeFile(const QString &name, const QByteArray &content)
+{
+    QFile file(m_folder->filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        QTest::qFail("the file could not be made", __FILE__, __LINE__);
+    return file.fileName();
+}
+
+void TestOpenEditor::typeOfAFile()
+{
+    addType("text/x-test", "tst", {"text/plain"});
+
+    QCOMPARE(Core::private_impl::determineMimeType(makeFile(QStringLiteral("a.tst"))).type(),
+             QStringLiteral("text/x-test"));
+}
+
+void TestOpenEditor::unknownTypeIsPlainText()
+{
+    const QString missing = m_folder->filePath(QStringLiteral("missing"));
+    QVERIFY(Core::IdeCore::mimeDatabase()->findByFile(QFileInfo(missing)).isNull());
+
+    QCOMPARE(Core::private_impl::determineMimeType(missing).type(), QStringLiteral("text/plain"));
+}
+
+void TestOpenEditor::factoriesOfTheTypeComeFirst()
+{
+    addType("text/x-child", nullptr, {"text/plain"});
+    TestEditorFactory parent(texts({"text/plain"}));
+    TestEditorFactory child(texts({"text/x-child"}));
+
+    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("text/x-child"), {&parent, &child}),
+             (QList<IEditorFactory *>{&child, &parent}));
+}
+
+void TestOpenEditor::factoriesAreFoundDepthFirst()
+{
+    addType("a/grandparent", nullptr, {});
+    addType("a/first", nullptr, {"a/grandparent"});
+    addType("a/second", nullptr, {});
+    addType("a/child", nullptr, {"a/first", "a/second"});
+    TestEditorFactory second(texts({"a/second"}));
+    TestEditorFactory grandparent(texts({"a/grandparent"}));
+    TestEditorFactory first(texts({"a/first"}));
+
+    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/child"),
+                                                         {&second, &grandparent, &first}),
+             (QList<IEditorFactory *>{&first, &grandparent, &second}));
+}
+
+void TestOpenEditor::factoriesAreListedWithRepeats()
+{
+    addType("a/parent", nullptr, {});
+    addType("a/child", nullptr, {"a/parent"});
+    TestEditorFactory both(texts({"a/parent", "a/child"}));
+
+    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/child"), {&both}),
+             (QList<IEditorFactory *>{&both, &both}));
+}
+
+void TestOpenEditor::factoriesMatchTheTypeCaseSensitively()
+{
+    addType("a/type", nullptr, {});
+    TestEditorFactory factory(texts({"a/Type", "A/TYPE", "a/typ", "a/type2"}));
+
+    QVERIFY(Core::private_impl::getFactoriesRecursively(type("a/type"), {&factory}).isEmpty());
+}
+
+void TestOpenEditor::unknownParentContributesNothing()
+{
+    addType("a/child", nullptr, {"a/unknown", "text/plain"});
+    TestEditorFactory unknown(texts({"a/unknown"}));
+    TestEditorFactory text(texts({"text/plain"}));
+
+    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/child"), {&unknown, &text}),
+             QList<IEditorFactory *>{&text});
+}
+
+void TestOpenEditor::factoriesForFileHaveNoRepeats()
+{
+    addType("text/x-test", "tst", {"text/plain"});
+    TestEditorFactory both(texts({"text/plain", "text/x-test"}));
+    const InPool pooled(&both);
+
+    // In the pool it stands behind the factory of the parent.
+    QCOMPARE(EditorManager::factoriesForFile(makeFile(QStringLiteral("a.tst"))),
+             (QList<IEditorFactory *>{&both, m_factory.get()}));
+}
+
+void TestOpenEditor::factoryEarlierInThePoolWins()
+{
+    TestEditorFactory later(texts({"text/plain"}));
+    const InPool pooled(&later);
+    const QString file = makeFile(QStringLiteral("a.txt"));
+
+    QCOMPARE(EditorManager::factoriesForFile(file),
+             (QList<IEditorFactory *>{m_factory.get(), &later}));
+    QCOMPARE(EditorManager::factoryForFile(file), m_factory.get());
+}
+
+void TestOpenEditor::factoryForFileWithoutAny()
+{
+    m_factory->types.clear();
+    const QString file = makeFile(QStringLiteral("a.txt"));
+
+    QVERIFY(EditorManager::factoriesForFile(file).isEmpty());
+    QCOMPARE(EditorManager::factoryForFile(file), nullptr);
+    QCOMPARE(EditorManagerPrivate::createEditor(file), nullptr);
+}
+
+void TestOpenEditor::opensWithTheFactoryOfTheType()
+{
+    addType("text/x-test", "tst", {"text/plain"});
+    TestEditorFactory exact(texts({"text/x-test"}));
+    const InPool pooled(&exact);
+
+    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.tst")), false);
+
+    QVERIFY(editor);
+    QCOMPARE(exact.made, 1);
+    QCOMPARE(m_factory->made, 0);
+}
+
+void TestOpenEditor::opensWithTheFactoryOfTheParent()
+{
+    addType("text/x-parent", nullptr, {"text/plain"});
+    addType("text/x-test", "tst", {"text/x-parent"});
+    TestEditorFactory parent(texts({"text/x-parent"}));
+    const InPool pooled(&parent);
+
+    EditorManager::openEditor(makeFile(QStringLiteral("a.tst")), false);
+
+    QCOMPARE(parent.made, 1);
+    QCOMPARE(m_factory->made, 0);
+}
+
+void TestOpenEditor::opensAFileOfUnknownTypeAsText()
+{
+    QVERIFY(EditorManager::openEditor(makeFile(QStringLiteral("LIESMICH")), false));
+
+    QCOMPARE(m_factory->made, 1);
+}
+
+void TestOpenEditor::editorGetsTheAbsolutePath()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+
+    EditorManager::openEditor(QDir::current().relativeFilePath(path), false);
+
+    QCOMPARE(m_factory->last->opened, QStringList{path});
+}
+
+void TestOpenEditor::editorIsCurrentAndListed()
+{
+    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    IEditor *second = EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+
+    QCOMPARE(EditorManager::allEditors(), (QList<IEditor *>{first, second}));
+    QCOMPARE(EditorManager::currentEditor(), second);
+    QCOMPARE(ViewManager::currentView(), second);
+    QCOMPARE(subWindowCount(), 2);
+}
+
+void TestOpenEditor::readOnlyIsPassedOn()
+{
+    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), true);
+    QCOMPARE(m_factory->last->readOnlySet, QList<bool>{true});
+    QVERIFY(m_factory->last->isReadOnly());
+
+    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    QCOMPARE(m_factory->last->readOnlySet, QList<bool>{false});
+
+    EditorManager::openEditor(makeFile(QStringLiteral("c.txt")));
+    QCOMPARE(m_factory->last->readOnlySet, QList<bool>{false});
+}
+
+void TestOpenEditor::openingOrder()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    QStringList order;
+    m_factory->prepare = [&](TestEditor *editor) {
+        editor->whileOpening = [&] {
+            order.append(QStringLiteral("open, recent: %1").arg(EditorManager::recentFiles().size()));
+        };
+        editor->whileSettingReadOnly = [&] {
+            order.append(QStringLiteral("read-only, recent: %1, editors: %2")
+                             .arg(EditorManager::recentFiles().size())
+                             .arg(EditorManager::allEditors().size()));
+        };
+    };
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this, [&] {
+        order.append(QStringLiteral("current, recent: %1, editors: %2")
+                         .arg(EditorManager::recentFiles().size())
+                         .arg(EditorManager::allEditors().size()));
+    });
+
+    EditorManager::openEditor(path, true);
+
+    QCOMPARE(order, texts({"open, recent: 0", "read-only, recent: 0, editors: 0",
+                           "current, recent: 1, editors: 1"}));
+}
+
+void TestOpenEditor::editorWithoutAnIconGetsTheDefaultOne()
+{
+    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    QVERIFY(!editor->windowIcon().isNull());
+    QCOMPARE(pixels(editor->windowIcon()),
+             pixels(QIcon(QStringLiteral(":/core/image/editor_default.png"))));
+}
+
+void TestOpenEditor::editorWithAnIconKeepsIt()
+{
+    QPixmap red(32, 32);
+    red.fill(Qt::red);
+    m_factory->prepare = [&red](TestEditor *editor) { editor->setWindowIcon(QIcon(red)); };
+
+    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    QCOMPARE(pixels(editor->windowIcon()), pixels(QIcon(red)));
+}
+
+void TestOpenEditor::editorCarriesTheEditorContext()
+{
+    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    QStringList current;
+    connect(ViewManager::instance(), &ViewManager::contextsChanged, this,
+            [&current](const Core::ContextList &contexts) { current = contexts; });
+
+    ViewManager::instance()->updateFocusWidget(nullptr, editor);
+
+    QCOMPARE(current, texts({"Core.EditorManager.Context", "Core.Context.Global"}));
+}
+
+void TestOpenEditor::editorKeepsItsFocusPolicy()
+{
+    m_factory->prepare = [](TestEditor *editor) { editor->setFocusPolicy(Qt::WheelFocus); };
+
+    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    QCOMPARE(editor->focusPolicy(), Qt::WheelFocus);
+}
+
+void TestOpenEditor::openingAgainShowsTheSameEditor()
+{
+    const QString a = makeFile(QStringLiteral("a.txt"));
+    const QString b = makeFile(QStringLiteral("b.txt"));
+    IEditor *first = EditorManager::openEditor(a, false);
+    EditorManager::openEditor(b, false);
+
+    QCOMPARE(EditorManager::openEditor(a, false), first);
+
+    QCOMPARE(subWindowCount(), 2);
+    QCOMPARE(EditorManager::currentEditor(), first);
+    QCOMPARE(m_factory->made, 2);
+    QCOMPARE(EditorManager::recentFiles(), (QStringList{a, b}));
+}
+
+void TestOpenEditor::relativeAndAbsolutePathAreTheSameFile()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString relative = QDir::current().relativeFilePath(path);
+    QVERIFY(relative != path);
+
+    IEditor *first = EditorManager::openEditor(relative, false);
+
+    QCOMPARE(EditorManager::openEditor(path, false), first);
+    QCOMPARE(EditorManager::editorForFile(relative), first);
+    QCOMPARE(subWindowCount(), 1);
+    QCOMPARE(EditorManager::recentFiles(), QStringList{path});
+}
+
+void TestOpenEditor::pathWithDotsIsTheSameFile()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("sub")));
+    IEditor *first = EditorManager::openEditor(path, false);
+
+    QCOMPARE(EditorManager::openEditor(m_folder->filePath(QStringLiteral("sub/.././a.txt")), false),
+             first);
+}
+
+void TestOpenEditor::openingAgainIgnoresReadOnly()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    const IEditor *editor = EditorManager::openEditor(path, false);
+
+    EditorManager::openEditor(path, true);
+
+    QVERIFY(!editor->isReadOnly());
+    QCOMPARE(m_factory->last->readOnlySet.size(), 1);
+}
+
+void TestOpenEditor::letterCaseMakesAnotherFile()
+{
+    IEditor *lower = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    IEditor *upper = EditorManager::openEditor(makeFile(QStringLiteral("A.txt")), false);
+
+    QVERIFY(lower != upper);
+    QCOMPARE(subWindowCount(), 2);
+}
+
+void TestOpenEditor::linkIsAnotherFile()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString link = m_folder->filePath(QStringLiteral("link.txt"));
+    QVERIFY(QFile::link(path, link));
+
+    QVERIFY(EditorManager::openEditor(path, false) != EditorManager::openEditor(link, false));
+}
+
+void TestOpenEditor::editorForFileFollowsARename()
+{
+    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    const QString other = m_folder->filePath(QStringLiteral("sub/../b.txt"));
+
+    m_factory->last->setFileName(other);
+
+    QCOMPARE(EditorManager::editorForFile(m_folder->filePath(QStringLiteral("a.txt"))), nullptr);
+    QCOMPARE(EditorManager::editorForFile(m_folder->filePath(QStringLiteral("b.txt"))), editor);
+    m_factory->last->setFileName(m_folder->filePath(QStringLiteral("sub/b.txt/..")));
+    QCOMPARE(EditorManager::editorForFile(m_folder->filePath(QStringLiteral("sub"))), editor);
+}
+
+void TestOpenEditor::editorForFileOfNone()
+{
+    QCOMPARE(EditorManager::editorForFile(makeFile(QStringLiteral("a.txt"))), nullptr);
+}
+
+void TestOpenEditor::editorWithoutAFile()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(path, false);
+    m_factory->last->setFileName(QString());
+    MessageRecorder log;
+
+    QCOMPARE(EditorManager::editorForFile(path), nullptr);
+
+    QVERIFY(log.messages().isEmpty());
+}
+
+void TestOpenEditor::missingFile()
+{
+    const QString missing = m_folder->filePath(QStringLiteral("sub/../missing.txt"));
+    QMessageBox::StandardButtons buttons;
+    bool okIsDefault = false;
+    ModalDialog box([&](QWidget *widget) {
+        const auto *message = qobject_cast<QMessageBox *>(widget);
+        buttons = message->standardButtons();
+        const QAbstractButton *defaultButton = message->defaultButton();
+        okIsDefault = defaultButton && defaultButton == message->button(QMessageBox::Ok);
+        ModalDialog::press(QMessageBox::Ok)(widget);
+    });
+
+    QCOMPARE(EditorManager::openEditor(missing, false), nullptr);
+
+    QCOMPARE(box.title(), QStringLiteral("Warning"));
+    QCOMPARE(box.text(), QStringLiteral("Can not open %1, file does not exist.").arg(missing));
+    QCOMPARE(box.icon(), int(QMessageBox::Warning));
+    QCOMPARE(box.parentOfDialog(), ViewManager::mainWindow());
+    QCOMPARE(buttons, QMessageBox::Ok);
+    QVERIFY(okIsDefault);
+    QVERIFY(EditorManager::recentFiles().isEmpty());
+    QCOMPARE(m_factory->made, 0);
+}
+
+void TestOpenEditor::missingFileIsToldOverTheModalDialog()
+{
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    QWidget *parent = nullptr;
+    // Only the message box is to be met, the dialog is modal before it.
+    QTimer::singleShot(0, this, [&parent] {
+        QWidget *box = QApplication::activeModalWidget();
+        parent = box->parentWidget();
+        ModalDialog::press(QMessageBox::Ok)(box);
+    });
+
+    EditorManager::openEditor(m_folder->filePath(QStringLiteral("missing.txt")), false);
+
+    QCOMPARE(parent, &dialog);
+}
+
+void TestOpenEditor::noFactory()
+{
+    m_factory->types.clear();
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    QCOMPARE(EditorManager::openEditor(path, false), nullptr);
+
+    QCOMPARE(box.title(), QStringLiteral("Open File"));
+    QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"").arg(path));
+    QCOMPARE(box.icon(), int(QMessageBox::Critical));
+    QVERIFY(EditorManager::recentFiles().isEmpty());
+}
+
+void TestOpenEditor::factoryThatMakesNothing()
+{
+    m_factory->makeNothing = true;
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    QCOMPARE(EditorManager::openEditor(path, false), nullptr);
+
+    QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"").arg(path));
+    QCOMPARE(subWindowCount(), 0);
+    QVERIFY(EditorManager::allEditors().isEmpty());
+}
+
+void TestOpenEditor::failedOpen()
+{
+    m_factory->prepare = [](TestEditor *editor) {
+        editor->failOpen = true;
+        editor->errorText = QStringLiteral("It is %1 secret.");
+    };
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    QCOMPARE(EditorManager::openEditor(path, false), nullptr);
+
+    QCOMPARE(box.title(), QStringLiteral("Open File"));
+    QCOMPARE(box.text(), QString(QStringLiteral("Can not open file \"") + path
+                                 + QStringLiteral("\"\nIt is %1 secret.")));
+    QVERIFY(EditorManager::recentFiles().isEmpty());
+    QVERIFY(EditorManager::allEditors().isEmpty());
+    QCOMPARE(subWindowCount(), 0);
+}
+
+void TestOpenEditor::failedOpenWithoutAReason()
+{
+    m_factory->prepare = [](TestEditor *editor) { editor->failOpen = true; };
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    EditorManager::openEditor(path, false);
+
+    QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"").arg(path));
+}
+
+void TestOpenEditor::failedEditorIsDestroyed()
+{
+    QPointer<TestEditor> failed;
+    m_factory->prepare = [&failed](TestEditor *editor) {
+        editor->failOpen = true;
+        failed = editor;
+    };
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    QCOMPARE(m_factory->made, 1);
+    QVERIFY(!failed);
+}
+
+void TestOpenEditor::openErrorUsesNativeSeparators()
+{
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    Core::private_impl::openError(QStringLiteral("/a/b"), QString());
+
+    QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"")
+                             .arg(QDir::toNativeSeparators(QStringLiteral("/a/b"))));
+}
+
+void TestOpenEditor::openErrorsParentIsTheMainWindow()
+{
+    QMessageBox::StandardButtons buttons;
+    ModalDialog box([&buttons](QWidget *widget) {
+        buttons = qobject_cast<QMessageBox *>(widget)->standardButtons();
+        ModalDialog::press(QMessageBox::Ok)(widget);
+    });
+
+    Core::private_impl::openError(QStringLiteral("/a/b"), QString());
+
+    QCOMPARE(box.parentOfDialog(), ViewManager::mainWindow());
+    QCOMPARE(buttons, QMessageBox::Ok);
+}
+
+void TestOpenEditor::currentEditorFollowsTheViews()
+{
+    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+
+    ViewManager::showView(first);
+
+    QCOMPARE(EditorManager::currentEditor(), first);
+}
+
+void TestOpenEditor::otherViewClearsTheCurrentEditor()
+{
+    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    ViewManager::showView(new TestView(QStringLiteral("no editor")));
+
+    QCOMPARE(EditorManager::currentEditor(), nullptr);
+    QCOMPARE(EditorManager::allEditors().size(), 1);
+}
+
+void TestOpenEditor::currentEditorIsReported()
+{
+    QList<IEditor *> reported;
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this,
+            [&reported](IEditor *editor) {
+                QCOMPARE(EditorManager::currentEditor(), editor);
+                reported.append(editor);
+            });
+
+    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    ViewManager::showView(new TestView(QStringLiteral("no editor")));
+
+    QCOMPARE(reported, (QList<IEditor *>{editor, nullptr}));
+}
+
+void TestOpenEditor::closeEditor()
+{
+    const QPointer<IEditor> editor =
+        EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    QVERIFY(EditorManager::closeEditor(editor));
+
+    QVERIFY(EditorManager::allEditors().isEmpty());
+    QTRY_VERIFY(!editor);
+    QCOMPARE(EditorManager::currentEditor(), nullptr);
+}
+
+void TestOpenEditor::closeEditorRefused()
+{
+    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    m_factory->last->refuseClose = true;
+
+    QVERIFY(!EditorManager::closeEditor(editor));
+
+    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{editor});
+    QCOMPARE(EditorManager::currentEditor(), editor);
+}
+
+void TestOpenEditor::closeEditorByFile()
+{
+    const QString a = makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(a, false);
+    IEditor *other = EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+
+    QVERIFY(EditorManager::closeEditor(QDir::current().relativeFilePath(a)));
+
+    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{other});
+}
+
+void TestOpenEditor::closeNoEditor()
+{
+    MessageRecorder log;
+
+    QVERIFY(!EditorManager::closeEditor(static_cast<IEditor *>(nullptr)));
+    QVERIFY(!EditorManager::closeEditor(m_folder->filePath(QStringLiteral("not open"))));
+
+    QVERIFY(log.messages().isEmpty());
+}
+
+void TestOpenEditor::closeEditorThatIsNotShown()
+{
+    TestEditor editor;
+
+    QVERIFY(!EditorManager::closeEditor(&editor));
+}
+
+void TestOpenEditor::destroyedEditorLeavesNothingBehind()
+{
+    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    IEditor *second = EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+
+    delete second;
+
+    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{first});
+    QCOMPARE(EditorManager::currentEditor(), first);
+    delete first;
+    QVERIFY(EditorManager::allEditors().isEmpty());
+    QCOMPARE(EditorManager::currentEditor(), nullptr);
+    QCOMPARE(subWindowCount(), 0);
+}
+
+void TestOpenEditor::destroyedEditorUpdatesTheCommands()
+{
+    const EditorManagerPrivate *d = EditorManagerPrivate::get();
+    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    m_factory->last->setModified(true);
+    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    QVERIFY(d->actSaveAll->isEnabled());
+
+    delete first;
+
+    QVERIFY(!d->actSaveAll->isEnabled());
+    QVERIFY(d->actSaveAs->isEnabled());
+}
+
+void TestOpenEditor::destroyedSubWindowLeavesNothingBehind()
+{
+    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    delete ViewManager::mainWindow()->documentArea()->subWindows().constFirst();
+
+    QVERIFY(EditorManager::allEditors().isEmpty());
+    QCOMPARE(EditorManager::currentEditor(), nullptr);
+    Q_UNUSED(editor)
+}
+
+void TestOpenEditor::savedIsReported()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(path, false);
+    QStringList saved;
+    connect(EditorManager::instance(), &EditorManager::fileSaved, this,
+            [&saved](const QString &file) { saved.append(file); });
+
+    Q_EMIT m_factory->last->saved();
+
+    QCOMPARE(saved, QStringList{path});
+}
+
+void TestOpenEditor::logLines()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    MessageRecorder log;
+
+    const IEditor *editor = EditorManager::openEditor(path, false);
+    EditorManager::openEditor(path, false);
+
+    const QString opening = QStringLiteral("open editor for: \"%1\"").arg(path);
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("open editor for:")),
+             (QStringList{opening, opening}));
+    const QStringList created = log.lines(QtDebugMsg, QStringLiteral("create editor:"));
+    QCOMPARE(created.size(), 1);
+    const QString address = QStringLiteral("0x%1").arg(quintptr(editor), 0, 16);
+    QVERIFY2(created.constFirst().contains(address), qPrintable(created.constFirst()));
+}
+
+void TestOpenEditor::refusedFilesAreNotLogged()
+{
+    MessageRecorder log;
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    EditorManager::openEditor(m_folder->filePath(QStringLiteral("missing.txt")), false);
+
+    QVERIFY(log.lines(QtDebugMsg, QStringLiteral("open editor for:")).isEmpty());
+}
+
+void TestOpenEditor::directory()
+{
+    m_factory->prepare = [](TestEditor *editor) {
+        editor->failOpen = true;
+        editor->errorText = QStringLiteral("It is a folder.");
+    };
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    QCOMPARE(EditorManager::openEditor(m_folder->path(), false), nullptr);
+
+    QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"\nIt is a folder.")
+                             .arg(m_folder->path()));
+}
+
+void TestOpenEditor::fifoDoesNotHang()
+{
+    const QString fifo = m_folder->filePath(QStringLiteral("fifo"));
+    QCOMPARE(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+
+    QVERIFY(EditorManager::openEditor(fifo, false));
+
+    QCOMPARE(m_factory->last->opened, QStringList{fifo});
+}
+
+void TestOpenEditor::unreadableFile()
+{
+    const QString path = makeFile(QStringLiteral("secret"));
+    QVERIFY(QFile::setPermissions(path, QFileDevice::Permissions()));
+
+    // What can be read is the editor's to say.
+    QVERIFY(EditorManager::openEditor(path, false));
+}
+
+void TestOpenEditor::oddNames_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("line break") << QStringLiteral("two\nlines.txt");
+    QTest::newRow("not ASCII") << QStringLiteral("größe 设计.txt");
+    QTest::newRow("placeholders") << QStringLiteral("%1 %2 %n.txt");
+    QTest::newRow("mnemonic") << QStringLiteral("a&b.txt");
+    QTest::newRow("quotes") << QStringLiteral("\"a\", <b>.txt");
+    QTest::newRow("blank") << QStringLiteral(" .txt");
+}
+
+void TestOpenEditor::oddNames()
+{
+    QFETCH(QString, name);
+    const QString path = makeFile(name);
+
+    IEditor *editor = EditorManager::openEditor(path, false);
+
+    QVERIFY(editor);
+    QCOMPARE(EditorManager::openEditor(path, false), editor);
+    QCOMPARE(EditorManager::recentFiles(), QStringList{path});
+    QCOMPARE(EditorManagerPrivate::get()->actSaveAs->toolTip(),
+             QString(QStringLiteral("Save \"") + name + QStringLiteral("\" As")));
+}
+
+void TestOpenEditor::openingAsksEachOpenEditorOnce()
+{
+    int asked = 0;
+    m_factory->prepare = [&asked](TestEditor *editor) { editor->fileNameAsked = &asked; };
+    const auto openOne = [&](int number) {
+        const QString path = makeFile(QStringLiteral("%1.txt").arg(number));
+        asked = 0;
+        EditorManager::openEditor(path, false);
+        return asked;
+    };
+    for (int i = 0; i < 100; ++i)
+        openOne(i);
+
+    const int askedOf100 = openOne(100);
+
+    QVERIFY2(askedOf100 <= 100 + 2, qPrintable(QString::number(askedOf100)));
+    QCOMPARE(EditorManager::allEditors().size(), 101);
+}
+
+QTEST_MAIN(TestOpenEditor)
+#include "tst_openeditor.moc"
