@@ -97,7 +97,7 @@ private:
         m_started = manager()->startPlugins();
     }
 
-    static QStringList journal() { return qApp->property("journal").toStringList(); }
+    static QStringList journal() { return QCoreApplication::instance()->property("journal").toStringList(); }
     /// Those calls of the journal that are @p call.
     static QStringList journalOf(const char *call)
     {
@@ -109,7 +109,7 @@ private:
 
 void TestPluginStart::init()
 {
-    qApp->setProperty("journal", QStringList());
+    QCoreApplication::instance()->setProperty("journal", QStringList());
     m_started = false;
 }
 
