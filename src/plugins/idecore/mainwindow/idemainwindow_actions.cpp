@@ -117,7 +117,7 @@ void IdeMainWindow::initFileMenu()
     ActionManager::action(id(A_FILE_SAVEAS))->setTextUpdated(true);
     addCommand(this, menu,
                {A_FILE_SAVEALL, tr("Save All"), tr("Save All"), "save_all.png",
-                QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
+                QKeySequence(QStringLiteral("Ctrl+Shift+S"))},
                false);
     menu->addAction(ActionManager::separator(id(SEP_FILE_SAVE_B)));
 
@@ -144,7 +144,7 @@ void IdeMainWindow::initEditMenu()
                false);
     addCommand(this, menu,
                {A_EDIT_REDO, tr("&Redo"), tr("Redo"), "redo.png",
-                QKeySequence(Qt::CTRL | Qt::Key_Y)},
+                QKeySequence(QStringLiteral("Ctrl+Y"))},
                false);
     menu->addSeparator();
     addCommand(this, menu,
