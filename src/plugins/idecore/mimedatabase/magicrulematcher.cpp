@@ -15,7 +15,8 @@ MagicRuleMatcher::~MagicRuleMatcher() = default;
 
 void MagicRuleMatcher::add(const MagicRulePtr &rule)
 {
-    m_rules.append(rule);
+    if (rule)
+        m_rules.append(rule);
 }
 
 bool MagicRuleMatcher::matches(const QByteArray &data) const

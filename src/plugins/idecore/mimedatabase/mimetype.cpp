@@ -22,6 +22,11 @@ QString LocaleComments::value(const QString &locale, const QString &defaultText)
 
 void LocaleComments::insert(const QString &locale, const QString &text)
 {
+    if (m_entries.isEmpty()) {
+        // Room for the usual number of languages, instead of growing into it.
+        m_entries.reserve(48);
+        m_texts.reserve(1024);
+    }
     m_entries.append({locale, m_texts.size(), text.size()});
     m_texts += text;
 }
@@ -261,7 +266,8 @@ void MimeType::setGlobPatterns(const QList<MimeGlobPattern> &globPatterns)
 
 void MimeType::addMagicMatcher(const IMagicMatcherPtr &matcher)
 {
-    d->magicMatchers.append(matcher);
+    if (matcher)
+        d->magicMatchers.append(matcher);
 }
 
 void MimeType::clear()

@@ -3,6 +3,7 @@
 
 #include <idecore/mimedatabase/mimetypeparser_p.h>
 
+#include <idecore/core/assertion_p.h>
 #include <idecore/mimedatabase/mimedatabase_p.h>
 #include <idecore/mimedatabase/mimetype.h>
 #include <idecore/mimedatabase/mimetype_p.h>
@@ -10,12 +11,12 @@
 
 #include <QCoreApplication>
 #include <QIODevice>
-#include <QStringList>
 #include <QVarLengthArray>
 #include <QXmlStreamReader>
 #include <QtDebug>
 
 #include <algorithm>
+#include <array>
 
 namespace Core {
 namespace Internal {
@@ -34,22 +35,24 @@ QString notANumber(const QString &text)
 }
 
 /// Puts the catalogue's text in place of @p comment. It is asked with Latin-1
-/// text; where it knows nothing, the original stays, which Latin-1 may not be
-/// able to express.
+/// text, so that it cannot know what Latin-1 cannot express.
 void translate(QString &comment)
 {
     QVarLengthArray<char, 256> source(comment.size() + 1);
-    bool isAscii = true;
-    for (int i = 0; i < comment.size(); ++i) {
-        const ushort unit = qAsConst(comment).at(i).unicode();
-        source[i] = unit <= 0xff ? char(unit) : '?';
-        isAscii = isAscii && (unit < 0x80 || unit > 0xff);
+    char *to = source.data();
+    ushort allBits = 0;
+    for (const QChar c : qAsConst(comment)) {
+        const ushort unit = c.unicode();
+        if (unit > 0xff)
+            return;
+        allBits |= unit;
+        *to++ = char(unit);
     }
-    source[comment.size()] = '\0';
+    *to = '\0';
     const QString text = QCoreApplication::translate("MimeType", source.constData());
-    // An answer that says what was asked is none.
-    const bool known = isAscii ? text != QLatin1String(source.constData(), comment.size())
-                               : text != QString::fromUtf8(source.constData());
+    // An answer that says what was asked is none, and what was asked is not
+    // UTF-8 unless it is ASCII.
+    const bool known = text != (allBits < 0x80 ? comment : QString::fromUtf8(source.constData()));
     if (known)
         comment = text;
 }
@@ -86,30 +89,25 @@ void readElementText(QXmlStreamReader &reader, QString &text)
     }
 }
 
-/// Hands out one string for all the times the same text is met: there are
+/// Hands out one string for most of the times the same text is met: there are
 /// thousands of comments, in few languages.
 class StringPool
 {
 public:
     QString shared(const QStringRef &text)
     {
-        constexpr int mostStrings = 128;
-        // Mostly in the same order in each type.
-        for (int tries = 0; tries < m_strings.size(); ++tries) {
-            m_next = m_next + 1 < m_strings.size() ? m_next + 1 : 0;
-            if (m_strings.at(m_next) == text)
-                return m_strings.at(m_next);
-        }
-        if (m_strings.size() == mostStrings)
-            return text.toString();
-        m_strings.append(text.toString());
-        m_next = m_strings.size() - 1;
-        return m_strings.constLast();
+        if (text.isEmpty())
+            return {};
+        const unsigned mix = unsigned(text.size()) * 61U + text.front().unicode() * 17U
+            + text.back().unicode();
+        QString &known = m_strings[mix % m_strings.size()];
+        if (known != text)
+            known = text.toString();
+        return known;
     }
 
 private:
-    QStringList m_strings;
-    int m_next = 0;
+    std::array<QString, 256> m_strings;
 };
 
 } // namespace
@@ -117,8 +115,7 @@ private:
 BaseMimeTypeParser::BaseMimeTypeParser()
     : m_suffixPattern(QStringLiteral("^\\*\\.[\\w+]+$"))
 {
-    if (!m_suffixPattern.isValid())
-        qCritical("ASSERTION m_suffixPattern.isValid() FAILED AT %s:%d", __FILE__, __LINE__);
+    KELMO_ASSERT(m_suffixPattern.isValid(), );
 }
 
 BaseMimeTypeParser::~BaseMimeTypeParser() = default;
@@ -351,10 +348,7 @@ bool MimeTypeParser::process(const MimeType &type, QString *)
 bool addMagicMatchRule(const QXmlStreamAttributes &attributes,
                        const MagicRuleMatcherPtr &ruleMatcher, QString *errorMessage)
 {
-    if (ruleMatcher.isNull()) {
-        qCritical("ASSERTION !ruleMatcher.isNull() FAILED AT %s:%d", __FILE__, __LINE__);
-        return false;
-    }
+    KELMO_ASSERT(!ruleMatcher.isNull(), return false);
     const QStringRef type = attributes.value(QLatin1String("type"));
     const bool isString = type == QLatin1String("string");
     if (!isString && type != QLatin1String("byte")) {
