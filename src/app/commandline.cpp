@@ -19,22 +19,26 @@ struct QtOption
 };
 
 constexpr QtOption qtOptions[] = {
-    {"platform", true},        {"platformpluginpath", true}, {"platformtheme", true},
-    {"plugin", true},          {"qwindowgeometry", true},    {"geometry", true},
-    {"qwindowicon", true},     {"icon", true},               {"qwindowtitle", true},
-    {"title", true},           {"display", true},            {"name", true},
-    {"session", true},         {"style", true},              {"stylesheet", true},
-    {"qmljsdebugger", true},   {"reverse", false},           {"widgetcount", false},
-    {"nograb", false},         {"dograb", false},            {"sync", false},
+    {"platform", true},        {"platformpluginpath", true},
+    {"platformtheme", true},   {"plugin", true},
+    {"qwindowgeometry", true}, {"geometry", true},
+    {"qwindowicon", true},     {"icon", true},
+    {"qwindowtitle", true},    {"title", true},
+    {"display", true},         {"name", true},
+    {"session", true},         {"style", true},
+    {"stylesheet", true},      {"qmljsdebugger", true},
+    {"reverse", false},        {"widgetcount", false},
+    {"nograb", false},         {"dograb", false},
+    {"sync", false},
 };
 
 const QtOption *findQtOption(const QString &argument)
 {
     const QString name = argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
-    const auto *const it = std::find_if(std::begin(qtOptions), std::end(qtOptions),
-                                        [&name](const QtOption &option) {
-                                            return name == QLatin1String(option.name);
-                                        });
+    const auto *const it =
+        std::find_if(std::begin(qtOptions), std::end(qtOptions), [&name](const QtOption &option) {
+            return name == QLatin1String(option.name);
+        });
     return it == std::end(qtOptions) ? nullptr : it;
 }
 
@@ -81,8 +85,8 @@ void CommandLine::readOption(const QString &argument, const QStringList &argumen
     } else if (argument == QLatin1String("--verbose")) {
         verbose = true;
     } else if (argument == pathOption || argument.startsWith(pathOption + QLatin1Char('='))) {
-        const QString path = argument == pathOption ? arguments.value(++*next)
-                                                    : argument.mid(pathOption.size() + 1);
+        const QString path =
+            argument == pathOption ? arguments.value(++*next) : argument.mid(pathOption.size() + 1);
         if (path.isEmpty())
             error = QStringLiteral("the option --plugin-path needs a folder");
         else

@@ -53,7 +53,8 @@ QString coreFailure()
             core = spec;
     }
     if (!core)
-        return QStringLiteral("the core plugin is missing, there is none in %1").arg(pluginFolder());
+        return QStringLiteral("the core plugin is missing, there is none in %1")
+            .arg(pluginFolder());
     return QStringLiteral("the core plugin %1 cannot be started: %2")
         .arg(core->filePath(), core->error());
 }
@@ -160,9 +161,9 @@ bool Host::startPlugins()
             [splash = m_splash.get()](const PluginSpec &spec) {
                 splash->showMessage(tr("Starting %1…").arg(spec.name()));
             });
-    const bool started = manager->startPlugins(m_commandLine.safeMode
-                                                   ? PluginManager::Selection::CoreOnly
-                                                   : PluginManager::Selection::All);
+    const bool started =
+        manager->startPlugins(m_commandLine.safeMode ? PluginManager::Selection::CoreOnly
+                                                     : PluginManager::Selection::All);
     if (m_commandLine.verbose)
         StartReport::printPlugins();
     return started;

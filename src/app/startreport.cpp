@@ -54,8 +54,8 @@ void StartReport::printPlugins()
             sum.cpu += step.cpu;
             sum.wall += step.wall;
         }
-        std::fprintf(stderr, "start: plugin %s: %.1f ms CPU, %.1f ms wall", qPrintable(spec->name()),
-                     toMs(sum.cpu), toMs(sum.wall));
+        std::fprintf(stderr, "start: plugin %s: %.1f ms CPU, %.1f ms wall",
+                     qPrintable(spec->name()), toMs(sum.cpu), toMs(sum.wall));
         printStep("load", steps[0]);
         printStep("initialize", steps[1]);
         printStep("extensionsInitialized", steps[2]);

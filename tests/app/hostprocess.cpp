@@ -101,7 +101,7 @@ void HostProcess::send(int signal)
 bool HostProcess::waitForEnd()
 {
     return (!isRunning() || m_process.waitForFinished(patience))
-        && m_process.exitStatus() == QProcess::NormalExit;
+           && m_process.exitStatus() == QProcess::NormalExit;
 }
 
 bool HostProcess::isRunning() const

@@ -97,8 +97,7 @@ void TestCommandLine::aPluginFolderIsNeeded()
 {
     QFETCH(const QString, text);
 
-    QCOMPARE(CommandLine({text}).error,
-             QStringLiteral("the option --plugin-path needs a folder"));
+    QCOMPARE(CommandLine({text}).error, QStringLiteral("the option --plugin-path needs a folder"));
 }
 
 void TestCommandLine::filesAreMadeAbsolute()

@@ -104,12 +104,12 @@ void TestHost::pluginsAreListedWithoutStartingThem()
 
     QVERIFY(host.waitForEnd());
     QCOMPARE(host.status(), 0);
-    QCOMPARE(host.output(), (QStringList{text("IdeCore " TEST_VERSION " (core)"),
-                                         text("    ") + host.pluginFile(text("IdeCore")),
-                                         text("TestCompanion 3.2.1"),
-                                         text("    ") + host.pluginFile(text("TestCompanion")),
-                                         text("    Fails when told to."),
-                                         text("    needs IdeCore")}));
+    QCOMPARE(
+        host.output(),
+        (QStringList{text("IdeCore " TEST_VERSION " (core)"),
+                     text("    ") + host.pluginFile(text("IdeCore")), text("TestCompanion 3.2.1"),
+                     text("    ") + host.pluginFile(text("TestCompanion")),
+                     text("    Fails when told to."), text("    needs IdeCore")}));
 }
 
 void TestHost::pluginsThatCannotStartAreListedWithTheReason()
@@ -173,11 +173,9 @@ void TestHost::aCoreThatCannotStartIsOneLineAndStatus1_data()
     QTest::addColumn<QString>("reason");
     const QString start = text("the core plugin %1 cannot be started: ");
     QTest::newRow("false") << text("fail") << start + text("initialize() returned false");
-    QTest::newRow("throws") << text("throw")
-                            << start
-                + text("initialize() threw an exception: thrown on purpose in two lines");
-    QTest::newRow("no window") << text("no-window")
-                               << text("the core plugin made no main window");
+    QTest::newRow("throws") << text(
+        "throw") << start + text("initialize() threw an exception: thrown on purpose in two lines");
+    QTest::newRow("no window") << text("no-window") << text("the core plugin made no main window");
 }
 
 void TestHost::aCoreThatCannotStartIsOneLineAndStatus1()
@@ -191,8 +189,8 @@ void TestHost::aCoreThatCannotStartIsOneLineAndStatus1()
 
     QVERIFY(host.waitForEnd());
     QCOMPARE(host.status(), 1);
-    const QString line = reason.contains(text("%1")) ? reason.arg(host.pluginFile(text("IdeCore")))
-                                                     : reason;
+    const QString line =
+        reason.contains(text("%1")) ? reason.arg(host.pluginFile(text("IdeCore"))) : reason;
     QCOMPARE(host.errors(), text("a warning\nkelmo-designer: ") + line + QLatin1Char('\n'));
 }
 
@@ -208,8 +206,7 @@ void TestHost::aCorruptCoreIsOneLineAndStatus1()
     const QString errors = host.errors();
     QCOMPARE(errors.count(QLatin1Char('\n')), 1);
     QVERIFY2(errors.startsWith(text("kelmo-designer: the core plugin ")
-                               + host.pluginFile(text("IdeCore"))
-                               + text(" cannot be started: ")),
+                               + host.pluginFile(text("IdeCore")) + text(" cannot be started: ")),
              qPrintable(errors));
 }
 
@@ -283,8 +280,8 @@ void TestHost::theCoreSeesTheProjectInFirstPlace()
 {
     HostProcess host;
 
-    host.start({text("-platform"), text("offscreen"), text("-prj"), text("p.kprj"), text("--verbose"),
-                text("/tmp/a.v")});
+    host.start({text("-platform"), text("offscreen"), text("-prj"), text("p.kprj"),
+                text("--verbose"), text("/tmp/a.v")});
 
     QVERIFY(host.waitForLine(text("open /tmp/a.v")));
     QVERIFY(host.output().contains(text("arguments -prj|p.kprj|--verbose|/tmp/a.v")));
@@ -389,15 +386,14 @@ void TestHost::theLanguageIsTakenFromTheSettings_data()
     QTest::addColumn<QByteArray>("settings");
     QTest::addColumn<QString>("cancel");
     const QString english = text("Cancel");
-    QTest::newRow("Chinese") << QByteArray("[General]\nLanguage=zh_CN\n")
-                             << QStringLiteral("取消");
+    QTest::newRow("Chinese") << QByteArray("[General]\nLanguage=zh_CN\n") << QStringLiteral("取消");
     QTest::newRow("English") << QByteArray("[General]\nLanguage=en\n") << english;
     QTest::newRow("missing") << QByteArray() << english;
     QTest::newRow("unknown") << QByteArray("[General]\nLanguage=tlh\n") << english;
     QTest::newRow("a path") << QByteArray("[General]\nLanguage=../zh_CN\n") << english;
     QTest::newRow("a list") << QByteArray("[General]\nLanguage=zh_CN, en\n") << english;
-    QTest::newRow("wrong type")
-        << QByteArray("[General]\nLanguage=@ByteArray(\\0\\0\\x1)\n") << english;
+    QTest::newRow("wrong type") << QByteArray("[General]\nLanguage=@ByteArray(\\0\\0\\x1)\n")
+                                << english;
     QTest::newRow("corrupt file") << QByteArray("[[[\n\xff\xfe=\n;;\0", 12) << english;
 }
 

@@ -33,7 +33,8 @@ PluginGraph::Named PluginGraph::resolveNames(PluginSpecs *specs)
         if (spec->d->isStopped())
             continue;
         if (spec->d->core && core) {
-            spec->d->fail(QStringLiteral("there is a core plugin already, %1").arg(core->filePath()));
+            spec->d->fail(
+                QStringLiteral("there is a core plugin already, %1").arg(core->filePath()));
             continue;
         }
         if (spec->d->core)
@@ -62,9 +63,10 @@ void PluginGraph::checkDependencies(const PluginSpecs &specs, const Named &named
                                   .arg(dependency.name));
             } else if (!other->d->version.isNull()
                        && other->d->version < dependency.minimumVersion) {
-                spec->d->fail(QStringLiteral("it depends on \"%1\" %2 or newer; version %3 is there")
-                                  .arg(dependency.name, dependency.minimumVersion.toString(),
-                                       other->d->version.toString()));
+                spec->d->fail(
+                    QStringLiteral("it depends on \"%1\" %2 or newer; version %3 is there")
+                        .arg(dependency.name, dependency.minimumVersion.toString(),
+                             other->d->version.toString()));
             }
         }
     }
@@ -83,8 +85,8 @@ void PluginGraph::visit(PluginSpec *spec, const Named &named, QVector<PluginSpec
             QStringList names;
             for (int j = 0; j <= circle.size(); ++j)
                 names.append(circle.at((i + j) % circle.size())->d->name);
-            circle.at(i)->d->fail(QStringLiteral("it depends on itself: %1")
-                                      .arg(names.join(QLatin1String(" -> "))));
+            circle.at(i)->d->fail(
+                QStringLiteral("it depends on itself: %1").arg(names.join(QLatin1String(" -> "))));
         }
         return;
     }

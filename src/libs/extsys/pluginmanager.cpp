@@ -38,8 +38,8 @@ void PluginManager::Private::start(PluginSpec *spec)
 
 static void warn(const PluginSpec &spec)
 {
-    qWarning().noquote().nospace() << "plugin \"" << spec.name() << "\" (" << spec.filePath()
-                                   << "): " << spec.error();
+    qWarning().noquote().nospace()
+        << "plugin \"" << spec.name() << "\" (" << spec.filePath() << "): " << spec.error();
 }
 
 PluginManager *PluginManager::instance()

@@ -137,7 +137,8 @@ void PluginReader::readMetaData(PluginSpec::Private *spec, const QJsonObject &li
     if (version)
         spec->version = *version;
     else
-        spec->fail(QStringLiteral("the \"Version\" in its metadata is missing or no version number"));
+        spec->fail(
+            QStringLiteral("the \"Version\" in its metadata is missing or no version number"));
     readDependencies(spec, data);
 }
 

@@ -41,13 +41,13 @@ class EXTSYS_EXPORT PluginSpec final
     Q_DISABLE_COPY(PluginSpec)
 public:
     enum class State {
-        Found, ///< Its metadata is read, its code is not loaded.
-        Loaded, ///< Its code is loaded and its object made.
+        Found,       ///< Its metadata is read, its code is not loaded.
+        Loaded,      ///< Its code is loaded and its object made.
         Initialized, ///< initialize() succeeded.
-        Running, ///< extensionsInitialized() has been called.
-        Stopped, ///< shutDown() has been called and its object destroyed.
-        Skipped, ///< Not started because of something else; error() says of what.
-        Failed ///< Not started, or not whole, by its own fault; see error().
+        Running,     ///< extensionsInitialized() has been called.
+        Stopped,     ///< shutDown() has been called and its object destroyed.
+        Skipped,     ///< Not started because of something else; error() says of what.
+        Failed       ///< Not started, or not whole, by its own fault; see error().
     };
 
     ~PluginSpec();

@@ -110,7 +110,8 @@ public:
                 say("splash there");
         }
         say(QCoreApplication::translate("QPlatformTheme", "Cancel"));
-        say(QStringLiteral("arguments ") + QCoreApplication::arguments().mid(1).join(QLatin1Char('|')));
+        say(QStringLiteral("arguments ")
+            + QCoreApplication::arguments().mid(1).join(QLatin1Char('|')));
         say(QStringLiteral("gl ") + QString::fromLocal8Bit(qgetenv("QT_XCB_GL_INTEGRATION")));
         say(QStringLiteral("pixmaps %1")
                 .arg(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps)));

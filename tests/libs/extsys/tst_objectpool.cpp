@@ -219,9 +219,8 @@ void TestObjectPool::anObjectDestroyedInThePoolLeavesItWithAWarning()
     a->setObjectName(QStringLiteral("forgotten"));
     pool()->addObject(a.get());
     pool()->addObject(&stays);
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(QStringLiteral("destroyed while in the pool.*\"forgotten\"")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
+                                           "destroyed while in the pool.*\"forgotten\"")));
 
     a.reset();
 

@@ -287,8 +287,7 @@ void TestPluginSearch::wrongMetadataIsNamed_data()
 {
     QTest::addColumn<QString>("plugin");
     QTest::addColumn<QString>("error");
-    const QString version =
-        name("the \"Version\" in its metadata is missing or no version number");
+    const QString version = name("the \"Version\" in its metadata is missing or no version number");
     QTest::newRow("no name") << name("NoName") << name("its metadata has no \"Name\"");
     QTest::newRow("no version") << name("NoVersion") << version;
     QTest::newRow("letters in version") << name("BadVersion") << version;
@@ -381,8 +380,9 @@ void TestPluginSearch::aPlainLibraryIsNoPlugin()
     find({folder.path()});
 
     QCOMPARE(spec(name("PlainLibrary"))->state(), PluginSpec::State::Failed);
-    QVERIFY2(spec(name("PlainLibrary"))->error().contains(name("Failed to extract plugin meta data")),
-             qPrintable(spec(name("PlainLibrary"))->error()));
+    QVERIFY2(
+        spec(name("PlainLibrary"))->error().contains(name("Failed to extract plugin meta data")),
+        qPrintable(spec(name("PlainLibrary"))->error()));
 }
 
 void TestPluginSearch::aCorruptFileIsNamed_data()
@@ -390,7 +390,8 @@ void TestPluginSearch::aCorruptFileIsNamed_data()
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("text") << QByteArray("this is no library\n");
-    QTest::newRow("header only") << QByteArray("\x7f" "ELF\2\1\1");
+    QTest::newRow("header only") << QByteArray("\x7f"
+                                               "ELF\2\1\1");
     QTest::newRow("zeros") << QByteArray(10000, '\0');
     QTest::newRow("metadata mark without anything") << QByteArray("QTMETADATA !");
 }
@@ -441,8 +442,9 @@ void TestPluginSearch::aPluginForANewerQtIsNamed()
     find({folder.path()});
 
     QCOMPARE(spec(name("Newer"))->state(), PluginSpec::State::Failed);
-    QVERIFY2(spec(name("Newer"))->error().contains(name("it is built for Qt 5.99, this is Qt 5.15.")),
-             qPrintable(spec(name("Newer"))->error()));
+    QVERIFY2(
+        spec(name("Newer"))->error().contains(name("it is built for Qt 5.99, this is Qt 5.15.")),
+        qPrintable(spec(name("Newer"))->error()));
 }
 
 void TestPluginSearch::aPluginForAnotherMajorQtIsNamed()

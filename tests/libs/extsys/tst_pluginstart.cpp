@@ -97,7 +97,10 @@ private:
         m_started = manager()->startPlugins();
     }
 
-    static QStringList journal() { return QCoreApplication::instance()->property("journal").toStringList(); }
+    static QStringList journal()
+    {
+        return QCoreApplication::instance()->property("journal").toStringList();
+    }
     /// Those calls of the journal that are @p call.
     static QStringList journalOf(const char *call)
     {
@@ -286,8 +289,8 @@ void TestPluginStart::pluginsCanBeFoundAndStartedAgain()
 
     start(folder);
 
-    QCOMPARE(journal(), names({"Gamma.constructed", "Gamma.initialize",
-                               "Gamma.extensionsInitialized"}));
+    QCOMPARE(journal(),
+             names({"Gamma.constructed", "Gamma.initialize", "Gamma.extensionsInitialized"}));
 }
 
 void TestPluginStart::aPluginThatFailsIsNamedAndTheRestStarts_data()
@@ -487,9 +490,8 @@ void TestPluginStart::objectsKeptInThePoolLeaveItAtTheEnd()
 {
     const PluginFolder folder(names({"KeepsObjects"}));
     start(folder);
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(QStringLiteral("destroyed while in the pool.*KeepsObjects.extension")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
+                                           "destroyed while in the pool.*KeepsObjects.extension")));
 
     manager()->shutDown();
 
