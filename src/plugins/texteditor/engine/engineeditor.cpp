@@ -95,8 +95,16 @@ bool EngineEditor::isModified() const
 
 void EngineEditor::goToLine(int line, int column)
 {
+    m_view->removeSelection();
     const int last = m_document->lines() - 1;
     m_view->setCursorPosition({qBound(0, line - 1, last), qMax(0, column - 1)});
+}
+
+void EngineEditor::onActivated()
+{
+    // The watch misses what happened within the second in which it began.
+    if (!m_fileName.isEmpty())
+        checkDisk();
 }
 
 void EngineEditor::setTheme(const QString &theme)

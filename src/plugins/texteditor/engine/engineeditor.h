@@ -49,6 +49,7 @@ public:
     bool save(QString *errorString) override;
     bool saveAs(const QString &fileName, QString *errorString) override;
     void goToLine(int line, int column) override;
+    void onActivated() override;
 
     [[nodiscard]] bool canPerform(Command command) const override;
     void perform(Command command) override;
@@ -100,6 +101,7 @@ private:
     // What of the file on disk the text is based on.
     DiskState m_disk;
     QPointer<KTextEditor::Message> m_diskMessage;
+    DiskState::Change m_shownChange = DiskState::Change::None;
     QPointer<KTextEditor::Message> m_encodingMessage;
     // The text is not what the file says: writing it would lose something.
     bool m_inexact = false;

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMimeData>
 
@@ -29,7 +30,11 @@ void EngineEditor::connectCommands()
 
 QLineEdit *EngineEditor::focusedField() const
 {
-    auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QWidget *const widget = QApplication::focusWidget();
+    auto *field = qobject_cast<QLineEdit *>(widget);
+    // A field with a list of earlier entries has the focus in its stead.
+    if (const auto *list = qobject_cast<QComboBox *>(widget))
+        field = list->lineEdit();
     return field && isAncestorOf(field) ? field : nullptr;
 }
 

@@ -210,7 +210,11 @@ void EngineEditor::checkDisk()
 
 void EngineEditor::showDiskChange(DiskState::Change change)
 {
+    // One notice is enough while nothing new has happened.
+    if (m_diskMessage && m_shownChange == change)
+        return;
     delete m_diskMessage;
+    m_shownChange = change;
     if (change == DiskState::Change::Deleted) {
         // The text is the only copy now, so it counts as unsaved.
         m_document->setModified(true);

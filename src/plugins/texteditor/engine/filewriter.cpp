@@ -74,10 +74,15 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
         if (::fchmod(file.handle(), old.st_mode & 07777) != 0)
             return fail(systemError());
     }
-    if (file.write(bytes) != bytes.size()) {
-        const QString reason = file.errorString();
-        file.cancelWriting();
-        return fail(reason);
+    // A disk that fills up takes a part first; the reason comes with the rest.
+    for (qint64 done = 0; done < bytes.size();) {
+        const qint64 taken = file.write(bytes.constData() + done, bytes.size() - done);
+        if (taken <= 0) {
+            const QString reason = file.errorString();
+            file.cancelWriting();
+            return fail(reason);
+        }
+        done += taken;
     }
     if (!file.commit())
         return fail(file.errorString());

@@ -1,0 +1,220 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "texteditorfixture.h"
+
+#include "support/modaldialog.h"
+
+#include <idecore/editors/editormanager.h>
+#include <texteditor/abstracttexteditor.h>
+
+#include <QDir>
+#include <QMessageBox>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+
+using TextEditor::AbstractTextEditor;
+
+class TestEngineEditor final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void titlesNameTheFile();
+    void modifiedStateIsTold();
+    void goToLineIsOneBasedAndStaysInside_data();
+    void goToLineIsOneBasedAndStaysInside();
+    void refusedFileIsTold_data();
+    void refusedFileIsTold();
+    void unmodifiedEditorClosesUnasked();
+    void closingAsksAndSaves();
+    void closingAsksAndDiscards();
+    void closingIsRefusedOnCancel();
+    void closingIsRefusedWhenTheSaveFails();
+    void readOnlyIsKept();
+};
+
+void TestEngineEditor::titlesNameTheFile()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("top.vhd"), "entity e is\n");
+
+    const AbstractTextEditor *const editor = TextEditorFixture::open(path);
+
+    QVERIFY(editor);
+    QCOMPARE(editor->fileName(), path);
+    QCOMPARE(editor->shortTitle(), QStringLiteral("top.vhd"));
+    QCOMPARE(editor->windowTitle(), path);
+    QCOMPARE(editor->windowFilePath(), path);
+}
+
+void TestEngineEditor::modifiedStateIsTold()
+{
+    TextEditorFixture fixture;
+    AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+    QSignalSpy changed(editor, &Core::IEditor::modificationStateChanged);
+    QSignalSpy saved(editor, &Core::IEditor::saved);
+
+    TextEditorFixture::type(editor, QStringLiteral("xy"));
+    QCOMPARE(changed, (QList<QVariantList>{{true}}));
+    QVERIFY(editor->isWindowModified());
+    QVERIFY(editor->save(nullptr));
+
+    QCOMPARE(changed, (QList<QVariantList>{{true}, {false}}));
+    QVERIFY(!editor->isWindowModified());
+    QCOMPARE(saved.count(), 1);
+}
+
+void TestEngineEditor::goToLineIsOneBasedAndStaysInside_data()
+{
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("reached");
+
+    QTest::newRow("first") << 1 << 1;
+    QTest::newRow("second") << 2 << 2;
+    QTest::newRow("beyond the end") << 99 << 3;
+    QTest::newRow("zero") << 0 << 1;
+    QTest::newRow("negative") << -5 << 1;
+}
+
+void TestEngineEditor::goToLineIsOneBasedAndStaysInside()
+{
+    QFETCH(int, line);
+    TextEditorFixture fixture;
+    AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), "a\nb\nc");
+    QVERIFY(editor);
+
+    editor->goToLine(line, 1);
+
+    QTEST(editor->currentLine(), "reached");
+}
+
+void TestEngineEditor::refusedFileIsTold_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("folder") << QDir::tempPath() << QStringLiteral("It is a folder.");
+    QTest::newRow("device") << QStringLiteral("/dev/zero")
+                            << QStringLiteral("It is a device, not a file.");
+}
+
+void TestEngineEditor::refusedFileIsTold()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, reason);
+    TextEditorFixture fixture;
+    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+
+    QVERIFY(!TextEditorFixture::open(path));
+
+    QVERIFY2(box.text().endsWith(reason), qPrintable(box.text()));
+    QVERIFY(Core::EditorManager::allEditors().isEmpty());
+}
+
+void TestEngineEditor::unmodifiedEditorClosesUnasked()
+{
+    TextEditorFixture fixture;
+    const QPointer<AbstractTextEditor> editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+
+    QVERIFY(Core::EditorManager::closeEditor(editor));
+
+    QTRY_VERIFY(!editor);
+}
+
+void TestEngineEditor::closingAsksAndSaves()
+{
+    TextEditorFixture fixture;
+    const QPointer<AbstractTextEditor> editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    ModalDialog box(ModalDialog::press(QMessageBox::Save));
+
+    QVERIFY(Core::EditorManager::closeEditor(editor));
+
+    QVERIFY2(box.text().contains(QLatin1String("\"a.txt\"")), qPrintable(box.text()));
+    QTRY_VERIFY(!editor);
+    QCOMPARE(TextEditorFixture::contents(fixture.path(QStringLiteral("a.txt"))),
+             QByteArray("xa\n"));
+}
+
+void TestEngineEditor::closingAsksAndDiscards()
+{
+    TextEditorFixture fixture;
+    const QPointer<AbstractTextEditor> editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    ModalDialog box(ModalDialog::press(QMessageBox::Discard));
+
+    QVERIFY(Core::EditorManager::closeEditor(editor));
+
+    QTRY_VERIFY(!editor);
+    QCOMPARE(TextEditorFixture::contents(fixture.path(QStringLiteral("a.txt"))), QByteArray("a\n"));
+    // What was thrown away is not offered again.
+    AbstractTextEditor *const again = TextEditorFixture::open(fixture.path(QStringLiteral("a.txt")));
+    QVERIFY(again);
+    TextEditorFixture::type(again, QStringLiteral("y"));
+    QCOMPARE(TextEditorFixture::text(again), QStringLiteral("ya\n"));
+}
+
+void TestEngineEditor::closingIsRefusedOnCancel()
+{
+    TextEditorFixture fixture;
+    const QPointer<AbstractTextEditor> editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    ModalDialog box(ModalDialog::cancel());
+
+    QVERIFY(!Core::EditorManager::closeEditor(editor));
+
+    QVERIFY(editor);
+    QVERIFY(editor->isModified());
+}
+
+void TestEngineEditor::closingIsRefusedWhenTheSaveFails()
+{
+    TextEditorFixture fixture;
+    const QPointer<AbstractTextEditor> editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    fixture.put(QStringLiteral("a.txt"), "other\n");
+    // Save is pressed in the first box; the second tells that it failed.
+    QString told;
+    std::unique_ptr<ModalDialog> second;
+    ModalDialog first([&second, &told](QWidget *widget) {
+        second = std::make_unique<ModalDialog>([&told](QWidget *next) {
+            told = qobject_cast<QMessageBox *>(next)->text();
+            ModalDialog::press(QMessageBox::Ok)(next);
+        });
+        ModalDialog::press(QMessageBox::Save)(widget);
+    });
+
+    QVERIFY(!Core::EditorManager::closeEditor(editor));
+
+    QVERIFY(editor);
+    QVERIFY(editor->isModified());
+    QVERIFY2(told.contains(QLatin1String("stays open")), qPrintable(told));
+    QCOMPARE(TextEditorFixture::contents(editor->fileName()), QByteArray("other\n"));
+}
+
+void TestEngineEditor::readOnlyIsKept()
+{
+    TextEditorFixture fixture;
+    AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), "a\n");
+    QVERIFY(editor);
+
+    editor->setReadOnly(true);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+
+    QVERIFY(editor->isReadOnly());
+    QVERIFY(!editor->isModified());
+    editor->setReadOnly(false);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    QVERIFY(editor->isModified());
+}
+
+QTEST_MAIN(TestEngineEditor)
+#include "tst_engineeditor.moc"
