@@ -387,7 +387,8 @@ void TestRecentFiles::strangeValues()
 
 void TestRecentFiles::corruptStoreIsOvercome()
 {
-    writeSettings(QByteArray("\x00\xff\xfe[[[Core\nRecentFiles\n=\n]\x01 garbage", 39));
+    const char garbage[] = "\x00\xff\xfe[[[Core\nRecentFiles\n=\n]\x01 garbage";
+    writeSettings(QByteArray(garbage, sizeof garbage));
 
     restart();
 
