@@ -6,6 +6,8 @@
 #include <idecore/core/idecore.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 
+#include <QDebug>
+
 namespace Core {
 
 namespace {
@@ -39,7 +41,7 @@ QStringList ProjectManager::recentProjects()
 
 void ProjectManager::openProject(const QString &path)
 {
-    Q_UNUSED(path)
+    qDebug() << "open project:" << path;
 }
 
 bool ProjectManager::closeCurrentProject()

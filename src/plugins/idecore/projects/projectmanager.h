@@ -15,7 +15,8 @@ namespace Core {
 class IProject;
 
 /// The one open project. Opening projects is not available yet: there is never
-/// one open, and requests to open one do nothing.
+/// one open, and a request to open one leaves no more than its line in the debug
+/// log.
 class IDECORE_EXPORT ProjectManager final : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include <devicedb/devicedb.h>
 #include <extsys/iplugin.h>
 #include <extsys/pluginmanager.h>
 #include <idecore/actions/actionmanager.h>
@@ -15,13 +16,11 @@
 #include <idecore/views/viewmanager.h>
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QPluginLoader>
 #include <QProcess>
 #include <QSettings>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -39,34 +38,24 @@ QObjectList optionPages()
     return pages;
 }
 
-QString readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
 /// The core services for the length of a test.
 class Services final
 {
 public:
     Services() { core.initialize(); }
-    ~Services()
-    {
-        if (!stopped)
-            core.shutdown();
-    }
+    ~Services() { core.shutdown(); }
     Q_DISABLE_COPY(Services)
 
-    void stop()
-    {
-        core.shutdown();
-        stopped = true;
-    }
-
     IdeCore core;
+};
 
-private:
-    bool stopped = false;
+/// A page that another plugin has put into the pool.
+class ForeignPage final : public IOptionsPage
+{
+public:
+    QWidget *widget() override { return nullptr; }
+    void apply() override {}
+    void finish() override {}
 };
 
 } // namespace
@@ -84,7 +73,8 @@ private Q_SLOTS:
     {
         const QPluginLoader loader(QStringLiteral(CORE_LIBRARY));
         const QJsonObject data = loader.metaData();
-        QCOMPARE(data.value(QLatin1String("IID")).toString(), QStringLiteral("Core.CorePlugin/1.0"));
+        QCOMPARE(data.value(QLatin1String("IID")).toString(),
+                 QStringLiteral("Core.CorePlugin/1.0"));
         QCOMPARE(data.value(QLatin1String("className")).toString(), QStringLiteral("CorePlugin"));
         QVERIFY(data.value(QLatin1String("MetaData")).toObject().isEmpty());
     }
@@ -163,6 +153,50 @@ private Q_SLOTS:
                  QStringLiteral("data:\ndevices:1\ndone\n"));
     }
 
+    void theDevicesAreThoseOfTheTableInTheDataFolder()
+    {
+        const Services services;
+        const DEV::DeviceDb table(IdeCore::appDataDir()
+                                  + QStringLiteral("/device/device_info.csv"));
+        QVERIFY(!table.isEmpty());
+        QCOMPARE(IdeCore::deviceDataBase()->rows().size(), table.rows().size());
+    }
+
+    void beforeTheStartThereAreNoServices()
+    {
+        const IdeCore core;
+        QVERIFY(!IdeCore::userSettings());
+        QVERIFY(!IdeCore::userSettingsGUI());
+        QVERIFY(!IdeCore::mimeDatabase());
+        QVERIFY(!IdeCore::deviceDataBase());
+    }
+
+    void theShutDownKeepsWhereTheServicesWere()
+    {
+        IdeCore core;
+        core.initialize();
+        const void *settings = IdeCore::userSettings();
+        const void *types = IdeCore::mimeDatabase();
+        core.shutdown();
+        QCOMPARE(static_cast<const void *>(IdeCore::userSettings()), settings);
+        QCOMPARE(static_cast<const void *>(IdeCore::mimeDatabase()), types);
+    }
+
+    void thePageOfAnotherPluginIsLeftAlone()
+    {
+        const auto page = std::make_unique<ForeignPage>();
+        auto *pool = ExtSys::PluginManager::instance();
+        pool->addObject(page.get());
+        bool destroyed = false;
+        connect(page.get(), &QObject::destroyed, this, [&destroyed] { destroyed = true; });
+        {
+            const Services services;
+        }
+        QVERIFY(!destroyed);
+        QCOMPARE(optionPages(), QObjectList{page.get()});
+        pool->removeObject(page.get());
+    }
+
     void everyServiceStandsAfterTheStart()
     {
         const Services services;
@@ -188,18 +222,6 @@ private Q_SLOTS:
                  QStringLiteral("text/verilog"));
     }
 
-    void theMainWindowIsShownASecondAfterThePluginsAreReady()
-    {
-        Services services;
-        QElapsedTimer clock;
-        clock.start();
-        services.core.extensionsInitialized();
-        QVERIFY(!ViewManager::mainWindow()->isVisible());
-        QTRY_VERIFY(ViewManager::mainWindow()->isVisible());
-        // A coarse timer may be early by a twentieth.
-        QVERIFY2(clock.elapsed() >= 950, qPrintable(QString::number(clock.elapsed())));
-    }
-
     void theOwnOptionPagesJoinThePoolInOrder()
     {
         QVERIFY(optionPages().isEmpty());
@@ -208,68 +230,6 @@ private Q_SLOTS:
         QCOMPARE(pages.size(), 2);
         QVERIFY(qobject_cast<GeneralOptionPage *>(pages.at(0)));
         QVERIFY(qobject_cast<ExternalEditorOptionPage *>(pages.at(1)));
-    }
-
-    void theOwnOptionPagesLeaveThePoolInOrderWhileTheManagersLive()
-    {
-        Services services;
-        const QObjectList pages = optionPages();
-        QObjectList removed;
-        bool managersLived = true;
-        connect(ExtSys::PluginManager::instance(), &ExtSys::PluginManager::aboutToRemoveObject,
-                ViewManager::mainWindow(), [&](QObject *object) {
-                    removed.append(object);
-                    managersLived = managersLived && ProjectManager::instance();
-                });
-        services.stop();
-        QCOMPARE(removed, pages);
-        QVERIFY(managersLived);
-        QVERIFY(optionPages().isEmpty());
-    }
-
-    void theServicesAreDeletedInTheirOrder()
-    {
-        Services services;
-        QStringList gone;
-        const auto watch = [&gone](QObject *object, const char *name) {
-            connect(object, &QObject::destroyed, object,
-                    [&gone, name] { gone.append(QString::fromLatin1(name)); });
-        };
-        watch(optionPages().at(0), "general page");
-        watch(optionPages().at(1), "external editors page");
-        watch(IdeCore::userSettings(), "settings");
-        watch(IdeCore::userSettingsGUI(), "window settings");
-        watch(ActionManager::instance(), "actions");
-        watch(ViewManager::instance(), "views");
-        watch(ViewManager::mainWindow(), "main window");
-        watch(EditorManager::instance(), "editors");
-        watch(ProjectManager::instance(), "projects");
-        services.stop();
-        QCOMPARE(gone,
-                 QStringList({QStringLiteral("general page"), QStringLiteral("external editors page"),
-                              QStringLiteral("projects"), QStringLiteral("editors"),
-                              QStringLiteral("main window"), QStringLiteral("views"),
-                              QStringLiteral("actions"), QStringLiteral("settings"),
-                              QStringLiteral("window settings")}));
-    }
-
-    void bothStoresAreOnDiskBeforeThePagesLeave()
-    {
-        Services services;
-        IdeCore::userSettings()->setValue(QStringLiteral("probe"), 11);
-        IdeCore::userSettingsGUI()->setValue(QStringLiteral("probe"), 12);
-        const QString general = IdeCore::userSettings()->fileName();
-        const QString gui = IdeCore::userSettingsGUI()->fileName();
-        QString generalThen;
-        QString guiThen;
-        connect(ExtSys::PluginManager::instance(), &ExtSys::PluginManager::aboutToRemoveObject,
-                ViewManager::mainWindow(), [&] {
-                    generalThen = readAll(general);
-                    guiThen = readAll(gui);
-                });
-        services.stop();
-        QVERIFY2(generalThen.contains(QLatin1String("probe=11")), qPrintable(generalThen));
-        QVERIFY2(guiThen.contains(QLatin1String("probe=12")), qPrintable(guiThen));
     }
 
     void settingsThatAreNoSettingsDoNotStopTheStart_data()
@@ -285,10 +245,8 @@ private Q_SLOTS:
     void settingsThatAreNoSettingsDoNotStopTheStart()
     {
         QFETCH(QByteArray, content);
-        const QString dir = QDir::homePath() + QStringLiteral("/.config/KelmoWare");
-        QVERIFY(QDir().mkpath(dir));
-        for (const QString &name : {QStringLiteral("/IDE.ini"), QStringLiteral("/IDE_GUI.ini")}) {
-            QFile file(dir + name);
+        for (const QString &path : settingsFiles()) {
+            QFile file(path);
             QVERIFY(file.open(QIODevice::WriteOnly));
             file.write(content);
         }
@@ -296,6 +254,24 @@ private Q_SLOTS:
         services.core.extensionsInitialized();
         QTRY_VERIFY(ViewManager::mainWindow()->isVisible());
         QVERIFY(ViewManager::mainWindow()->isMaximized());
+    }
+
+    void settingsThatCannotBeReadAreEmpty()
+    {
+        for (const QString &path : settingsFiles())
+            QVERIFY(QDir().mkdir(path));
+        const Services services;
+        QVERIFY(IdeCore::userSettings()->allKeys().isEmpty());
+        QVERIFY(IdeCore::userSettingsGUI()->allKeys().isEmpty());
+    }
+
+private:
+    /// Where the core will look for its stores; the folder exists.
+    static QStringList settingsFiles()
+    {
+        const QString dir = QDir::homePath() + QStringLiteral("/.config/KelmoWare");
+        QDir().mkpath(dir);
+        return {dir + QStringLiteral("/IDE.ini"), dir + QStringLiteral("/IDE_GUI.ini")};
     }
 };
 
