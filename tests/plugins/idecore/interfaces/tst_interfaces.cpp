@@ -13,6 +13,13 @@
 #include <QIcon>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVector>
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+
+Q_DECLARE_METATYPE(const QMetaObject *)
 
 using namespace Core;
 
@@ -86,6 +93,28 @@ public:
     bool addFiles(const QStringList &) override { return true; }
 };
 
+/// The place of a virtual operation in its class: the offset into the table of
+/// virtual functions that a pointer to it begins with.
+template<class Operation>
+std::ptrdiff_t place(Operation operation)
+{
+    static_assert(sizeof operation >= sizeof(std::ptrdiff_t));
+    std::ptrdiff_t offset = 0;
+    std::memcpy(&offset, &operation, sizeof offset);
+    return offset;
+}
+
+template<class... Operations>
+bool standInOrder(Operations... operations)
+{
+    const QVector<std::ptrdiff_t> places{place(operations)...};
+    for (int i = 1; i < places.size(); ++i) {
+        if (places.at(i) - places.at(i - 1) != std::ptrdiff_t(sizeof(void *)))
+            return false;
+    }
+    return true;
+}
+
 class ProjectFactory final : public IProjecctFactory
 {
 public:
@@ -138,6 +167,16 @@ private Q_SLOTS:
         QCOMPARE(spy.count(), 0);
     }
 
+    void aShortTitleIsInPlaceWhenItIsTold()
+    {
+        IView view;
+        view.setWindowTitle(QStringLiteral("window title"));
+        QString then;
+        connect(&view, &IView::shortTitleChanged, this, [&] { then = view.shortTitle(); });
+        view.setShortTitle(QStringLiteral("new"));
+        QCOMPARE(then, QStringLiteral("new"));
+    }
+
     void aViewMayBeClosedWithTheOthersAtFirst()
     {
         const IView view;
@@ -171,13 +210,23 @@ private Q_SLOTS:
         QCOMPARE(editor.windowTitle(), QStringLiteral("title"));
     }
 
-    void panelDefaults()
+    void aPanelIsNamedByItsWindowTitle()
     {
         Panel panel;
         panel.setWindowTitle(QStringLiteral("Files"));
         QCOMPARE(panel.displayName(), QStringLiteral("Files"));
-        QCOMPARE(panel.layoutPriority(), 50);
+    }
+
+    void aPanelMayDockInAllFourAreas()
+    {
+        const Panel panel;
         QCOMPARE(int(panel.allowedAreas()), 15);
+    }
+
+    void aPanelHasTheMiddlePriority()
+    {
+        const Panel panel;
+        QCOMPARE(panel.layoutPriority(), 50);
     }
 
     void aWizardHasNoIconByDefault()
@@ -210,17 +259,98 @@ private Q_SLOTS:
         QCOMPARE(page.categoryIcon(), QStringLiteral(":/icon.png"));
     }
 
-    void extensionsAreFoundByTheirInterface()
+    void extensionsAreRecognisedByTheirClass_data()
+    {
+        QTest::addColumn<const QMetaObject *>("interface");
+        QTest::addColumn<const QMetaObject *>("base");
+        const auto row = [](const char *name, const QMetaObject &interface,
+                            const QMetaObject &base) {
+            QTest::newRow(name) << &interface << &base;
+        };
+        row("Core::IView", IView::staticMetaObject, QWidget::staticMetaObject);
+        row("Core::IEditor", IEditor::staticMetaObject, IView::staticMetaObject);
+        row("Core::IPanel", IPanel::staticMetaObject, QWidget::staticMetaObject);
+        row("Core::IEditorFactory", IEditorFactory::staticMetaObject, QObject::staticMetaObject);
+        row("Core::IProject", IProject::staticMetaObject, QObject::staticMetaObject);
+        row("Core::IProjecctFactory", IProjecctFactory::staticMetaObject,
+            QObject::staticMetaObject);
+        row("Core::IWizardFactory", IWizardFactory::staticMetaObject, QObject::staticMetaObject);
+        row("Core::IFileWizardFactory", IFileWizardFactory::staticMetaObject,
+            IWizardFactory::staticMetaObject);
+        row("Core::IProjectWizardFactory", IProjectWizardFactory::staticMetaObject,
+            IWizardFactory::staticMetaObject);
+        row("Core::IOptionsPage", IOptionsPage::staticMetaObject, QObject::staticMetaObject);
+    }
+
+    void extensionsAreRecognisedByTheirClass()
+    {
+        QFETCH(const QMetaObject *, interface);
+        QFETCH(const QMetaObject *, base);
+        QCOMPARE(interface->className(), QTest::currentDataTag());
+        QCOMPARE(interface->superClass(), base);
+    }
+
+    void anObjectOfThePoolAnswersToItsInterfaceOnly()
     {
         Factory editors;
         ProjectFactory projects;
-        const std::unique_ptr<IEditor> editor(editors.createEditor());
-        const std::unique_ptr<IProject> project(projects.createProject());
+        Page page;
         QVERIFY(qobject_cast<IEditorFactory *>(static_cast<QObject *>(&editors)));
         QVERIFY(!qobject_cast<IProjecctFactory *>(static_cast<QObject *>(&editors)));
         QVERIFY(qobject_cast<IProjecctFactory *>(static_cast<QObject *>(&projects)));
-        QVERIFY(qobject_cast<IView *>(static_cast<QWidget *>(editor.get())));
-        QVERIFY(qobject_cast<IProject *>(static_cast<QObject *>(project.get())));
+        QVERIFY(qobject_cast<IOptionsPage *>(static_cast<QObject *>(&page)));
+        QVERIFY(!qobject_cast<IEditorFactory *>(static_cast<QObject *>(&page)));
+    }
+
+    // Plugins that are built already find the operations by their places.
+
+    void theOperationsOfAViewKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IView::onActivated, &IView::onDeactivated));
+    }
+
+    void theOperationsOfAnEditorKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IView::onDeactivated, &IEditor::currentLine, &IEditor::isReadOnly,
+                             &IEditor::setReadOnly, &IEditor::open, &IEditor::fileName,
+                             &IEditor::isModified, &IEditor::save, &IEditor::saveAs,
+                             &IEditor::goToLine));
+    }
+
+    void theOperationsOfAPanelKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IPanel::displayName, &IPanel::name, &IPanel::area,
+                             &IPanel::allowedAreas, &IPanel::layoutPriority));
+    }
+
+    void theOperationsOfAnEditorFactoryKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IEditorFactory::id, &IEditorFactory::displayName,
+                             &IEditorFactory::mimeTypes, &IEditorFactory::createEditor));
+    }
+
+    void theOperationsOfAProjectFactoryKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IProjecctFactory::projectTemplate, &IProjecctFactory::createProject));
+    }
+
+    void theOperationsOfAProjectKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IProject::displayName, &IProject::fileName, &IProject::projectDir,
+                             &IProject::open, &IProject::close, &IProject::canOpen,
+                             &IProject::files, &IProject::addFiles));
+    }
+
+    void theOperationsOfAWizardKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IWizardFactory::sortKey, &IWizardFactory::displayName,
+                             &IWizardFactory::description, &IWizardFactory::icon,
+                             &IWizardFactory::runWizard));
+    }
+
+    void theOperationsOfAPageKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&IOptionsPage::widget, &IOptionsPage::apply, &IOptionsPage::finish));
     }
 };
 
