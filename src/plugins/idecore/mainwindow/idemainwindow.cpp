@@ -22,6 +22,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QIcon>
 #include <QLabel>
 #include <QSettings>
 #include <QStatusBar>
@@ -123,7 +124,7 @@ void IdeMainWindow::closeEvent(QCloseEvent *event)
 void IdeMainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
-    using SetHasBorderInFullScreen = void (*)(QWindow *window, bool border);
+    using SetHasBorderInFullScreen = void (*)(QWindow *, bool);
     const auto setBorder = reinterpret_cast<SetHasBorderInFullScreen>(
         QGuiApplication::platformFunction(QByteArrayLiteral("WindowsSetHasBorderInFullScreen")));
     if (setBorder)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// The standard menus, tool bars and commands, apart from the window's own work.
+// The standard menus, tool bars and commands.
 
 #include <idecore/mainwindow/idemainwindow.h>
 
@@ -12,9 +12,12 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+
+#include <initializer_list>
 
 namespace Core {
 
@@ -40,30 +43,40 @@ QMenu *createMenu(const char *menuId, const QString &title)
     return menu;
 }
 
+enum class Kind {
+    Working,
+    Placeholder,       ///< Disabled: what it does is brought by editors.
+    TitledPlaceholder, ///< Shows the text of what is brought, too.
+};
+
 struct Command
 {
     const char *id;
+    Kind kind;
     QString text;
     QString toolTip;
-    const char *icon = nullptr;
+    const char *icon;
     QKeySequence shortcut = {};
 };
 
 /// Registers a command of the core's own in the global context and adds its
-/// proxy to @p menu. Returns the core's action, which works when @p enabled,
-/// otherwise it is a placeholder for what editors bring.
-QAction *addCommand(QWidget *owner, QMenu *menu, const Command &command, bool enabled)
+/// proxy to @p menu. Returns the core's action.
+QAction *addCommand(QWidget *owner, QMenu *menu, const Command &command)
 {
     auto *action = new QAction(command.text, owner);
     action->setToolTip(command.toolTip);
     if (command.icon)
         action->setIcon(icon(command.icon));
     action->setShortcut(command.shortcut);
-    action->setEnabled(enabled);
-    menu->addAction(ActionManager::registerAction(action, id(command.id), QString()));
+    action->setEnabled(command.kind == Kind::Working);
+    IAction *proxy = ActionManager::registerAction(action, id(command.id), QString());
+    if (command.kind == Kind::TitledPlaceholder)
+        proxy->setTextUpdated(true);
+    menu->addAction(proxy);
     return action;
 }
 
+/// Adds the proxies of @p ids, and a separator for each null.
 void addToToolBar(QToolBar *toolBar, std::initializer_list<const char *> ids)
 {
     for (const char *actionId : ids) {
@@ -96,36 +109,33 @@ void IdeMainWindow::initFileMenu()
 {
     QMenu *menu = ActionManager::menu(id(M_FILE));
 
-    QAction *action = addCommand(this, menu,
-                                 {A_FILE_NEW, tr("&New..."), tr("New File or Project"), "new.png",
-                                  QKeySequence(QKeySequence::New)},
-                                 true);
+    QAction *action =
+        addCommand(this, menu,
+                   {A_FILE_NEW, Kind::Working, tr("&New..."), tr("New File or Project"), "new.png",
+                    QKeySequence(QKeySequence::New)});
     connect(action, &QAction::triggered, this, &IdeMainWindow::onNewFiles);
     action = addCommand(this, menu,
-                        {A_FILE_OPEN, tr("&Open..."), tr("Open File or Project"), "open.png",
-                         QKeySequence(QKeySequence::Open)},
-                        true);
+                        {A_FILE_OPEN, Kind::Working, tr("&Open..."), tr("Open File or Project"),
+                         "open.png", QKeySequence(QKeySequence::Open)});
     connect(action, &QAction::triggered, this, &IdeMainWindow::onOpenFiles);
     menu->addAction(ActionManager::separator(id(SEP_FILE_OPEN_B)));
 
     menu->addAction(ActionManager::separator(id(SEP_FILE_SAVE_F)));
     addCommand(this, menu,
-               {A_FILE_SAVE, tr("&Save"), tr("Save"), "save.png", QKeySequence(QKeySequence::Save)},
-               false);
-    ActionManager::action(id(A_FILE_SAVE))->setTextUpdated(true);
-    addCommand(this, menu, {A_FILE_SAVEAS, tr("Save &As..."), tr("Save As"), "save_as.png"}, false);
-    ActionManager::action(id(A_FILE_SAVEAS))->setTextUpdated(true);
+               {A_FILE_SAVE, Kind::TitledPlaceholder, tr("&Save"), tr("Save"), "save.png",
+                QKeySequence(QKeySequence::Save)});
+    addCommand(
+        this, menu,
+        {A_FILE_SAVEAS, Kind::TitledPlaceholder, tr("Save &As..."), tr("Save As"), "save_as.png"});
     addCommand(this, menu,
-               {A_FILE_SAVEALL, tr("Save All"), tr("Save All"), "save_all.png",
-                QKeySequence(QStringLiteral("Ctrl+Shift+S"))},
-               false);
+               {A_FILE_SAVEALL, Kind::Placeholder, tr("Save All"), tr("Save All"), "save_all.png",
+                QKeySequence(QStringLiteral("Ctrl+Shift+S"))});
     menu->addAction(ActionManager::separator(id(SEP_FILE_SAVE_B)));
 
     menu->addAction(ActionManager::separator(id(SEP_FILE_PRINT_F)));
-    addCommand(
-        this, menu,
-        {A_FILE_PRINT, tr("&Print..."), tr("Print"), "print.png", QKeySequence(QKeySequence::Print)},
-        false);
+    addCommand(this, menu,
+               {A_FILE_PRINT, Kind::Placeholder, tr("&Print..."), tr("Print"), "print.png",
+                QKeySequence(QKeySequence::Print)});
     menu->addAction(ActionManager::separator(id(SEP_FILE_PRINT_B)));
 
     menu->addAction(ActionManager::separator(id(SEP_FILE_EXIT_F)));
@@ -140,33 +150,29 @@ void IdeMainWindow::initEditMenu()
     QMenu *menu = ActionManager::menu(id(M_EDIT));
 
     addCommand(this, menu,
-               {A_EDIT_UNDO, tr("&Undo"), tr("Undo"), "undo.png", QKeySequence(QKeySequence::Undo)},
-               false);
+               {A_EDIT_UNDO, Kind::Placeholder, tr("&Undo"), tr("Undo"), "undo.png",
+                QKeySequence(QKeySequence::Undo)});
     addCommand(this, menu,
-               {A_EDIT_REDO, tr("&Redo"), tr("Redo"), "redo.png",
-                QKeySequence(QStringLiteral("Ctrl+Y"))},
-               false);
+               {A_EDIT_REDO, Kind::Placeholder, tr("&Redo"), tr("Redo"), "redo.png",
+                QKeySequence(QStringLiteral("Ctrl+Y"))});
     menu->addSeparator();
     addCommand(this, menu,
-               {A_EDIT_CUT, tr("Cu&t"), tr("Cut"), "cut.png", QKeySequence(QKeySequence::Cut)},
-               false);
+               {A_EDIT_CUT, Kind::Placeholder, tr("Cu&t"), tr("Cut"), "cut.png",
+                QKeySequence(QKeySequence::Cut)});
     addCommand(this, menu,
-               {A_EDIT_COPY, tr("&Copy"), tr("Copy"), "copy.png", QKeySequence(QKeySequence::Copy)},
-               false);
-    addCommand(
-        this, menu,
-        {A_EDIT_PASTE, tr("&Paste"), tr("Paste"), "paste.png", QKeySequence(QKeySequence::Paste)},
-        false);
+               {A_EDIT_COPY, Kind::Placeholder, tr("&Copy"), tr("Copy"), "copy.png",
+                QKeySequence(QKeySequence::Copy)});
+    addCommand(this, menu,
+               {A_EDIT_PASTE, Kind::Placeholder, tr("&Paste"), tr("Paste"), "paste.png",
+                QKeySequence(QKeySequence::Paste)});
     menu->addSeparator();
     addCommand(this, menu,
-               {A_EDIT_SELECTALL, tr("Select &All"), tr("Select All"), nullptr,
-                QKeySequence(QKeySequence::SelectAll)},
-               false);
+               {A_EDIT_SELECTALL, Kind::Placeholder, tr("Select &All"), tr("Select All"), nullptr,
+                QKeySequence(QKeySequence::SelectAll)});
     menu->addSeparator();
     addCommand(this, menu,
-               {A_EDIT_FIND, tr("&Find && Replace"), tr("Find & Replace"), "find.png",
-                QKeySequence(QKeySequence::Find)},
-               false);
+               {A_EDIT_FIND, Kind::Placeholder, tr("&Find && Replace"), tr("Find & Replace"),
+                "find.png", QKeySequence(QKeySequence::Find)});
     menu->addSeparator();
 }
 
@@ -227,8 +233,8 @@ void IdeMainWindow::initToolBars()
 {
     QToolBar *toolBar = ActionManager::createToolBar(id(T_FILE));
     toolBar->setWindowTitle(tr("File ToolBar"));
-    addToToolBar(toolBar, {A_FILE_NEW, A_FILE_OPEN, A_FILE_SAVE, A_FILE_SAVEALL, nullptr,
-                           A_FILE_PRINT});
+    addToToolBar(toolBar,
+                 {A_FILE_NEW, A_FILE_OPEN, A_FILE_SAVE, A_FILE_SAVEALL, nullptr, A_FILE_PRINT});
     addToolBar(toolBar);
 
     toolBar = ActionManager::createToolBar(id(T_EDIT));
