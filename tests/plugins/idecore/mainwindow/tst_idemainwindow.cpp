@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/caughtmessages.h"
 #include "support/modaldialog.h"
 
+#include <assistant/assistantproxy.h>
 #include <extsys/pluginmanager.h>
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
@@ -24,11 +26,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 
@@ -144,6 +149,17 @@ private Q_SLOTS:
         QCOMPARE(window()->centralWidget(), window()->documentArea());
     }
 
+    void theStatusBarTheDocumentAreaAndTheMenusAreBuiltInThatOrder()
+    {
+        const QObjectList parts = window()->children();
+        const int statusBar = parts.indexOf(window()->statusBar());
+        const int area = parts.indexOf(window()->documentArea());
+        const int menuBar = parts.indexOf(ActionManager::menuBar(QStringLiteral("Core.MenuBar")));
+        QVERIFY(statusBar >= 0);
+        QVERIFY(area > statusBar);
+        QVERIFY(menuBar > area);
+    }
+
     void theFirstStartIsMaximised()
     {
         window()->prepareToShow();
@@ -204,6 +220,61 @@ private Q_SLOTS:
         QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
     }
 
+    void aGeometryThatIsNoneShowsTheWindowNormally_data()
+    {
+        QTest::addColumn<QVariant>("geometry");
+        QTest::newRow("garbage") << QVariant(QByteArray("no geometry"));
+        QTest::newRow("cut off") << QVariant(QMainWindow().saveGeometry().left(20));
+        QTest::newRow("number") << QVariant(5);
+        QTest::newRow("text") << QVariant(QStringLiteral("640x480"));
+    }
+
+    void aGeometryThatIsNoneShowsTheWindowNormally()
+    {
+        QFETCH(QVariant, geometry);
+        storeGeometry(revision(), geometry);
+        window()->prepareToShow();
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        QVERIFY(!window()->isMaximized());
+        QVERIFY(!window()->isFullScreen());
+        QVERIFY(window()->screen()->geometry().contains(window()->geometry().center()));
+        QVERIFY(window()->rect().contains(window()->centralWidget()->geometry()));
+    }
+
+    void aSettingOfAnotherTypeShowsTheWindowMaximised_data()
+    {
+        QTest::addColumn<QVariant>("version");
+        QTest::addColumn<QVariant>("geometry");
+        const QVariant list(QStringList{QStringLiteral("a"), QStringLiteral("b")});
+        const QByteArray good = QMainWindow().saveGeometry();
+        QTest::newRow("version list") << list << QVariant(good);
+        QTest::newRow("version number") << QVariant(7) << QVariant(good);
+        QTest::newRow("version rectangle") << QVariant(QRect(1, 2, 3, 4)) << QVariant(good);
+        QTest::newRow("geometry list") << QVariant(revision()) << list;
+        QTest::newRow("geometry rectangle") << QVariant(revision()) << QVariant(QRect(1, 2, 3, 4));
+        QTest::newRow("geometry empty") << QVariant(revision()) << QVariant(QByteArray());
+    }
+
+    void aSettingOfAnotherTypeShowsTheWindowMaximised()
+    {
+        QFETCH(QVariant, version);
+        QFETCH(QVariant, geometry);
+        storeGeometry(version, geometry);
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible() && window()->isMaximized());
+    }
+
+    void aSavedStateThatIsNoneIsNotMissed()
+    {
+        storeGeometry(revision(), window()->saveGeometry());
+        IdeCore::userSettingsGUI()->setValue(STATE, QStringLiteral("no state"));
+        window()->prepareToShow();
+        QTRY_VERIFY(window()->isVisible());
+        QVERIFY(!ActionManager::toolBar(QStringLiteral("Core.Toolbar.File"))->isHidden());
+        closeWindow();
+        QCOMPARE(IdeCore::userSettingsGUI()->value(STATE).type(), QVariant::ByteArray);
+    }
+
     void theShownWindowIsTheActiveOne()
     {
         QSignalSpy spy(window(), &IdeMainWindow::windowActivated);
@@ -247,6 +318,16 @@ private Q_SLOTS:
         QCOMPARE(stored.value(VERSION).toString(), revision());
         QCOMPARE(stored.value(GEOMETRY).toByteArray(), geometry);
         QCOMPARE(stored.value(STATE).toByteArray(), state);
+    }
+
+    void savingIsOnDiskAtOnce()
+    {
+        window()->saveWindowState();
+        QFile file(IdeCore::userSettingsGUI()->fileName());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray stored = file.readAll();
+        for (const char *key : {"Version=", "MainwindowGeometry=", "MainwindowState="})
+            QVERIFY2(stored.contains(key), stored.constData());
     }
 
     void theSavedStateIsNeverRestored()
@@ -333,18 +414,36 @@ private Q_SLOTS:
         QTRY_VERIFY(!action->isChecked());
     }
 
-    void statusMessages()
+    void aStatusMessageGoesWhenItsTimeIsOver()
     {
         window()->show();
-        window()->showStatusMessage(QStringLiteral("for good"), 0);
-        QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("for good"));
         window()->showStatusMessage(QStringLiteral("for a while"), 20);
         QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("for a while"));
         QTRY_COMPARE(window()->statusBar()->currentMessage(), QString());
+    }
+
+    void aStatusMessageWithoutATimeStaysUntilItIsReplaced()
+    {
+        window()->show();
+        window()->showStatusMessage(QStringLiteral("for good"), 0);
+        // No timer runs that could take it away.
+        const QList<QTimer *> timers = window()->statusBar()->findChildren<QTimer *>();
+        for (const QTimer *timer : timers)
+            QVERIFY(!timer->isActive());
+        QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("for good"));
+        window()->showStatusMessage(QStringLiteral("another"), 0);
+        QCOMPARE(window()->statusBar()->currentMessage(), QStringLiteral("another"));
+    }
+
+    void aPermanentStatusMessageStandsBesideATemporaryOne()
+    {
+        window()->show();
         window()->showPermanentStatusMessage(QStringLiteral("permanent"));
+        window()->showStatusMessage(QStringLiteral("temporary"), 0);
         const auto *label = window()->statusBar()->findChild<QLabel *>();
         QVERIFY(label);
         QCOMPARE(label->text(), QStringLiteral("permanent"));
+        QVERIFY(label->isVisible());
     }
 
     void aNormalStatusMessageChangesNothingOnScreen()
@@ -385,19 +484,40 @@ private Q_SLOTS:
         QCOMPARE(openFiles(), inEditor ? QStringList{path} : QStringList());
     }
 
-    void openingIsLoggedWithNameAndType()
+    void aProjectGoesToTheProjectManager()
+    {
+        const QString path = file(QStringLiteral("top.kprj"));
+        QTest::ignoreMessage(QtDebugMsg,
+                             qPrintable(QStringLiteral("open project: \"%1\"").arg(path)));
+        window()->openFile(path);
+    }
+
+    void filesAreOpenedForWriting()
+    {
+        window()->openFile(file(QStringLiteral("top.v")));
+        QVERIFY(EditorManager::currentEditor());
+        QVERIFY(!EditorManager::currentEditor()->isReadOnly());
+    }
+
+    void openingIsLoggedWithNameAndTypeBeforeItBegins()
     {
         const QString path = file(QStringLiteral("top.v"));
-        QTest::ignoreMessage(
-            QtDebugMsg,
-            qPrintable(QStringLiteral("IdeMainWindow: open  \"%1\" \"text/verilog\"").arg(path)));
+        const CaughtMessages log;
         window()->openFile(path);
+        const QStringList lines = log.texts();
+        const int line =
+            lines.indexOf(QStringLiteral("IdeMainWindow: open  \"%1\" \"text/verilog\"").arg(path));
+        QVERIFY2(line >= 0, qPrintable(lines.join(QLatin1Char('\n'))));
+        const QStringList opening = lines.filter(QStringLiteral("open editor for:"));
+        QCOMPARE(opening.size(), 1);
+        QVERIFY(lines.indexOf(opening.constFirst()) > line);
     }
 
     void pendingEventsAreHandledAfterAFile()
     {
         bool handled = false;
-        QMetaObject::invokeMethod(this, [&handled] { handled = true; }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [&handled] { handled = true; }, Qt::QueuedConnection);
         window()->openFile(file(QStringLiteral("a.txt")));
         QVERIFY(handled);
     }
@@ -448,12 +568,32 @@ private Q_SLOTS:
         QCOMPARE(openFiles(), files);
     }
 
+    void helpStartsTheViewer()
+    {
+        QFile viewer(m_dir->filePath(QStringLiteral("viewer")));
+        QVERIFY(viewer.open(QIODevice::WriteOnly));
+        viewer.write("#!/bin/sh\nexec cat >/dev/null\n");
+        viewer.close();
+        QVERIFY(viewer.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        auto *assistant = ASSISTANT::AssistantProxy::instance();
+        assistant->setViewerProgram(viewer.fileName());
+        assistant->setCollectionFile(file(QStringLiteral("help.qhc")));
+        QVERIFY(!assistant->isRunning());
+        menuEntry(QStringLiteral("Core.Menu.Help"), QStringLiteral("View Help"))->trigger();
+        const bool runs = assistant->isRunning();
+        assistant->stopAssistant();
+        assistant->setViewerProgram(QString());
+        assistant->setCollectionFile(QString());
+        QVERIFY(runs);
+    }
+
     void contactOpensThePageInTheBrowser()
     {
         QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openUrl");
         menuEntry(QStringLiteral("Core.Menu.Help"), QStringLiteral("Contact Us"))->trigger();
         QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
-        QCOMPARE(m_urls, QList<QUrl>{QUrl(QStringLiteral("https://www.kelmoware.example/contact"))});
+        QCOMPARE(m_urls,
+                 QList<QUrl>{QUrl(QStringLiteral("https://www.kelmoware.example/contact"))});
     }
 
 private:
@@ -484,7 +624,13 @@ private:
         QTRY_COMPARE(window()->geometry().size(), geometry.size());
     }
 
-    void closeWindow()
+    static void storeGeometry(const QVariant &version, const QVariant &geometry)
+    {
+        IdeCore::userSettingsGUI()->setValue(VERSION, version);
+        IdeCore::userSettingsGUI()->setValue(GEOMETRY, geometry);
+    }
+
+    static void closeWindow()
     {
         QVERIFY(window()->close());
         QVERIFY(!window()->isVisible());

@@ -5,9 +5,11 @@
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
 #include <idecore/core/idecore.h>
+#include <idecore/interfaces/iview.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
 
 #include <QApplication>
 #include <QIcon>
@@ -17,6 +19,8 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
+
+#include <utility>
 
 using namespace Core;
 
@@ -61,6 +65,16 @@ const QVector<Command> &commands()
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
+}
+
+QIcon icon(const char *file)
+{
+    return QIcon(QLatin1String(":/core/image/") + text(file));
+}
+
+QImage imageOf(const QIcon &icon)
+{
+    return icon.pixmap(24, 24).toImage();
 }
 
 IAction *proxy(const char *id)
@@ -175,11 +189,9 @@ private Q_SLOTS:
         QCOMPARE(action->shortcut(), command.shortcut);
         QCOMPARE(action->shortcutContext(), Qt::ApplicationShortcut);
         QVERIFY(!action->isEnabled());
-        const QImage shown = action->icon().pixmap(24, 24).toImage();
         if (command.icon) {
-            const QIcon expected(QLatin1String(":/core/image/") + text(command.icon));
-            QVERIFY(!expected.pixmap(24, 24).isNull());
-            QCOMPARE(shown, expected.pixmap(24, 24).toImage());
+            QVERIFY(!imageOf(icon(command.icon)).isNull());
+            QCOMPARE(imageOf(action->icon()), imageOf(icon(command.icon)));
         } else {
             QVERIFY(action->icon().isNull());
         }
@@ -266,7 +278,7 @@ private Q_SLOTS:
 
         const QAction *options = entry("Core.Menu.Tool", "&Options...");
         QCOMPARE(options->menuRole(), QAction::NoRole);
-        QVERIFY(!options->icon().pixmap(24, 24).isNull());
+        QCOMPARE(imageOf(options->icon()), imageOf(icon("options.png")));
 
         const QAction *fullScreen = entry("Core.Menu.Window", "&Full Screen");
         QVERIFY(fullScreen->isCheckable());
@@ -274,13 +286,55 @@ private Q_SLOTS:
         QCOMPARE(fullScreen->toolTip(),
                  QStringLiteral("<nobr>Full Screen&nbsp;<span style=\"color: gray; font-size: "
                                 "small\">F11</span></nobr>"));
-        QVERIFY(!fullScreen->icon().pixmap(24, 24).isNull());
+        QCOMPARE(imageOf(fullScreen->icon()), imageOf(icon("fullscreen.png")));
 
-        for (const char *title : {"Tile", "Cascade"}) {
-            QCOMPARE(entry("Core.Menu.Window", title)->toolTip(), text(title));
-            QVERIFY(!entry("Core.Menu.Window", title)->icon().pixmap(24, 24).isNull());
-            QVERIFY(entry("Core.Menu.Window", title)->shortcut().isEmpty());
+        const QAction *tile = entry("Core.Menu.Window", "Tile");
+        QCOMPARE(tile->toolTip(), QStringLiteral("Tile"));
+        QCOMPARE(imageOf(tile->icon()), imageOf(icon("tile.png")));
+        QVERIFY(tile->shortcut().isEmpty());
+
+        const QAction *cascade = entry("Core.Menu.Window", "Cascade");
+        QCOMPARE(cascade->toolTip(), QStringLiteral("Cascade"));
+        QCOMPARE(imageOf(cascade->icon()), imageOf(icon("cascade.png")));
+        QVERIFY(cascade->shortcut().isEmpty());
+    }
+
+    void plainEntriesAreThoseOfTheWindow()
+    {
+        for (const auto &[menuId, title] :
+             {std::pair("Core.Menu.File", "&Exit"), std::pair("Core.Menu.Tool", "&Options..."),
+              std::pair("Core.Menu.Window", "&Full Screen"), std::pair("Core.Menu.Window", "Tile"),
+              std::pair("Core.Menu.Window", "Cascade"), std::pair("Core.Menu.Help", "View Help"),
+              std::pair("Core.Menu.Help", "Contact Us"), std::pair("Core.Menu.Help", "About...")}) {
+            const QAction *action = entry(menuId, title);
+            QVERIFY2(action, title);
+            QVERIFY2(action->parent() == ViewManager::mainWindow(), title);
+            QVERIFY2(action->isEnabled(), title);
         }
+    }
+
+    void tileAndCascadeShowTheDocumentsAsWindows_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::newRow("tile") << QStringLiteral("Tile");
+        QTest::newRow("cascade") << QStringLiteral("Cascade");
+    }
+
+    void tileAndCascadeShowTheDocumentsAsWindows()
+    {
+        QFETCH(QString, title);
+        for (int i = 0; i < 2; ++i)
+            ViewManager::showView(new IView);
+        ViewManager::mainWindow()->resize(900, 700);
+        ViewManager::mainWindow()->show();
+        QVERIFY(ViewManager::mainWindow()->documentArea()->isTabbed());
+        entry("Core.Menu.Window", qPrintable(title))->trigger();
+        QVERIFY(!ViewManager::mainWindow()->documentArea()->isTabbed());
+        const auto windows = ViewManager::mainWindow()->documentArea()->subWindows();
+        QCOMPARE(windows.size(), 2);
+        // Cascaded windows lie over one another, tiled ones do not.
+        QCOMPARE(windows.at(0)->geometry().intersects(windows.at(1)->geometry()),
+                 title == QLatin1String("Cascade"));
     }
 
     void theToolBarsHoldTheirEntriesInOrder_data()
