@@ -171,6 +171,16 @@ bool IAction::event(QEvent *event)
     return QAction::event(event);
 }
 
+bool IAction::eventFilter(QObject *watched, QEvent *event)
+{
+    // A change made while the action's signals are blocked is not mirrored at
+    // once; the next change of contexts has to find it.
+    if (event->type() == QEvent::ActionChanged && watched == d->currentAction
+        && watched->signalsBlocked())
+        d->markStale();
+    return QAction::eventFilter(watched, event);
+}
+
 QString private_impl::formatToolTip(const QString &toolTip, const QKeySequence &key)
 {
     if (toolTip.isEmpty())

@@ -94,6 +94,7 @@ public Q_SLOTS:
 
 protected:
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     friend class private_impl::ContextIndex;

@@ -192,6 +192,7 @@ void IAction::Private::link()
     if (linked)
         return;
     dropSpareLinks();
+    action->installEventFilter(q);
     m_links.push_back({action, connect(action, &QAction::changed, q, [tie = Tie(m_self), action] {
                            Private *proxy = tie.proxy();
                            if (!proxy || proxy->currentAction != action)
@@ -214,6 +215,7 @@ void IAction::Private::dropSpareLinks()
         if (link.action == currentAction || std::any_of(entries.cbegin(), entries.cend(), isLinked))
             return false;
         QObject::disconnect(link.changed);
+        link.action->removeEventFilter(q);
         return true;
     };
     m_links.erase(std::remove_if(m_links.begin(), m_links.end(), drop), m_links.end());

@@ -85,7 +85,8 @@ private:
     class Tie;
     struct Link
     {
-        const QAction *action = nullptr;
+        // Dangles once the connection has ended.
+        QAction *action = nullptr;
         QMetaObject::Connection changed;
     };
 

@@ -94,6 +94,7 @@ private Q_SLOTS:
 
     void separatorIsMadeOnce();
     void separatorStandsInSeveralContainers();
+    void destroyedSeparatorIsMadeAnew();
 
     void toolTipShowsTheShortcut();
     void toolTipWithoutShortcutHasAnEmptySpan();
@@ -107,10 +108,12 @@ private Q_SLOTS:
     void sizeIsAppliedToAllToolBars_data();
     void sizeIsAppliedToAllToolBars();
     void presentSizeIsNotAppliedAgain();
+    void toolBarsMayBeDestroyedWhileTheSizeIsApplied();
     void sizeIsNotWrittenToTheSettings();
     void settingIsReadOnce();
 
     void shutDownDeletesProxiesSeparatorsAndActions();
+    void commandsMayBeRegisteredWhileTheRegistryGoes();
     void withoutRegistryNothingIsFound();
 
 private:
@@ -477,6 +480,13 @@ void TestActionManager::separatorStandsInSeveralContainers()
     QVERIFY(toolBar.actions().contains(separator));
 }
 
+void TestActionManager::destroyedSeparatorIsMadeAnew()
+{
+    delete ActionManager::separator(Id);
+
+    QVERIFY(ActionManager::separator(Id)->isSeparator());
+}
+
 void TestActionManager::toolTipShowsTheShortcut()
 {
     QAction action;
@@ -593,6 +603,21 @@ void TestActionManager::presentSizeIsNotAppliedAgain()
     QCOMPARE(bar->iconSize(), QSize(40, 40));
 }
 
+void TestActionManager::toolBarsMayBeDestroyedWhileTheSizeIsApplied()
+{
+    const QPointer<QToolBar> one = ActionManager::createToolBar(Id);
+    const QPointer<QToolBar> other = ActionManager::createToolBar(QStringLiteral("Test.Other"));
+    connect(one, &QToolBar::iconSizeChanged, this, [&other] { delete other; });
+    connect(other, &QToolBar::iconSizeChanged, this, [&one] { delete one; });
+
+    ActionManager::setToolbarIconSize(28);
+
+    const QToolBar *left = one ? one : other;
+    QVERIFY(left);
+    QVERIFY(!one || !other);
+    QCOMPARE(left->iconSize(), QSize(28, 28));
+}
+
 void TestActionManager::sizeIsNotWrittenToTheSettings()
 {
     ActionManager::setToolbarIconSize(28);
@@ -623,6 +648,20 @@ void TestActionManager::shutDownDeletesProxiesSeparatorsAndActions()
     QVERIFY(!action);
     QVERIFY(!separator);
     QVERIFY(menu.actions().isEmpty());
+}
+
+void TestActionManager::commandsMayBeRegisteredWhileTheRegistryGoes()
+{
+    QPointer<IAction> late;
+    IAction *proxy = ActionManager::registerAction(new QAction, Command, Global);
+    connect(proxy, &QObject::destroyed, this, [&late] {
+        late = ActionManager::registerAction(new QAction, QStringLiteral("Test.Late"), Global);
+        QVERIFY(late);
+    });
+
+    m_core.reset();
+
+    QVERIFY(!late);
 }
 
 void TestActionManager::withoutRegistryNothingIsFound()

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void flagTakesEffectWithAnUnchangedList();
     void proxyChangedFromOutsideIsPutRight();
     void blockedProxyChangedFromOutsideIsPutRight();
+    void silentChangeOfTheActionShowsAfterTheNextChange();
     void actionOfAContextAlreadyCurrentIsFound();
     void destroyedActionGivesWayToTheNextContext();
     void destroyedActionLeavesNoneWithAnUnchangedList();
@@ -177,6 +178,21 @@ void TestContextChanges::blockedProxyChangedFromOutsideIsPutRight()
     ActionManager::setCurrentContexts({ContextA});
 
     QVERIFY(ActionManager::action(Command)->isEnabled());
+}
+
+void TestContextChanges::silentChangeOfTheActionShowsAfterTheNextChange()
+{
+    QAction *a = add(QStringLiteral("a"), Command, ContextA);
+    ActionManager::setCurrentContexts({ContextA});
+    {
+        const QSignalBlocker blocker(a);
+        a->setText(QStringLiteral("silent"));
+    }
+    QCOMPARE(text(), QStringLiteral("a"));
+
+    ActionManager::setCurrentContexts({ContextA});
+
+    QCOMPARE(text(), QStringLiteral("silent"));
 }
 
 void TestContextChanges::actionOfAContextAlreadyCurrentIsFound()

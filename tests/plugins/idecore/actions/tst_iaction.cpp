@@ -66,6 +66,7 @@ private Q_SLOTS:
     void shortcutChangedReplacesTheOldOneInTheToolTip();
     void emptyToolTipStaysEmptyWithAShortcut();
     void shortcutRemovedLeavesAnEmptySpan();
+    void shortcutIsAppendedToTheMirroredToolTip();
 
     void orderOfTheListIsThePriority();
     void nullActionIsIgnored();
@@ -100,17 +101,22 @@ private Q_SLOTS:
     void iconFlagTakesEffectAtTheNextUpdate();
     void hideFlagTakesEffectAtTheNextUpdate();
     void shortcutIsNeverMirrored();
+    void whatsThisIsNeverMirrored();
     void actionChangedUpdates();
     void uncheckableActionClearsTheCheckMark();
+    void silentChangeOfTheActionShowsAfterTheNextChange();
 
     void triggeringTriggersTheCurrentActionOnce();
     void triggeredComesFromTheActionItself();
     void actionNotCurrentIsNotTriggered();
     void earlierActionIsNotMirroredAnyMore();
     void togglingSetsTheCheckedState();
+    void triggeredTellsTheCheckedStateOnce();
     void connectingTwiceForwardsOnce();
     void disconnectedProxyForwardsNothing();
     void disconnectedProxyMirrorsNothing();
+    void disconnectingLeavesTheConnectionsOfOthers();
+    void connectingWithoutAnActionForwardsNothing();
     void changeOfContextsConnectsAgain();
     void connectionsTakenOffTheActionComeBack();
     void connectionsTakenOffTheProxyComeBack();
@@ -277,6 +283,18 @@ void TestIAction::shortcutRemovedLeavesAnEmptySpan()
     bound.proxy.setShortcut(QKeySequence());
 
     QCOMPARE(bound.proxy.toolTip(), shown(QStringLiteral("A"), QKeySequence()));
+}
+
+void TestIAction::shortcutIsAppendedToTheMirroredToolTip()
+{
+    Bound bound;
+    bound.proxy.setTextUpdated(true);
+    bound.proxy.setCurrentContexts({ContextB});
+
+    bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
+
+    QCOMPARE(bound.proxy.toolTip(),
+             shown(QStringLiteral("B"), QKeySequence(QStringLiteral("Ctrl+S"))));
 }
 
 void TestIAction::orderOfTheListIsThePriority()
@@ -666,6 +684,18 @@ void TestIAction::shortcutIsNeverMirrored()
     QCOMPARE(bound.proxy.shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
 }
 
+void TestIAction::whatsThisIsNeverMirrored()
+{
+    Bound bound;
+    bound.proxy.setTextUpdated(true);
+    bound.proxy.setIconUpdated(true);
+    bound.b->setWhatsThis(QStringLiteral("What"));
+
+    bound.proxy.setCurrentContexts({ContextB});
+
+    QCOMPARE(bound.proxy.whatsThis(), QString());
+}
+
 void TestIAction::actionChangedUpdates()
 {
     Bound bound;
@@ -690,6 +720,21 @@ void TestIAction::uncheckableActionClearsTheCheckMark()
     QVERIFY(!bound.proxy.isCheckable());
     QVERIFY(!bound.proxy.isChecked());
     QVERIFY(bound.a->isChecked());
+}
+
+void TestIAction::silentChangeOfTheActionShowsAfterTheNextChange()
+{
+    Bound bound;
+    bound.proxy.setCurrentContexts({ContextA});
+    {
+        const QSignalBlocker blocker(bound.a.get());
+        bound.a->setEnabled(false);
+    }
+    QVERIFY(bound.proxy.isEnabled());
+
+    bound.proxy.setCurrentContexts({ContextA});
+
+    QVERIFY(!bound.proxy.isEnabled());
 }
 
 void TestIAction::triggeringTriggersTheCurrentActionOnce()
@@ -758,6 +803,21 @@ void TestIAction::togglingSetsTheCheckedState()
     QVERIFY(!bound.a->isChecked());
 }
 
+void TestIAction::triggeredTellsTheCheckedStateOnce()
+{
+    Bound bound;
+    bound.a->setCheckable(true);
+    bound.proxy.setCurrentContexts({ContextA});
+    const QSignalSpy spy(bound.a.get(), &QAction::triggered);
+
+    bound.proxy.trigger();
+    bound.proxy.trigger();
+
+    QCOMPARE(spy.count(), 2);
+    QCOMPARE(spy.first(), QVariantList{true});
+    QCOMPARE(spy.last(), QVariantList{false});
+}
+
 void TestIAction::connectingTwiceForwardsOnce()
 {
     Bound bound;
@@ -799,6 +859,34 @@ void TestIAction::disconnectedProxyMirrorsNothing()
     bound.proxy.connectAction();
     bound.a->setVisible(false);
     QVERIFY(!bound.proxy.isEnabled());
+}
+
+void TestIAction::disconnectingLeavesTheConnectionsOfOthers()
+{
+    Bound bound;
+    bound.proxy.setCurrentContexts({ContextA});
+    connect(&bound.proxy, &QAction::triggered, bound.b.get(), &QAction::trigger);
+    connect(bound.a.get(), &QAction::changed, bound.b.get(), &QAction::trigger);
+    const QSignalSpy spy(bound.b.get(), &QAction::triggered);
+
+    bound.proxy.disconnectAction();
+    bound.proxy.trigger();
+    bound.a->setEnabled(false);
+
+    QCOMPARE(spy.count(), 2);
+}
+
+void TestIAction::connectingWithoutAnActionForwardsNothing()
+{
+    Bound bound;
+    const QSignalSpy spy(bound.a.get(), &QAction::triggered);
+
+    bound.proxy.disconnectAction();
+    bound.proxy.connectAction();
+    bound.proxy.setEnabled(true);
+    bound.proxy.trigger();
+
+    QCOMPARE(spy.count(), 0);
 }
 
 void TestIAction::changeOfContextsConnectsAgain()

@@ -326,9 +326,16 @@ QString TestRandomContexts::step(RealWorld &real, PlainWorld &plain)
         plain.destroy(command, context);
         return QStringLiteral("destroy action ") + where;
     }
-    if (kind < 67) {
+    if (kind < 65) {
         toActions(change);
         return QStringLiteral("change action ") + where;
+    }
+    if (kind < 67) {
+        toActions([&change](QAction *action) {
+            const QSignalBlocker blocker(action);
+            change(action);
+        });
+        return QStringLiteral("change blocked action ") + where;
     }
     if (kind < 73) {
         toVisible(change);
