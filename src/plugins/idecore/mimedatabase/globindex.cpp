@@ -56,8 +56,8 @@ void GlobIndex::finish()
         const std::u16string &text = literal.reversed;
         size_t shared = 0;
         if (previous) {
-            const auto ends = std::mismatch(text.cbegin(), text.cend(), previous->cbegin(),
-                                            previous->cend());
+            const auto ends =
+                std::mismatch(text.cbegin(), text.cend(), previous->cbegin(), previous->cend());
             shared = size_t(ends.first - text.cbegin());
         }
         way.resize(shared + 1);

@@ -142,8 +142,9 @@ void MimeDatabasePrivate::buildIndex()
         if (entry.level <= maxLevel)
             index->visited.push_back(&entry);
     }
-    std::stable_sort(index->visited.begin(), index->visited.end(),
-                     [](const MimeMapEntry *a, const MimeMapEntry *b) { return a->level > b->level; });
+    std::stable_sort(
+        index->visited.begin(), index->visited.end(),
+        [](const MimeMapEntry *a, const MimeMapEntry *b) { return a->level > b->level; });
     for (const MimeMapEntry *entry : index->visited) {
         const MimeTypeData &data = entry->type.data();
         index->globs.addType(data.globPatterns);

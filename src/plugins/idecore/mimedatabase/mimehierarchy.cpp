@@ -116,8 +116,9 @@ void MimeDatabasePrivate::determineLevels()
         for (auto child = range.first; child != range.second; ++child) {
             const int index = typeMimeTypeMap.value(child.value(), -1);
             if (index < 0) {
-                qWarning("%s: Inconsistent mime hierarchy detected, child %s of %s cannot be found.",
-                         Q_FUNC_INFO, qUtf8Printable(child.value()), qUtf8Printable(type));
+                qWarning(
+                    "%s: Inconsistent mime hierarchy detected, child %s of %s cannot be found.",
+                    Q_FUNC_INFO, qUtf8Printable(child.value()), qUtf8Printable(type));
                 continue;
             }
             children.push_back(index);
@@ -139,8 +140,8 @@ void MimeDatabasePrivate::determineLevels()
         if (cycle.size() > mostNames)
             names.append(QStringLiteral("..."));
         names.append(names.constFirst());
-        qWarning("%s: Inconsistent mime hierarchy detected, cycle of types: %s.",
-                 function, qUtf8Printable(names.join(QLatin1String(" > "))));
+        qWarning("%s: Inconsistent mime hierarchy detected, cycle of types: %s.", function,
+                 qUtf8Printable(names.join(QLatin1String(" > "))));
     };
     for (const int parent : parents) {
         if (!hierarchy.hasParent(parent))

@@ -16,40 +16,42 @@ namespace Core {
 
 QString LocaleComments::value(const QString &locale, const QString &defaultText) const
 {
-    const Entry *entry = find(locale);
-    return entry ? m_texts.mid(entry->begin, entry->size) : defaultText;
+    // The last one counts: a text that is replaced stays where it is.
+    const auto entry =
+        std::find_if(m_entries.crbegin(), m_entries.crend(), [this, &locale](const Entry &e) {
+            return e.localeSize == locale.size() && m_texts.midRef(e.begin, e.localeSize) == locale;
+        });
+    return entry == m_entries.crend()
+               ? defaultText
+               : m_texts.mid(entry->begin + entry->localeSize, entry->textSize);
+}
+
+LocaleComments LocaleComments::squeezed() const
+{
+    LocaleComments copy = *this;
+    copy.m_entries.squeeze();
+    copy.m_texts = QString(m_texts.constData(), m_texts.size());
+    return copy;
 }
 
 void LocaleComments::insert(const QString &locale, const QString &text)
 {
-    if (m_entries.isEmpty()) {
-        // Room for the usual number of languages, instead of growing into it.
-        m_entries.reserve(48);
-        m_texts.reserve(1024);
-    }
-    m_entries.append({locale, m_texts.size(), text.size()});
+    m_entries.append({m_texts.size(), locale.size(), text.size()});
+    m_texts += locale;
     m_texts += text;
 }
 
 void LocaleComments::clear()
 {
-    m_entries.clear();
-    m_texts.clear();
-}
-
-/// The last one counts: a text that is replaced stays where it is.
-const LocaleComments::Entry *LocaleComments::find(const QString &locale) const
-{
-    const auto entry = std::find_if(m_entries.crbegin(), m_entries.crend(),
-                                    [&locale](const Entry &e) { return e.locale == locale; });
-    return entry == m_entries.crend() ? nullptr : &*entry;
+    m_entries.resize(0);
+    m_texts.resize(0);
 }
 
 void MimeTypeData::clear()
 {
     type.clear();
     comment.clear();
-    localeComments.clear();
+    localeComments = LocaleComments();
     aliases.clear();
     globPatterns.clear();
     subClassesOf.clear();

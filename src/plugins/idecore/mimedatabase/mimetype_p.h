@@ -19,27 +19,29 @@ QT_END_NAMESPACE
 
 namespace Core {
 
-/// Texts by locale, packed: definitions carry tens of thousands of them, of which
-/// next to none is ever asked for.
+/// Texts by locale, packed into one: definitions carry tens of thousands of
+/// them, of which next to none is ever asked for.
 class IDECORE_EXPORT LocaleComments final
 {
 public:
     /// @p defaultText where there is none.
     [[nodiscard]] QString value(const QString &locale, const QString &defaultText) const;
+    /// The same texts in no more memory than they need.
+    [[nodiscard]] LocaleComments squeezed() const;
 
     /// Replaces a text of the same locale.
     void insert(const QString &locale, const QString &text);
+    /// Keeps the memory.
     void clear();
 
 private:
+    /// The text lies behind the name of its locale.
     struct Entry
     {
-        QString locale;
         int begin;
-        int size;
+        int localeSize;
+        int textSize;
     };
-
-    const Entry *find(const QString &locale) const;
 
     QVector<Entry> m_entries;
     QString m_texts;

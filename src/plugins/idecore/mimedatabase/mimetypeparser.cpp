@@ -16,7 +16,7 @@
 #include <QtDebug>
 
 #include <algorithm>
-#include <array>
+#include <cstring>
 
 namespace Core {
 namespace Internal {
@@ -34,25 +34,53 @@ QString notANumber(const QString &text)
     return QStringLiteral("Not a number '%1'.").arg(text);
 }
 
+/// Latin-1 text, and whether it is more than ASCII.
+struct Latin1
+{
+    QVarLengthArray<char, 256> text;
+    bool isAscii = false;
+};
+
+/// False where Latin-1 cannot express @p text. Goes four units at a time and
+/// takes no memory: it runs over most of what a file of definitions holds.
+bool toLatin1(const QString &text, Latin1 &latin1)
+{
+    const QChar *const units = text.constData();
+    const int size = text.size();
+    latin1.text.resize(size + 1);
+    char *const bytes = latin1.text.data();
+    quint64 bits = 0;
+    int i = 0;
+    for (; i + 4 <= size; i += 4) {
+        quint64 four;
+        std::memcpy(&four, units + i, sizeof four);
+        bits |= four;
+        for (int k = 0; k < 4; ++k)
+            bytes[i + k] = char(units[i + k].unicode());
+    }
+    bits |= bits >> 32;
+    bits |= bits >> 16;
+    for (; i < size; ++i) {
+        bits |= units[i].unicode();
+        bytes[i] = char(units[i].unicode());
+    }
+    bytes[size] = '\0';
+    latin1.isAscii = (bits & 0xffff) < 0x80;
+    return (bits & 0xffff) <= 0xff;
+}
+
 /// Puts the catalogue's text in place of @p comment. It is asked with Latin-1
 /// text, so that it cannot know what Latin-1 cannot express.
 void translate(QString &comment)
 {
-    QVarLengthArray<char, 256> source(comment.size() + 1);
-    char *to = source.data();
-    ushort allBits = 0;
-    for (const QChar c : qAsConst(comment)) {
-        const ushort unit = c.unicode();
-        if (unit > 0xff)
-            return;
-        allBits |= unit;
-        *to++ = char(unit);
-    }
-    *to = '\0';
-    const QString text = QCoreApplication::translate("MimeType", source.constData());
+    Latin1 source;
+    if (!toLatin1(comment, source))
+        return;
+    const QString text = QCoreApplication::translate("MimeType", source.text.constData());
     // An answer that says what was asked is none, and what was asked is not
     // UTF-8 unless it is ASCII.
-    const bool known = text != (allBits < 0x80 ? comment : QString::fromUtf8(source.constData()));
+    const bool known =
+        text != (source.isAscii ? comment : QString::fromUtf8(source.text.constData()));
     if (known)
         comment = text;
 }
@@ -89,27 +117,6 @@ void readElementText(QXmlStreamReader &reader, QString &text)
     }
 }
 
-/// Hands out one string for most of the times the same text is met: there are
-/// thousands of comments, in few languages.
-class StringPool
-{
-public:
-    QString shared(const QStringRef &text)
-    {
-        if (text.isEmpty())
-            return {};
-        const unsigned mix = unsigned(text.size()) * 61U + text.front().unicode() * 17U
-            + text.back().unicode();
-        QString &known = m_strings[mix % m_strings.size()];
-        if (known != text)
-            known = text.toString();
-        return known;
-    }
-
-private:
-    std::array<QString, 256> m_strings;
-};
-
 } // namespace
 
 BaseMimeTypeParser::BaseMimeTypeParser()
@@ -136,20 +143,25 @@ BaseMimeTypeParser::ParseStage BaseMimeTypeParser::nextStage(ParseStage current,
     case ParseSubClass:
     case ParseAlias:
     case ParseMagicMatchRule:
-    case ParseOtherMimeTypeSubTag:
-        if (element == QLatin1String("comment"))
-            return ParseComment;
-        if (element == QLatin1String("glob"))
-            return ParseGlobPattern;
-        if (element == QLatin1String("sub-class-of"))
-            return ParseSubClass;
-        if (element == QLatin1String("alias"))
-            return ParseAlias;
-        if (element == QLatin1String("magic"))
-            return ParseMagic;
-        if (element == QLatin1String("mime-type"))
-            return ParseMimeType;
+    case ParseOtherMimeTypeSubTag: {
+        static const struct
+        {
+            QLatin1String element;
+            ParseStage stage;
+        } next[] = {
+            {QLatin1String("comment"), ParseComment},
+            {QLatin1String("glob"), ParseGlobPattern},
+            {QLatin1String("sub-class-of"), ParseSubClass},
+            {QLatin1String("alias"), ParseAlias},
+            {QLatin1String("magic"), ParseMagic},
+            {QLatin1String("mime-type"), ParseMimeType},
+        };
+        for (const auto &known : next) {
+            if (element.size() == known.element.size() && element == known.element)
+                return known.stage;
+        }
         return ParseOtherMimeTypeSubTag;
+    }
     case ParseMagic:
         return element == QLatin1String("match") ? ParseMagicMatchRule : ParseError;
     case ParseError:
@@ -168,17 +180,22 @@ struct BaseMimeTypeParser::Run
     MimeTypeData data;
     /// Null outside a magic element.
     MagicRuleMatcherPtr ruleMatcher;
-    StringPool locales;
-    /// Memory for the text of an element.
+    /// Gathered here, so that their memory is taken once.
+    LocaleComments localeComments;
+    /// Memory for the text of a comment and its locale.
     QString text;
+    QString locale;
 };
 
 bool BaseMimeTypeParser::parse(QIODevice *device, const QString &fileName, QString *errorMessage)
 {
     Run run;
     run.text.reserve(256);
+    run.locale.reserve(16);
     QXmlStreamReader &reader = run.reader;
     reader.setDevice(device);
+    // Elements go by their local names, whatever their prefixes stand for.
+    reader.setNamespaceProcessing(false);
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
@@ -228,15 +245,15 @@ bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
         break;
     }
     case ParseComment: {
-        const QString locale = run.locales.shared(
-            run.reader.attributes().value(QLatin1String("xml:lang")));
+        run.locale.resize(0);
+        run.locale += run.reader.attributes().value(QLatin1String("xml:lang"));
         readElementText(run.reader, run.text);
         --run.depth;
         translate(run.text);
-        if (locale.isEmpty())
+        if (run.locale.isEmpty())
             data.comment = QString(run.text.constData(), run.text.size());
         else
-            data.localeComments.insert(locale, run.text);
+            run.localeComments.insert(run.locale, run.text);
         break;
     }
     case ParseGlobPattern:
@@ -286,9 +303,11 @@ bool BaseMimeTypeParser::endElement(Run &run, QString *errorMessage)
 {
     --run.depth;
     if (run.reader.name() == QLatin1String("mime-type")) {
+        run.data.localeComments = run.localeComments.squeezed();
         if (!process(MimeType(run.data), errorMessage))
             return false;
         run.data.clear();
+        run.localeComments.clear();
     } else if (run.reader.name() == QLatin1String("magic") && run.ruleMatcher) {
         run.data.magicMatchers.append(run.ruleMatcher);
         run.ruleMatcher.reset();
@@ -301,10 +320,11 @@ void BaseMimeTypeParser::addGlobPattern(const QString &pattern, const QString &w
 {
     if (pattern.isEmpty())
         return;
-    const MimeGlobPattern glob(pattern, weight.isEmpty() ? MimeGlobPattern::DefaultWeight
-                                                         : weight.toUInt());
+    const MimeGlobPattern glob(pattern,
+                               weight.isEmpty() ? MimeGlobPattern::DefaultWeight : weight.toUInt());
     // Without a bracket every text is a valid wildcard.
-    const bool hasBracket = pattern.contains(QLatin1Char('[')) || pattern.contains(QLatin1Char(']'));
+    const bool hasBracket =
+        pattern.contains(QLatin1Char('[')) || pattern.contains(QLatin1Char(']'));
     if (hasBracket && !Wildcard(pattern).isValid()) {
         qWarning("%s: Invalid wildcard '%s'.", Q_FUNC_INFO, qUtf8Printable(pattern));
         return;
@@ -324,7 +344,7 @@ bool BaseMimeTypeParser::isPlainSuffix(const QString &pattern) const
     const auto isAsciiWordOrPlus = [](QChar c) {
         const ushort unit = c.unicode();
         return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z')
-            || (unit >= '0' && unit <= '9') || unit == '_' || unit == '+';
+               || (unit >= '0' && unit <= '9') || unit == '_' || unit == '+';
     };
     // Nearly every pattern is one of these; an expression for each takes longer
     // than all the rest of its element.

@@ -16,7 +16,7 @@ bool Wildcard::UnitClass::contains(QChar unit) const
     const auto upper = char16_t(unit.toUpper().unicode());
     const bool found = std::any_of(ranges.cbegin(), ranges.cend(), [=](const auto &range) {
         return (lower >= range.first && lower <= range.second)
-            || (upper >= range.first && upper <= range.second);
+               || (upper >= range.first && upper <= range.second);
     });
     return found != negative;
 }
@@ -161,16 +161,16 @@ QRegExp Wildcard::regExp() const
 
 bool Wildcard::isLiteral() const
 {
-    return m_valid && m_regExpPattern.isEmpty() && std::all_of(m_tokens.cbegin(), m_tokens.cend(), [](const Token &token) {
-        return token.kind == Token::Unit;
-    });
+    return m_valid && m_regExpPattern.isEmpty()
+           && std::all_of(m_tokens.cbegin(), m_tokens.cend(),
+                          [](const Token &token) { return token.kind == Token::Unit; });
 }
 
 bool Wildcard::isLiteralSuffix() const
 {
     return m_valid && !m_tokens.empty() && m_tokens.front().kind == Token::AnyText
-        && std::all_of(m_tokens.cbegin() + 1, m_tokens.cend(),
-                       [](const Token &token) { return token.kind == Token::Unit; });
+           && std::all_of(m_tokens.cbegin() + 1, m_tokens.cend(),
+                          [](const Token &token) { return token.kind == Token::Unit; });
 }
 
 std::u16string Wildcard::literal() const
@@ -186,15 +186,15 @@ std::u16string Wildcard::literal() const
 char16_t Wildcard::firstUnit() const
 {
     return !m_tokens.empty() && m_tokens.front().kind == Token::Unit
-        ? char16_t(m_tokens.front().value)
-        : char16_t(0);
+               ? char16_t(m_tokens.front().value)
+               : char16_t(0);
 }
 
 char16_t Wildcard::lastUnit() const
 {
     return !m_tokens.empty() && m_tokens.back().kind == Token::Unit
-        ? char16_t(m_tokens.back().value)
-        : char16_t(0);
+               ? char16_t(m_tokens.back().value)
+               : char16_t(0);
 }
 
 } // namespace Internal
