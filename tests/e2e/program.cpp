@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "program.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <csignal>
+#include <functional>
+
+namespace {
+
+const QString MAIN_TITLE = QStringLiteral("KELMO FPGA Designer");
+
+QString run(const QString &tool, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    if (!process.waitForFinished(20000))
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
+bool waitFor(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, 10000);
+}
+
+QStringList lines(const QString &text)
+{
+    return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+Program::~Program()
+{
+    if (isRunning()) {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+}
+
+QString Program::start(const QStringList &arguments)
+{
+    m_errors.clear();
+    m_process.setProcessChannelMode(QProcess::SeparateChannels);
+    QObject::disconnect(&m_process, &QProcess::readyReadStandardError, nullptr, nullptr);
+    QObject::connect(&m_process, &QProcess::readyReadStandardError, &m_process,
+                     [this] { m_errors += QString::fromUtf8(m_process.readAllStandardError()); });
+    m_process.start(QStringLiteral(KELMO_DESIGNER), arguments);
+    if (!m_process.waitForStarted())
+        return m_process.errorString();
+    const bool shown =
+        QTest::qWaitFor([this] { return !mainWindowId().isEmpty() || !isRunning(); }, 30000);
+    if (!shown || !isRunning())
+        return QStringLiteral("no main window came: ") + m_errors;
+    if (!waitForActive(MAIN_TITLE))
+        return QStringLiteral("the main window is not active but: ") + activeTitle();
+    return {};
+}
+
+bool Program::isRunning() const
+{
+    return m_process.state() != QProcess::NotRunning;
+}
+
+bool Program::waitForEnd()
+{
+    return QTest::qWaitFor([this] { return !isRunning(); }, 20000);
+}
+
+void Program::keys(const QStringList &names)
+{
+    run(QStringLiteral("xdotool"),
+        QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("30")}
+            + names);
+}
+
+void Program::type(const QString &text)
+{
+    run(QStringLiteral("xdotool"),
+        {QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("15"), text});
+}
+
+void Program::click(int x, int y, int button)
+{
+    run(QStringLiteral("xdotool"),
+        {QStringLiteral("mousemove"), QString::number(x), QString::number(y),
+         QStringLiteral("click"), QString::number(button)});
+}
+
+void Program::closeMainWindow()
+{
+    run(QStringLiteral("wmctrl"), {QStringLiteral("-i"), QStringLiteral("-c"), mainWindowId()});
+}
+
+void Program::kill(int signal)
+{
+    ::kill(static_cast<pid_t>(pid()), signal);
+}
+
+QStringList Program::windowTitles() const
+{
+    QStringList titles;
+    const QStringList ids = lines(
+        run(QStringLiteral("xdotool"),
+            {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+             QString::number(pid()), QStringLiteral("--name"), QStringLiteral(".")}));
+    for (const QString &id : ids)
+        titles.append(run(QStringLiteral("xdotool"), {QStringLiteral("getwindowname"), id}));
+    return titles;
+}
+
+bool Program::waitForWindow(const QString &part) const
+{
+    return waitFor([&] { return !windowTitles().filter(part).isEmpty(); });
+}
+
+bool Program::waitForNoWindow(const QString &part) const
+{
+    return waitFor([&] { return windowTitles().filter(part).isEmpty(); });
+}
+
+QString Program::activeTitle() const
+{
+    return run(QStringLiteral("xdotool"),
+               {QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")});
+}
+
+bool Program::waitForActive(const QString &part) const
+{
+    return waitFor([&] { return activeTitle().contains(part); });
+}
+
+QString Program::mainWindowId() const
+{
+    // Exactly the main window, whose title is fixed; the splash has another.
+    const QStringList ids =
+        lines(run(QStringLiteral("xdotool"),
+                  {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                   QStringLiteral("--pid"), QString::number(pid()), QStringLiteral("--name"),
+                   QLatin1Char('^') + MAIN_TITLE + QLatin1Char('$')}));
+    for (const QString &id : ids) {
+        const QString type = run(QStringLiteral("xprop"), {QStringLiteral("-id"), id,
+                                                           QStringLiteral("_NET_WM_WINDOW_TYPE")});
+        if (type.contains(QLatin1String("_NORMAL")))
+            return id;
+    }
+    return {};
+}
+
+QString Program::mainWindowProperty(const QString &name) const
+{
+    return run(QStringLiteral("xprop"), {QStringLiteral("-id"), mainWindowId(), name});
+}
+
+QRect Program::mainWindowGeometry() const
+{
+    const QString text =
+        run(QStringLiteral("xdotool"),
+            {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), mainWindowId()});
+    const auto number = [&text](const char *key) {
+        const QRegularExpression pattern(QStringLiteral("^%1=(-?\\d+)$").arg(QLatin1String(key)),
+                                         QRegularExpression::MultilineOption);
+        return pattern.match(text).captured(1).toInt();
+    };
+    return {number("X"), number("Y"), number("WIDTH"), number("HEIGHT")};
+}
+
+void Program::picture(const QString &name) const
+{
+    const QString folder = qEnvironmentVariable("KELMO_E2E_PICTURES");
+    if (folder.isEmpty())
+        return;
+    QDir().mkpath(folder);
+    run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"),
+                                   QDir(folder).filePath(name + QStringLiteral(".png"))});
+}

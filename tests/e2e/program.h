@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef TESTS_E2E_PROGRAM_H
+#define TESTS_E2E_PROGRAM_H
+
+#include <QProcess>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+/// The program running as a process of its own, driven through the X server.
+///
+/// Whatever goes wrong is told as text by the functions that return one; empty
+/// means success.
+class Program final
+{
+public:
+    Program() = default;
+    ~Program();
+    Q_DISABLE_COPY(Program)
+
+    /// Starts it and waits for its painted main window.
+    [[nodiscard]] QString start(const QStringList &arguments = {});
+    [[nodiscard]] bool isRunning() const;
+    /// Waits for the end; false when it has not come after 20 s.
+    [[nodiscard]] bool waitForEnd();
+    [[nodiscard]] int exitCode() const { return m_process.exitCode(); }
+    [[nodiscard]] bool exitedNormally() const
+    {
+        return m_process.exitStatus() == QProcess::NormalExit;
+    }
+    [[nodiscard]] QString errorOutput() const { return m_errors; }
+    [[nodiscard]] qint64 pid() const { return m_process.processId(); }
+
+    /// Presses keys of the active window, given as xdotool names ("ctrl+s").
+    void keys(const QStringList &names);
+    void key(const QString &name) { keys({name}); }
+    /// Types @p text into the active window.
+    void type(const QString &text);
+    /// Clicks at a place of the screen.
+    void click(int x, int y, int button = 1);
+    /// Asks the main window to close, as its close button does.
+    void closeMainWindow();
+    void kill(int signal);
+
+    /// The visible windows of the program by their titles.
+    [[nodiscard]] QStringList windowTitles() const;
+    /// True when a window with a title that contains @p part came within 10 s.
+    [[nodiscard]] bool waitForWindow(const QString &part) const;
+    [[nodiscard]] bool waitForNoWindow(const QString &part) const;
+    /// The title of the window that has the keyboard.
+    [[nodiscard]] QString activeTitle() const;
+    [[nodiscard]] bool waitForActive(const QString &part) const;
+    /// A property of the main window as xprop prints it.
+    [[nodiscard]] QString mainWindowProperty(const QString &name) const;
+    [[nodiscard]] QRect mainWindowGeometry() const;
+
+    /// Saves a picture of the screen into the folder named by the environment
+    /// variable KELMO_E2E_PICTURES, nothing when it is not set.
+    void picture(const QString &name) const;
+
+private:
+    [[nodiscard]] QString mainWindowId() const;
+
+    QProcess m_process;
+    QString m_errors;
+};
+
+#endif // TESTS_E2E_PROGRAM_H

@@ -1,0 +1,295 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+class TestWorkbench final : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        QDir(QDir::homePath() + QStringLiteral("/.config")).removeRecursively();
+        m_dir = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_dir->isValid());
+    }
+
+    void theFirstStartIsMaximisedAndTheNextHasTheSavedGeometry()
+    {
+        {
+            Program program;
+            QCOMPARE(program.start(), QString());
+            program.picture(QStringLiteral("first-start"));
+            QTRY_VERIFY(program.mainWindowProperty(QStringLiteral("_NET_WM_STATE"))
+                            .contains(QLatin1String("MAXIMIZED_VERT")));
+            end(program);
+        }
+        QSettings settings(settingsFile(QStringLiteral("IDE_GUI")), QSettings::IniFormat);
+        const QString version = settings.value(QStringLiteral("Core/Version")).toString();
+        QVERIFY(!version.isEmpty());
+        settings.setValue(QStringLiteral("Core/Version"),
+                          QString(version + QStringLiteral("-other")));
+        settings.sync();
+        {
+            Program program;
+            QCOMPARE(program.start(), QString());
+            QTRY_VERIFY(program.mainWindowProperty(QStringLiteral("_NET_WM_STATE"))
+                            .contains(QLatin1String("MAXIMIZED_VERT")));
+            end(program);
+        }
+    }
+
+    void aFileIsOpenedByKeysEditedAndSaved()
+    {
+        const QString path = file(QStringLiteral("top.v"), "module top;\nendmodule\n");
+        Program program;
+        QCOMPARE(program.start(), QString());
+        program.key(QStringLiteral("ctrl+o"));
+        QVERIFY(program.waitForActive(QStringLiteral("Open File")));
+        program.picture(QStringLiteral("open-dialog"));
+        program.type(path);
+        program.key(QStringLiteral("Return"));
+        QVERIFY(program.waitForActive(QStringLiteral("KELMO FPGA Designer")));
+        QTRY_COMPARE(recentFiles(), QStringList{path});
+        program.key(QStringLiteral("ctrl+Home"));
+        program.type(QStringLiteral("// hello"));
+        program.key(QStringLiteral("Return"));
+        program.picture(QStringLiteral("edited"));
+        QCOMPARE(content(path), QByteArray("module top;\nendmodule\n"));
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(path), QByteArray("// hello\nmodule top;\nendmodule\n"));
+        end(program);
+    }
+
+    void undoCutCopyAndPasteReachTheFocusedEditorOnly()
+    {
+        const QString first = file(QStringLiteral("a.v"), "wire a;\n");
+        const QString second = file(QStringLiteral("b.vhd"), "signal b;\n");
+        Program program;
+        QCOMPARE(program.start({first, second}), QString());
+        QTRY_COMPARE(recentFiles(), (QStringList{second, first}));
+        // The second file is the current one.
+        program.keys(
+            {QStringLiteral("ctrl+Home"), QStringLiteral("ctrl+a"), QStringLiteral("ctrl+x")});
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(second), QByteArray());
+        program.keys({QStringLiteral("ctrl+v"), QStringLiteral("ctrl+v")});
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(second), QByteArray("signal b;\nsignal b;\n"));
+        program.key(QStringLiteral("ctrl+z"));
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(second), QByteArray("signal b;\n"));
+        program.key(QStringLiteral("ctrl+y"));
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(second), QByteArray("signal b;\nsignal b;\n"));
+        QCOMPARE(content(first), QByteArray("wire a;\n"));
+        // The other one takes what was cut here.
+        program.key(QStringLiteral("ctrl+Tab"));
+        program.keys({QStringLiteral("ctrl+End"), QStringLiteral("ctrl+v")});
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(first), QByteArray("wire a;\nsignal b;\n"));
+        QCOMPARE(content(second), QByteArray("signal b;\nsignal b;\n"));
+        program.picture(QStringLiteral("two-editors"));
+        end(program);
+    }
+
+    void saveAllSavesEveryModifiedDocument()
+    {
+        const QString first = file(QStringLiteral("a.v"), "a\n");
+        const QString second = file(QStringLiteral("README"), "b\n");
+        Program program;
+        QCOMPARE(program.start({first, second}), QString());
+        QTRY_COMPARE(recentFiles().size(), 2);
+        program.key(QStringLiteral("ctrl+Home"));
+        program.type(QStringLiteral("2"));
+        program.key(QStringLiteral("ctrl+Tab"));
+        program.key(QStringLiteral("ctrl+Home"));
+        program.type(QStringLiteral("1"));
+        program.key(QStringLiteral("ctrl+shift+s"));
+        QTRY_COMPARE(content(first), QByteArray("1a\n"));
+        QTRY_COMPARE(content(second), QByteArray("2b\n"));
+        end(program);
+    }
+
+    void closingWithUnsavedWorkAsks_data()
+    {
+        QTest::addColumn<QStringList>("answer");
+        QTest::addColumn<bool>("ends");
+        QTest::addColumn<QByteArray>("left");
+        QTest::newRow("cancel") << QStringList{QStringLiteral("Escape")} << false
+                                << QByteArray("old\n");
+        QTest::newRow("save") << QStringList{QStringLiteral("Return")} << true
+                              << QByteArray("new old\n");
+        QTest::newRow("discard") << QStringList{QStringLiteral("Tab"), QStringLiteral("space")}
+                                 << true << QByteArray("old\n");
+    }
+
+    void closingWithUnsavedWorkAsks()
+    {
+        QFETCH(QStringList, answer);
+        QFETCH(bool, ends);
+        QFETCH(QByteArray, left);
+        const QString path = file(QStringLiteral("a.v"), "old\n");
+        Program program;
+        QCOMPARE(program.start({path}), QString());
+        QTRY_COMPARE(recentFiles().size(), 1);
+        program.key(QStringLiteral("ctrl+Home"));
+        program.type(QStringLiteral("new "));
+        const int before = program.windowTitles().size();
+        program.closeMainWindow();
+        QTRY_VERIFY(program.windowTitles().size() > before);
+        program.picture(QStringLiteral("unsaved"));
+        program.keys(answer);
+        if (ends) {
+            QVERIFY(program.waitForEnd());
+            QVERIFY(program.exitedNormally());
+            QCOMPARE(program.exitCode(), 0);
+        } else {
+            QTRY_COMPARE(program.windowTitles().size(), before);
+            QVERIFY(program.isRunning());
+        }
+        QCOMPARE(content(path), left);
+    }
+
+    void sigtermClosesLikeTheCloseButton()
+    {
+        const QString path = file(QStringLiteral("a.v"), "old\n");
+        Program program;
+        QCOMPARE(program.start({path}), QString());
+        QTRY_COMPARE(recentFiles().size(), 1);
+        program.type(QStringLiteral("x"));
+        const int before = program.windowTitles().size();
+        program.kill(SIGTERM);
+        QTRY_VERIFY(program.windowTitles().size() > before);
+        program.key(QStringLiteral("Escape"));
+        QTRY_COMPARE(program.windowTitles().size(), before);
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(path), QByteArray("xold\n"));
+        program.kill(SIGTERM);
+        QVERIFY(program.waitForEnd());
+        QVERIFY(program.exitedNormally());
+        QCOMPARE(program.exitCode(), 0);
+    }
+
+    void f11GoesIntoFullScreenAndBack()
+    {
+        Program program;
+        QCOMPARE(program.start(), QString());
+        const auto isFullScreen = [&program] {
+            return program.mainWindowProperty(QStringLiteral("_NET_WM_STATE"))
+                .contains(QLatin1String("FULLSCREEN"));
+        };
+        program.key(QStringLiteral("F11"));
+        QTRY_VERIFY(isFullScreen());
+        program.key(QStringLiteral("F11"));
+        QTRY_VERIFY(!isFullScreen());
+        end(program);
+    }
+
+    void aRecentFileIsOpenedFromTheMenuAndClearForgetsAll()
+    {
+        const QString path = file(QStringLiteral("a.v"), "old\n");
+        {
+            Program program;
+            QCOMPARE(program.start({path}), QString());
+            QTRY_COMPARE(recentFiles().size(), 1);
+            end(program);
+        }
+        Program program;
+        QCOMPARE(program.start(), QString());
+        // Up from the end: Exit, a separator, Recent Files.
+        program.keys({QStringLiteral("alt+f"), QStringLiteral("Up"), QStringLiteral("Up"),
+                      QStringLiteral("Right")});
+        program.picture(QStringLiteral("recent-files"));
+        program.key(QStringLiteral("Return"));
+        QVERIFY(program.waitForActive(QStringLiteral("KELMO FPGA Designer")));
+        program.key(QStringLiteral("ctrl+Home"));
+        program.type(QStringLiteral("new "));
+        program.key(QStringLiteral("ctrl+s"));
+        QTRY_COMPARE(content(path), QByteArray("new old\n"));
+        program.keys({QStringLiteral("alt+f"), QStringLiteral("Up"), QStringLiteral("Up"),
+                      QStringLiteral("Right"), QStringLiteral("Up"), QStringLiteral("Return")});
+        QTRY_VERIFY(recentFiles().isEmpty());
+        end(program);
+    }
+
+    void aKilledProgramLeavesSavedBytesAndUnsavedText()
+    {
+        const QString path = file(QStringLiteral("a.v"), "saved\n");
+        Program program;
+        QCOMPARE(program.start({path}), QString());
+        QTRY_COMPARE(recentFiles().size(), 1);
+        program.key(QStringLiteral("ctrl+Home"));
+        program.type(QStringLiteral("unsaved "));
+        // The text is kept for recovery, at the latest some seconds after typing.
+        QTRY_VERIFY_WITH_TIMEOUT(!recoveryFiles().isEmpty(), 30000);
+        program.kill(SIGKILL);
+        QVERIFY(program.waitForEnd());
+        QCOMPARE(content(path), QByteArray("saved\n"));
+        QVERIFY(!recoveryFiles().isEmpty());
+
+        QCOMPARE(program.start({path}), QString());
+        program.picture(QStringLiteral("recovery"));
+        end(program);
+        QCOMPARE(content(path), QByteArray("saved\n"));
+    }
+
+private:
+    /// Closes the program, which has nothing unsaved, and checks its end.
+    void end(Program &program)
+    {
+        program.closeMainWindow();
+        QVERIFY(program.waitForEnd());
+        QVERIFY(program.exitedNormally());
+        QCOMPARE(program.exitCode(), 0);
+        QCOMPARE(program.errorOutput(), QString());
+    }
+
+    QString file(const QString &name, const QByteArray &bytes)
+    {
+        const QString path = m_dir->filePath(name);
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write(bytes);
+        return path;
+    }
+
+    static QByteArray content(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+    static QString settingsFile(const QString &name)
+    {
+        return QDir::homePath() + QStringLiteral("/.config/KelmoWare/") + name
+               + QStringLiteral(".ini");
+    }
+
+    static QStringList recentFiles()
+    {
+        const QSettings settings(settingsFile(QStringLiteral("IDE")), QSettings::IniFormat);
+        return settings.value(QStringLiteral("Core/RecentFiles")).toStringList();
+    }
+
+    static QStringList recoveryFiles()
+    {
+        return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                    + QStringLiteral("/KelmoWare/unsaved"))
+            .entryList(QDir::Files | QDir::Hidden);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+QTEST_MAIN(TestWorkbench)
+#include "tst_workbench.moc"
