@@ -12,6 +12,7 @@
 #include <idecore/views/viewmanager.h>
 
 #include <QAction>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QMenu>
@@ -56,6 +57,10 @@ void writeSettings(const QByteArray &content)
     QFile file(CoreFixture::settingsFile());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(content) < 0)
         QTest::qFail("the settings could not be written", __FILE__, __LINE__);
+    // A file of the same size and time would be taken for the one already read.
+    static int age = 0;
+    file.flush();
+    file.setFileTime(QDateTime::currentDateTime().addSecs(++age), QFile::FileModificationTime);
 }
 
 } // namespace
