@@ -25,7 +25,6 @@ class MdiArea;
 /// Lets everything posted happen, painting included.
 void settle();
 
-
 /// A page or an editor's view with a few controls, as plain Qt has them.
 [[nodiscard]] QWidget *makePage(int number);
 /// A KTextEditor view of a document of its own; the document dies with the view.

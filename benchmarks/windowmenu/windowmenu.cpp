@@ -92,7 +92,8 @@ int main(int argc, char **argv)
         return 1;
     benchmark::RunSpecifiedBenchmarks();
     if (!s_times.empty()) {
-        std::nth_element(s_times.begin(), s_times.begin() + long(s_times.size() / 2), s_times.end());
+        std::nth_element(s_times.begin(), s_times.begin() + long(s_times.size() / 2),
+                         s_times.end());
         const double median = s_times[s_times.size() / 2];
         const double ratio = median / LIMIT_MS;
         std::printf("RATIO windowmenu %.2f %.0f %.3f limit 1 %s\n", median, LIMIT_MS, ratio,

@@ -26,8 +26,8 @@ constexpr int killTimeout = 2000;
 void tell(const QString &text)
 {
     QWidget *parent = QApplication::activeModalWidget();
-    QMessageBox::warning(parent ? parent : QApplication::activeWindow(),
-                         AssistantProxy::tr("Help"), text);
+    QMessageBox::warning(parent ? parent : QApplication::activeWindow(), AssistantProxy::tr("Help"),
+                         text);
 }
 
 QString findViewer()

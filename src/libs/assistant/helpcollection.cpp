@@ -18,8 +18,8 @@ namespace {
 bool refresh(const QFileInfo &source, const QString &stamp, const QString &target)
 {
     const QString wanted = QString::number(source.lastModified().toMSecsSinceEpoch())
-        + QLatin1Char(' ') + QString::number(source.size()) + QLatin1Char(' ')
-        + source.absoluteFilePath();
+                           + QLatin1Char(' ') + QString::number(source.size()) + QLatin1Char(' ')
+                           + source.absoluteFilePath();
     QFile mark(stamp);
     if (QFile::exists(target) && mark.open(QIODevice::ReadOnly)
         && QString::fromUtf8(mark.readAll()) == wanted)

@@ -34,7 +34,8 @@ void CsvReader::readRow()
     m_error.clear();
     m_line = m_currentLine;
     for (;;) {
-        while (!atEnd() && (m_text.at(m_pos) == QLatin1Char(' ') || m_text.at(m_pos) == QLatin1Char('\t')))
+        while (!atEnd()
+               && (m_text.at(m_pos) == QLatin1Char(' ') || m_text.at(m_pos) == QLatin1Char('\t')))
             ++m_pos;
         QString field;
         if (!atEnd() && m_text.at(m_pos) == QLatin1Char('"')) {

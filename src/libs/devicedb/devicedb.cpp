@@ -140,7 +140,8 @@ bool DeviceDb::Private::readHeader(const QStringList &names)
 void DeviceDb::Private::addRow(const QStringList &fields)
 {
     if (fields.size() != columns.size()) {
-        warn(line, QStringLiteral("%1 fields instead of %2").arg(fields.size()).arg(columns.size()));
+        warn(line,
+             QStringLiteral("%1 fields instead of %2").arg(fields.size()).arg(columns.size()));
         return;
     }
     const auto value = [&](const char *name) {

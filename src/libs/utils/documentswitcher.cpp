@@ -42,7 +42,8 @@ void DocumentSwitcher::start(const QVector<MdiSubWindow *> &windows, const QRect
     }
     setCurrentRow(0);
     const int frame = 2 * frameWidth();
-    const int wanted = std::max(sizeHintForColumn(0) + frame + 8, 24 * fontMetrics().averageCharWidth());
+    const int wanted =
+        std::max(sizeHintForColumn(0) + frame + 8, 24 * fontMetrics().averageCharWidth());
     const int rows = std::min(static_cast<int>(windows.size()), 16);
     QRect place(0, 0, std::min(wanted, area.width()),
                 std::min(rows * sizeHintForRow(0) + frame, area.height()));

@@ -12,8 +12,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStyleOptionTab>
-#include <QToolButton>
 #include <QTextDocument>
+#include <QToolButton>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -75,8 +75,8 @@ QVector<MdiSubWindow *> DocumentTabBar::documents() const
 QRect DocumentTabBar::closeButtonRect(int index) const
 {
     const QRect tab = tabRect(index);
-    const QRect place(tab.right() - 6 - buttonSize, tab.center().y() - buttonSize / 2 + 1, buttonSize,
-                      buttonSize);
+    const QRect place(tab.right() - 6 - buttonSize, tab.center().y() - buttonSize / 2 + 1,
+                      buttonSize, buttonSize);
     return QStyle::visualRect(layoutDirection(), tab, place);
 }
 
@@ -268,7 +268,7 @@ void DocumentTabBar::mouseReleaseEvent(QMouseEvent *event)
     if (index < 0)
         return;
     const bool closeHit = event->button() == Qt::LeftButton && index == pressedClose
-        && closeButtonRect(index).contains(event->pos());
+                          && closeButtonRect(index).contains(event->pos());
     const bool middleHit = event->button() == Qt::MiddleButton && index == pressedMiddle;
     update(tabRect(index));
     // Last, because closing may show a dialog or destroy this bar.
@@ -290,8 +290,8 @@ void DocumentTabBar::paintEvent(QPaintEvent *event)
 void DocumentTabBar::wheelEvent(QWheelEvent *event)
 {
     // Scrolls rather than chooses: a stray turn must not change the document.
-    const int delta = event->angleDelta().y() != 0 ? event->angleDelta().y()
-                                                   : event->angleDelta().x();
+    const int delta =
+        event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
     auto *button = findChild<QToolButton *>(delta > 0 ? QStringLiteral("ScrollLeftButton")
                                                       : QStringLiteral("ScrollRightButton"));
     if (button && delta != 0 && button->isVisible())
@@ -354,7 +354,8 @@ void DocumentTabBar::paintCloseButton(QPainter &painter, int index) const
     // Drawn, because the image that styles have for it is lost on dark colours.
     const QRect button = closeButtonRect(index);
     const bool hovered = index == m_hoveredClose;
-    QColor colour = palette().color(index == currentIndex() ? QPalette::Text : QPalette::WindowText);
+    QColor colour =
+        palette().color(index == currentIndex() ? QPalette::Text : QPalette::WindowText);
     if (hovered) {
         QColor back = colour;
         back.setAlphaF(index == m_pressedClose ? 0.35 : 0.18);

@@ -26,7 +26,7 @@ bool isInside(const QObject *object, const QWidget *document)
 bool isPlaceOf(const QWidget *place, const QWidget *document)
 {
     return isInside(place, document)
-        || (qobject_cast<const QMenu *>(place) && !place->parentWidget());
+           || (qobject_cast<const QMenu *>(place) && !place->parentWidget());
 }
 
 void collect(const QObject *object, QSet<QAction *> &actions)

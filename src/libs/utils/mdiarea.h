@@ -33,7 +33,8 @@ public:
 
     /// The windows in the given order; by activation history the most recently
     /// used one comes last.
-    [[nodiscard]] QList<MdiSubWindow *> subWindows(QMdiArea::WindowOrder order = CreationOrder) const;
+    [[nodiscard]] QList<MdiSubWindow *> subWindows(
+        QMdiArea::WindowOrder order = CreationOrder) const;
     [[nodiscard]] MdiSubWindow *currentWindow() const;
     /// True while the documents lie under tabs, false tiled or cascaded.
     [[nodiscard]] bool isTabbed() const;

@@ -111,8 +111,9 @@ void MdiArea::Private::giveFocus(MdiSubWindow *window) const
     QWidget *target = document ? document->focusWidget() : nullptr;
     if (!target || target->focusPolicy() == Qt::NoFocus || !target->isVisibleTo(window))
         target = document && document->focusPolicy() != Qt::NoFocus ? document : nullptr;
-    for (QWidget *next = window->nextInFocusChain(); !target && next && next != window
-         && window->isAncestorOf(next); next = next->nextInFocusChain()) {
+    for (QWidget *next = window->nextInFocusChain();
+         !target && next && next != window && window->isAncestorOf(next);
+         next = next->nextInFocusChain()) {
         if (next->focusPolicy() != Qt::NoFocus && next->isVisibleTo(window) && next->isEnabled())
             target = next;
     }
@@ -344,10 +345,10 @@ bool MdiArea::Private::handleKey(const QObject *object, const QKeyEvent *event, 
         endWalk(false);
         return true;
     }
-    const bool back = event->key() == Qt::Key_Backtab
+    const bool back =
+        event->key() == Qt::Key_Backtab
         || (event->key() == Qt::Key_Tab && event->modifiers().testFlag(Qt::ShiftModifier));
-    if ((event->key() != Qt::Key_Tab && !back)
-        || !event->modifiers().testFlag(Qt::ControlModifier))
+    if ((event->key() != Qt::Key_Tab && !back) || !event->modifiers().testFlag(Qt::ControlModifier))
         return false;
     // From the documents, or from the window when nothing has the focus; a
     // panel may use the keys for its own pages.

@@ -4,9 +4,9 @@
 #include <texteditor/editorfactory.h>
 
 #include <idecore/views/viewmanager.h>
+#include <texteditor/abstracttexteditor.h>
 #include <texteditor/editorengine.h>
 #include <texteditor/failededitor.h>
-#include <texteditor/abstracttexteditor.h>
 #include <texteditor/texteditorconstants.h>
 
 #include <QDir>
@@ -60,14 +60,12 @@ QString EditorFactory::displayName() const
 
 QStringList EditorFactory::mimeTypes() const
 {
-    return {QStringLiteral("text/plain"), QStringLiteral("text/html"),
-            QStringLiteral("text/verilog"), QStringLiteral("text/vhdl"),
-            QStringLiteral("text/ksc"), QStringLiteral("text/pcn"),
-            QStringLiteral("text/sdc"), QStringLiteral("text/kao"),
-            QStringLiteral("text/fdc"), QStringLiteral("text/adc"),
-            QStringLiteral("text/kpa"), QStringLiteral("text/fcx"),
-            QStringLiteral("text/mnx"), QStringLiteral("text/ufx"),
-            QStringLiteral("text/kvio")};
+    return {
+        QStringLiteral("text/plain"), QStringLiteral("text/html"), QStringLiteral("text/verilog"),
+        QStringLiteral("text/vhdl"),  QStringLiteral("text/ksc"),  QStringLiteral("text/pcn"),
+        QStringLiteral("text/sdc"),   QStringLiteral("text/kao"),  QStringLiteral("text/fdc"),
+        QStringLiteral("text/adc"),   QStringLiteral("text/kpa"),  QStringLiteral("text/fcx"),
+        QStringLiteral("text/mnx"),   QStringLiteral("text/ufx"),  QStringLiteral("text/kvio")};
 }
 
 Core::IEditor *EditorFactory::createEditor()
@@ -89,10 +87,10 @@ EditorEngine *EditorFactory::engine(QString *errorString)
     QPluginLoader loader(m_enginePath);
     m_engine = qobject_cast<EditorEngine *>(loader.instance());
     if (!m_engine) {
-        *errorString =
-            tr("%1 cannot be loaded: %2")
-                .arg(QDir::toNativeSeparators(m_enginePath),
-                     loader.isLoaded() ? tr("It does not fit this program.") : loader.errorString());
+        *errorString = tr("%1 cannot be loaded: %2")
+                           .arg(QDir::toNativeSeparators(m_enginePath),
+                                loader.isLoaded() ? tr("It does not fit this program.")
+                                                  : loader.errorString());
     }
     return m_engine;
 }

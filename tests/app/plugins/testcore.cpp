@@ -116,7 +116,7 @@ public:
         say(QStringLiteral("pixmaps %1")
                 .arg(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps)));
         if (told("throw"))
-            throw std::runtime_error("thrown on purpose\nin two lines");
+            throw std::runtime_error("thrown on purpose:\na second line");
         return !told("fail");
     }
     void extensionsInitialized() override

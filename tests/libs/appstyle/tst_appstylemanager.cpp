@@ -4,9 +4,9 @@
 #include <appstyle/appstylemanager.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QDir>
 #include <QLabel>
 #include <QMenu>
 #include <QPalette>
@@ -31,7 +31,7 @@ double channel(double value)
 double luminance(const QColor &colour)
 {
     return 0.2126 * channel(colour.redF()) + 0.7152 * channel(colour.greenF())
-        + 0.0722 * channel(colour.blueF());
+           + 0.0722 * channel(colour.blueF());
 }
 
 double contrast(const QColor &a, const QColor &b)
@@ -40,7 +40,6 @@ double contrast(const QColor &a, const QColor &b)
     const double dark = qMin(luminance(a), luminance(b));
     return (light + 0.05) / (dark + 0.05);
 }
-
 
 QString settingsFile()
 {
@@ -267,13 +266,18 @@ void TestAppStyleManager::textIsReadable_data()
     QTest::addColumn<QPalette::ColorRole>("text");
     QTest::addColumn<QPalette::ColorRole>("ground");
     using P = QPalette;
-    const QVector<QPair<P::ColorRole, P::ColorRole>> pairs{
-        {P::WindowText, P::Window},      {P::Text, P::Base},
-        {P::Text, P::AlternateBase},     {P::ButtonText, P::Button},
-        {P::ToolTipText, P::ToolTipBase}, {P::PlaceholderText, P::Base},
-        {P::HighlightedText, P::Highlight}, {P::Link, P::Base},
-        {P::Link, P::Window},            {P::LinkVisited, P::Base},
-        {P::LinkVisited, P::Window},     {P::BrightText, P::Window}};
+    const QVector<QPair<P::ColorRole, P::ColorRole>> pairs{{P::WindowText, P::Window},
+                                                           {P::Text, P::Base},
+                                                           {P::Text, P::AlternateBase},
+                                                           {P::ButtonText, P::Button},
+                                                           {P::ToolTipText, P::ToolTipBase},
+                                                           {P::PlaceholderText, P::Base},
+                                                           {P::HighlightedText, P::Highlight},
+                                                           {P::Link, P::Base},
+                                                           {P::Link, P::Window},
+                                                           {P::LinkVisited, P::Base},
+                                                           {P::LinkVisited, P::Window},
+                                                           {P::BrightText, P::Window}};
     for (const QString &theme : {THEME_CLASSIC, THEME_DARK}) {
         for (P::ColorGroup group : {P::Active, P::Inactive}) {
             for (const auto &pair : pairs)

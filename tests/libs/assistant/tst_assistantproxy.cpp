@@ -82,13 +82,14 @@ QStringList TestAssistantProxy::log() const
 QString TestAssistantProxy::userFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
-        + QStringLiteral("/KelmoWare");
+           + QStringLiteral("/KelmoWare");
 }
 
 void TestAssistantProxy::writeCollection(const QByteArray &content)
 {
     QDir(m_dir->path()).mkpath(QStringLiteral("help"));
-    for (const QString &name : {QStringLiteral("help/kelmo.qhc"), QStringLiteral("help/kelmo.qch")}) {
+    for (const QString &name :
+         {QStringLiteral("help/kelmo.qhc"), QStringLiteral("help/kelmo.qch")}) {
         QFile file(m_dir->filePath(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             qFatal("cannot write %s", qPrintable(name));
@@ -97,7 +98,8 @@ void TestAssistantProxy::writeCollection(const QByteArray &content)
 
 QList<qint64> TestAssistantProxy::children()
 {
-    QFile file(QStringLiteral("/proc/self/task/%1/children").arg(QCoreApplication::applicationPid()));
+    QFile file(
+        QStringLiteral("/proc/self/task/%1/children").arg(QCoreApplication::applicationPid()));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot list the child processes");
     QList<qint64> pids;

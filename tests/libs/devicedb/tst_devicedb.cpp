@@ -157,8 +157,9 @@ void TestDeviceDb::quotedFieldKeepsCommasQuotesAndLineEnds()
 
 void TestDeviceDb::commentsAndEmptyLinesArePassedOver()
 {
-    const DeviceDb db(write("# a, \"comment\n\n" + header + "\n# S,D,P,G,1,2,3,4,5,6\n   \n"
-                            "T,D,P,G,1,2,3,4,5,6\n"));
+    const DeviceDb db(write("# a, \"comment\n\n" + header
+                            + "\n# S,D,P,G,1,2,3,4,5,6\n   \n"
+                              "T,D,P,G,1,2,3,4,5,6\n"));
 
     QCOMPARE(db.series(), QStringList{QStringLiteral("T")});
     QCOMPARE(messages, QStringList());
@@ -207,7 +208,8 @@ void TestDeviceDb::badRowIsSkippedWithFileLineAndReason_data()
     QTest::newRow("too few") << QByteArray("S,D,P,G,1") << QStringLiteral("5 fields instead of 10");
     QTest::newRow("too many") << QByteArray("S,D,P,G,1,2,3,4,5,6,7")
                               << QStringLiteral("11 fields instead of 10");
-    QTest::newRow("no device") << QByteArray("S,,P,G,1,2,3,4,5,6") << QStringLiteral("Device is empty");
+    QTest::newRow("no device") << QByteArray("S,,P,G,1,2,3,4,5,6")
+                               << QStringLiteral("Device is empty");
     QTest::newRow("no number") << QByteArray("S,D,P,G,many,2,3,4,5,6")
                                << QStringLiteral("LogicCells is not a count: 'many'");
     QTest::newRow("negative") << QByteArray("S,D,P,G,1,2,3,4,5,-6")
@@ -218,8 +220,8 @@ void TestDeviceDb::badRowIsSkippedWithFileLineAndReason_data()
                                 << QStringLiteral("the part first-G-P is there twice");
     QTest::newRow("open quote") << QByteArray("\"S,D,P,G,1,2,3,4,5,6")
                                 << QStringLiteral("a quote is not closed");
-    QTest::newRow("text after quote") << QByteArray("\"S\"x,D,P,G,1,2,3,4,5,6")
-                                      << QStringLiteral("text after a closing quote");
+    QTest::newRow("text after quote")
+        << QByteArray("\"S\"x,D,P,G,1,2,3,4,5,6") << QStringLiteral("text after a closing quote");
 }
 
 void TestDeviceDb::badRowIsSkippedWithFileLineAndReason()
@@ -245,7 +247,8 @@ void TestDeviceDb::lineNumberCountsQuotedLineEndsAndComments()
 
     QCOMPARE(db.rows().size(), 1);
     QCOMPARE(messages.size(), 1);
-    QVERIFY2(messages.first().startsWith(file + QStringLiteral(":5: ")), qPrintable(messages.first()));
+    QVERIFY2(messages.first().startsWith(file + QStringLiteral(":5: ")),
+             qPrintable(messages.first()));
 }
 
 void TestDeviceDb::headerWithoutAColumnGivesAnEmptyDatabase()
@@ -255,11 +258,11 @@ void TestDeviceDb::headerWithoutAColumnGivesAnEmptyDatabase()
     const DeviceDb db(file);
 
     QVERIFY(db.isEmpty());
-    QCOMPARE(messages,
-             QStringList{file
-                         + QStringLiteral(":1: the header row lacks the columns Package, SpeedGrade, "
-                                          "LogicCells, FlipFlops, BlockRamBits, DspBlocks, Plls, "
-                                          "UserIos")});
+    QCOMPARE(messages, QStringList{file
+                                   + QStringLiteral(
+                                       ":1: the header row lacks the columns Package, SpeedGrade, "
+                                       "LogicCells, FlipFlops, BlockRamBits, DspBlocks, Plls, "
+                                       "UserIos")});
 }
 
 void TestDeviceDb::headerWithAColumnTwiceGivesAnEmptyDatabase()
@@ -274,11 +277,12 @@ void TestDeviceDb::headerWithAColumnTwiceGivesAnEmptyDatabase()
 
 void TestDeviceDb::namesComeOnceInTheOrderOfTheTable()
 {
-    const DeviceDb db(write(header + "Z,d2,p2,g2,1,2,3,4,5,6\n"
-                                     "A,d1,p1,g1,1,2,3,4,5,6\n"
-                                     "Z,d2,p2,g1,1,2,3,4,5,6\n"
-                                     "Z,d0,p2,g1,1,2,3,4,5,6\n"
-                                     "Z,d2,p1,g3,1,2,3,4,5,6\n"));
+    const DeviceDb db(write(header
+                            + "Z,d2,p2,g2,1,2,3,4,5,6\n"
+                              "A,d1,p1,g1,1,2,3,4,5,6\n"
+                              "Z,d2,p2,g1,1,2,3,4,5,6\n"
+                              "Z,d0,p2,g1,1,2,3,4,5,6\n"
+                              "Z,d2,p1,g3,1,2,3,4,5,6\n"));
 
     QCOMPARE(db.series().join(QLatin1Char(' ')), QStringLiteral("Z A"));
     QCOMPARE(db.devices(QStringLiteral("Z")).join(QLatin1Char(' ')), QStringLiteral("d2 d0"));

@@ -50,10 +50,11 @@ AreaFixture::AreaFixture(bool shown)
                      [this](Utils::MdiSubWindow *window) {
                          currents.append(window ? window->shortTitle() : QStringLiteral("-"));
                      });
-    QObject::connect(area, &Utils::MdiArea::windowClosed, main, [this](Utils::MdiSubWindow *window) {
-        const auto *document = qobject_cast<Document *>(window->widget());
-        closed.append(document ? document->windowTitle() : QStringLiteral("no document"));
-    });
+    QObject::connect(
+        area, &Utils::MdiArea::windowClosed, main, [this](Utils::MdiSubWindow *window) {
+            const auto *document = qobject_cast<Document *>(window->widget());
+            closed.append(document ? document->windowTitle() : QStringLiteral("no document"));
+        });
     if (shown && !show())
         qFatal("the main window did not become active");
 }

@@ -15,7 +15,7 @@ class QMainWindow;
 namespace Utils {
 class MdiArea;
 class MdiSubWindow;
-}
+} // namespace Utils
 
 /// A document that counts what is done to it.
 class Document final : public QWidget

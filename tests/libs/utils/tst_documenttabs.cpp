@@ -337,8 +337,8 @@ private Q_SLOTS:
         f.open(QStringLiteral("a"));
         f.open(QStringLiteral("b"));
         Document *c = f.open(QStringLiteral("c"));
-        QTest::simulateEvent(c->edit, true, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier,
-                             QString(), false, -1);
+        QTest::simulateEvent(c->edit, true, Qt::Key_Backtab,
+                             Qt::ControlModifier | Qt::ShiftModifier, QString(), false, -1);
         QTest::simulateEvent(c->edit, false, Qt::Key_Control, Qt::NoModifier, QString(), false, -1);
         QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("a"));
     }
@@ -350,7 +350,8 @@ private Q_SLOTS:
         Document *b = f.open(QStringLiteral("b"));
         f.currents.clear();
         QTest::simulateEvent(b->edit, true, Qt::Key_Tab, Qt::ControlModifier, QString(), false, -1);
-        QTest::simulateEvent(b->edit, true, Qt::Key_Escape, Qt::ControlModifier, QString(), false, -1);
+        QTest::simulateEvent(b->edit, true, Qt::Key_Escape, Qt::ControlModifier, QString(), false,
+                             -1);
         QTest::simulateEvent(b->edit, false, Qt::Key_Control, Qt::NoModifier, QString(), false, -1);
         QVERIFY(f.currents.isEmpty());
     }
@@ -403,7 +404,8 @@ private Q_SLOTS:
         for (int i = 0; i < 40; ++i)
             f.open(QStringLiteral("document %1").arg(i));
         QTabBar *tabs = tabsOf(f);
-        QTRY_VERIFY(tabs->findChild<QToolButton *>(QStringLiteral("ScrollLeftButton"))->isVisible());
+        QTRY_VERIFY(
+            tabs->findChild<QToolButton *>(QStringLiteral("ScrollLeftButton"))->isVisible());
         QVERIFY(tabs->rect().contains(tabs->tabRect(39).center()));
         f.area->setCurrentSubWindow(f.area->subWindows().constFirst());
         QVERIFY(tabs->rect().contains(tabs->tabRect(0).center()));

@@ -94,8 +94,8 @@ private Q_SLOTS:
         const QString given = m_dir.filePath(QStringLiteral("given"));
         {
             ModalDialog dialog(choose(m_file));
-            static_cast<void>(FileUtils::getOpenFileName(
-                nullptr, QStringLiteral("one"), QString(), m_dir.filePath(QStringLiteral("used"))));
+            static_cast<void>(FileUtils::getOpenFileName(nullptr, QStringLiteral("one"), QString(),
+                                                         m_dir.filePath(QStringLiteral("used"))));
         }
         QString folder;
         {

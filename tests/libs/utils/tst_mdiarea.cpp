@@ -187,8 +187,7 @@ private Q_SLOTS:
         f.open(QStringLiteral("a"));
         f.open(QStringLiteral("b"));
         int left = -1;
-        connect(f.area, &MdiArea::windowClosed, this,
-                [&] { left = f.area->subWindows().size(); });
+        connect(f.area, &MdiArea::windowClosed, this, [&] { left = f.area->subWindows().size(); });
         f.area->closeCurrent();
         QCOMPARE(left, 1);
     }
@@ -404,8 +403,8 @@ private Q_SLOTS:
         QVERIFY(a->isVisible());
         QVERIFY(b->isVisible());
         QVERIFY(!AreaFixture::windowOf(a)->isMaximized());
-        QVERIFY(!AreaFixture::windowOf(a)->geometry().intersects(
-            AreaFixture::windowOf(b)->geometry()));
+        QVERIFY(
+            !AreaFixture::windowOf(a)->geometry().intersects(AreaFixture::windowOf(b)->geometry()));
         QVERIFY(!f.area->findChild<QTabBar *>(QStringLiteral("documentTabBar"))->isVisible());
         QVERIFY(f.currents.isEmpty());
         QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
@@ -419,8 +418,8 @@ private Q_SLOTS:
         const Document *b = f.open(QStringLiteral("b"));
         f.area->cascadeSubWindows();
         QVERIFY(a->isVisible() && b->isVisible());
-        QVERIFY(AreaFixture::windowOf(a)->geometry().intersects(
-            AreaFixture::windowOf(b)->geometry()));
+        QVERIFY(
+            AreaFixture::windowOf(a)->geometry().intersects(AreaFixture::windowOf(b)->geometry()));
         QVERIFY(AreaFixture::windowOf(a)->pos() != AreaFixture::windowOf(b)->pos());
     }
 

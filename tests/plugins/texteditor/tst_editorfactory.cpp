@@ -53,10 +53,9 @@ void TestEditorFactory::everyTextTypeOfTheTableHasTheEditor_data()
 {
     QTest::addColumn<QString>("name");
 
-    for (const char *suffix :
-         {"txt", "htm",  "html", "hts", "xhtml", "v",   "sv",  "vo",  "vp",  "vh",  "vg",
-          "vhd", "vhdl", "ksc",  "pcn", "sdc",   "kao", "qlz", "fdc", "adc", "kpa", "fcx",
-          "mnx", "ufx",  "kvio", "none"})
+    for (const char *suffix : {"txt", "htm", "html", "hts",  "xhtml", "v",   "sv",   "vo",  "vp",
+                               "vh",  "vg",  "vhd",  "vhdl", "ksc",   "pcn", "sdc",  "kao", "qlz",
+                               "fdc", "adc", "kpa",  "fcx",  "mnx",   "ufx", "kvio", "none"})
         QTest::newRow(suffix) << QStringLiteral("file.") + QLatin1String(suffix);
 }
 

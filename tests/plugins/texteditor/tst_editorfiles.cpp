@@ -78,18 +78,25 @@ void TestEditorFiles::savingChangesOnlyWhatTheUserChanged_data()
     QTest::newRow("CRLF") << QByteArray("a\r\nb\r\n") << QByteArray("Xa\r\nb\r\n");
     QTest::newRow("CR") << QByteArray("a\rb\r") << QByteArray("Xa\rb\r");
     QTest::newRow("mixed") << QByteArray("a\r\nb\nc\rd\n\r\n") << QByteArray("Xa\r\nb\nc\rd\n\r\n");
-    QTest::newRow("blanks at the end of lines") << QByteArray("a  \n\t \n") << QByteArray("Xa  \n\t \n");
+    QTest::newRow("blanks at the end of lines")
+        << QByteArray("a  \n\t \n") << QByteArray("Xa  \n\t \n");
     QTest::newRow("tabs") << QByteArray("a\n\tb\n") << QByteArray("Xa\n\tb\n");
     QTest::newRow("empty") << QByteArray() << QByteArray("X");
     QTest::newRow("UTF-8") << QByteArray("\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80\n")
                            << QByteArray("X\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80\n");
-    QTest::newRow("UTF-8 marked") << QByteArray("\xef\xbb\xbf" "a\n") << QByteArray("\xef\xbb\xbfXa\n");
+    QTest::newRow("UTF-8 marked") << QByteArray("\xef\xbb\xbf"
+                                                "a\n")
+                                  << QByteArray("\xef\xbb\xbfXa\n");
     QTest::newRow("Latin-1") << QByteArray("\xe4\n") << QByteArray("X\xe4\n");
     QTest::newRow("Windows-1252") << QByteArray("\x93\n") << QByteArray("X\x93\n");
-    QTest::newRow("UTF-16 little") << QByteArray("\xff\xfe" "a\0\r\0\n\0", 8)
+    QTest::newRow("UTF-16 little") << QByteArray("\xff\xfe"
+                                                 "a\0\r\0\n\0",
+                                                 8)
                                    << QByteArray("\xff\xfeX\0a\0\r\0\n\0", 10);
-    QTest::newRow("UTF-16 big") << QByteArray("\xfe\xff\0a\0\n", 6) << QByteArray("\xfe\xff\0X\0a\0\n", 8);
-    QTest::newRow("UTF-16 unmarked") << QByteArray("a\0b\0\n\0", 6) << QByteArray("X\0a\0b\0\n\0", 8);
+    QTest::newRow("UTF-16 big") << QByteArray("\xfe\xff\0a\0\n", 6)
+                                << QByteArray("\xfe\xff\0X\0a\0\n", 8);
+    QTest::newRow("UTF-16 unmarked")
+        << QByteArray("a\0b\0\n\0", 6) << QByteArray("X\0a\0b\0\n\0", 8);
     QTest::newRow("form feed") << QByteArray("a\fb\vc\n") << QByteArray("Xa\fb\vc\n");
     const QByteArray words = QByteArray("wire abc, ").repeated(1000 * 1000);
     QTest::newRow("line of 10 MB") << words + '\n' << 'X' + words + '\n';
@@ -153,7 +160,9 @@ void TestEditorFiles::millionLinesAreSavedWhole()
 void TestEditorFiles::binaryFileIsShownForReadingOnly()
 {
     TextEditorFixture fixture;
-    const QByteArray bytes("\x7f" "ELF\0\1\2\r\n\xff", 10);
+    const QByteArray bytes("\x7f"
+                           "ELF\0\1\2\r\n\xff",
+                           10);
     AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), bytes);
     QVERIFY(editor);
     QTRY_VERIFY(TextEditorFixture::messages(editor).contains(QLatin1String("not text")));
@@ -170,7 +179,8 @@ void TestEditorFiles::binaryFileIsShownForReadingOnly()
 void TestEditorFiles::textThatCannotBeShownAsItIsIsNotChanged()
 {
     TextEditorFixture fixture;
-    const QByteArray bytes("a\xe2\x80\xa8" "b\n");
+    const QByteArray bytes("a\xe2\x80\xa8"
+                           "b\n");
     AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), bytes);
     QVERIFY(editor);
     QTRY_VERIFY(TextEditorFixture::messages(editor).contains(QLatin1String("reading only")));
@@ -238,8 +248,7 @@ void TestEditorFiles::encodingBecomesUtf8WhenTheUserSaysSo()
     button->trigger();
     QVERIFY(editor->save(nullptr));
 
-    QCOMPARE(TextEditorFixture::contents(editor->fileName()),
-             QByteArray("\xe4\xb8\xad\xc3\xa4\n"));
+    QCOMPARE(TextEditorFixture::contents(editor->fileName()), QByteArray("\xe4\xb8\xad\xc3\xa4\n"));
 }
 
 void TestEditorFiles::failedSaveKeepsFileAndText()

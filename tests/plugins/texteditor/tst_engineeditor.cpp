@@ -154,7 +154,8 @@ void TestEngineEditor::closingAsksAndDiscards()
     QTRY_VERIFY(!editor);
     QCOMPARE(TextEditorFixture::contents(fixture.path(QStringLiteral("a.txt"))), QByteArray("a\n"));
     // What was thrown away is not offered again.
-    AbstractTextEditor *const again = TextEditorFixture::open(fixture.path(QStringLiteral("a.txt")));
+    AbstractTextEditor *const again =
+        TextEditorFixture::open(fixture.path(QStringLiteral("a.txt")));
     QVERIFY(again);
     TextEditorFixture::type(again, QStringLiteral("y"));
     QCOMPARE(TextEditorFixture::text(again), QStringLiteral("ya\n"));

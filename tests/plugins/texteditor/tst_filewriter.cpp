@@ -64,7 +64,9 @@ void TestFileWriter::put(const QString &path, const QByteArray &bytes)
 
 struct stat TestFileWriter::status(const QString &path)
 {
-    struct stat result{};
+    struct stat result
+    {
+    };
     ::stat(QFile::encodeName(path).constData(), &result);
     return result;
 }

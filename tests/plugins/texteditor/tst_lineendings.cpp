@@ -140,8 +140,8 @@ void TestLineEndings::newLineInABrokenLineEnds()
 void TestLineEndings::newLineAtTheEndTakesTheUsualEnding()
 {
     LineEndings endings;
-    QVERIFY(match(endings, QStringLiteral("a\r\nb\r\nc\nd"),
-                  threeLines + QStringList{QStringLiteral("d")}));
+    QVERIFY(match(endings, QStringLiteral("a\r\nb\r\nc\nlast"),
+                  threeLines + QStringList{QStringLiteral("last")}));
 
     endings.split(3);
 

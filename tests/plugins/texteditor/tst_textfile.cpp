@@ -56,27 +56,34 @@ void TestTextFile::encodingIsFound_data()
     QTest::newRow("empty") << QByteArray() << QByteArray("UTF-8") << QString() << QByteArray();
     QTest::newRow("ASCII") << QByteArray("module m;\n") << QByteArray("UTF-8")
                            << QStringLiteral("module m;\n") << QByteArray();
-    QTest::newRow("UTF-8") << QByteArray("// gr\xc3\xbc\xc3\x9f\n") << QByteArray("UTF-8")
-                           << umlaut << QByteArray();
+    QTest::newRow("UTF-8") << QByteArray("// gr\xc3\xbc\xc3\x9f\n") << QByteArray("UTF-8") << umlaut
+                           << QByteArray();
     QTest::newRow("UTF-8 marked") << QByteArray("\xef\xbb\xbf// a\n") << QByteArray("UTF-8")
                                   << QStringLiteral("// a\n") << QByteArray("\xef\xbb\xbf");
-    QTest::newRow("UTF-16 little") << QByteArray("\xff\xfe" "a\0\n\0", 6) << QByteArray("UTF-16LE")
-                                   << QStringLiteral("a\n") << QByteArray("\xff\xfe");
+    QTest::newRow("UTF-16 little")
+        << QByteArray("\xff\xfe"
+                      "a\0\n\0",
+                      6)
+        << QByteArray("UTF-16LE") << QStringLiteral("a\n") << QByteArray("\xff\xfe");
     QTest::newRow("UTF-16 big") << QByteArray("\xfe\xff\0a\0\n", 6) << QByteArray("UTF-16BE")
                                 << QStringLiteral("a\n") << QByteArray("\xfe\xff");
     QTest::newRow("UTF-16 unmarked") << QByteArray("a\0b\0c\0\n\0", 8) << QByteArray("UTF-16LE")
                                      << QStringLiteral("abc\n") << QByteArray();
     QTest::newRow("UTF-32") << QByteArray("\xff\xfe\0\0a\0\0\0", 8) << QByteArray("UTF-32LE")
                             << QStringLiteral("a") << QByteArray("\xff\xfe\0\0", 4);
-    QTest::newRow("Latin-1") << QByteArray("// gr\xfc\xdf\n") << QByteArray("ISO-8859-1")
-                             << umlaut << QByteArray();
+    QTest::newRow("Latin-1") << QByteArray("// gr\xfc\xdf\n") << QByteArray("ISO-8859-1") << umlaut
+                             << QByteArray();
     QTest::newRow("Windows-1252") << QByteArray("// \x93q\x94\n") << QByteArray("windows-1252")
                                   << QString::fromUtf8("// \xe2\x80\x9cq\xe2\x80\x9d\n")
                                   << QByteArray();
     QTest::newRow("cut UTF-8") << QByteArray("a\xc3") << QByteArray("ISO-8859-1")
                                << QString::fromLatin1("a\xc3") << QByteArray();
-    QTest::newRow("odd UTF-16") << QByteArray("\xff\xfe" "abc") << QByteArray("ISO-8859-1")
-                                << QString::fromLatin1("\xff\xfe" "abc") << QByteArray();
+    QTest::newRow("odd UTF-16") << QByteArray("\xff\xfe"
+                                              "abc")
+                                << QByteArray("ISO-8859-1")
+                                << QString::fromLatin1("\xff\xfe"
+                                                       "abc")
+                                << QByteArray();
 }
 
 void TestTextFile::encodingIsFound()
@@ -94,7 +101,10 @@ void TestTextFile::encodingIsFound()
 
 void TestTextFile::zeroBytesAreBinary()
 {
-    const std::optional<TextFile> file = TextFile::read(write(QByteArray("\x7f" "ELF\0\1", 6)), nullptr);
+    const std::optional<TextFile> file = TextFile::read(write(QByteArray("\x7f"
+                                                                         "ELF\0\1",
+                                                                         6)),
+                                                        nullptr);
 
     QVERIFY(file.has_value());
     QVERIFY(file->binary);

@@ -8,12 +8,12 @@
 
 /// Checks a precondition without aborting: where it does not hold, writes a
 /// critical log line with the place and runs @p action (a return).
-#define KELMO_ASSERT(condition, action)                                                          \
-    do {                                                                                         \
-        if (Q_UNLIKELY(!(condition))) {                                                          \
-            qCritical("ASSERTION %s FAILED AT %s:%d", #condition, __FILE__, __LINE__);           \
-            action;                                                                              \
-        }                                                                                        \
+#define KELMO_ASSERT(condition, action)                                                            \
+    do {                                                                                           \
+        if (Q_UNLIKELY(!(condition))) {                                                            \
+            qCritical("ASSERTION %s FAILED AT %s:%d", #condition, __FILE__, __LINE__);             \
+            action;                                                                                \
+        }                                                                                          \
     } while (false)
 
 #endif // IDECORE_CORE_ASSERTION_P_H

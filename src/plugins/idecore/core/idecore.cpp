@@ -24,10 +24,7 @@
 
 namespace Core {
 
-namespace {
-
-// Just after the main window, which is shown at 1000 ms.
-constexpr int OPEN_PROJECT_DELAY_MS = 1050;
+namespace private_impl {
 
 /// The services. Bare pointers: they are deleted in an order that is part of
 /// the behaviour, and stay as they are after it.
@@ -45,6 +42,15 @@ struct IdeCorePrivate
     GeneralOptionPage *generalOptionPage = nullptr;
     ExternalEditorOptionPage *externalEditorOptionPage = nullptr;
 };
+
+} // namespace private_impl
+
+using private_impl::IdeCorePrivate;
+
+namespace {
+
+// Just after the main window, which is shown at 1000 ms.
+constexpr int OPEN_PROJECT_DELAY_MS = 1050;
 
 IdeCorePrivate *d = nullptr;
 

@@ -106,10 +106,9 @@ IEditor *EditorManager::openEditor(const QString &file, bool readOnly)
 {
     const QFileInfo info(file);
     if (!info.exists()) {
-        QMessageBox::warning(
-            ViewManager::dialogParent(), QStringLiteral("Warning"),
-            QStringLiteral("Can not open %1, file does not exist.").arg(file), QMessageBox::Ok,
-            QMessageBox::Ok);
+        QMessageBox::warning(ViewManager::dialogParent(), QStringLiteral("Warning"),
+                             QStringLiteral("Can not open %1, file does not exist.").arg(file),
+                             QMessageBox::Ok, QMessageBox::Ok);
         return nullptr;
     }
     auto *d = EditorManagerPrivate::get();

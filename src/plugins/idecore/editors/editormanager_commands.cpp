@@ -139,9 +139,9 @@ void EditorManager::onActSaveAs()
     const QPointer<IEditor> editor = d->current();
     if (!editor)
         return;
-    const QString fileName = QFileDialog::getSaveFileName(
-        ViewManager::mainWindow(), tr("Save As"), editor->fileName(),
-        IdeCore::mimeDatabase()->filterForFileDialog(true));
+    const QString fileName =
+        QFileDialog::getSaveFileName(ViewManager::mainWindow(), tr("Save As"), editor->fileName(),
+                                     IdeCore::mimeDatabase()->filterForFileDialog(true));
     // The editor may have been closed from outside while the dialog was open.
     if (fileName.isEmpty() || !editor)
         return;

@@ -59,8 +59,8 @@ public:
 [[nodiscard]] IDECORE_EXPORT MimeType determineMimeType(const QString &file);
 /// Those of @p factories that edit @p mimeType, then those that edit the types
 /// it is derived from, depth first; with repeats.
-[[nodiscard]] IDECORE_EXPORT QList<IEditorFactory *>
-getFactoriesRecursively(const MimeType &mimeType, const QList<IEditorFactory *> &factories);
+[[nodiscard]] IDECORE_EXPORT QList<IEditorFactory *> getFactoriesRecursively(
+    const MimeType &mimeType, const QList<IEditorFactory *> &factories);
 /// Tells the user that @p file could not be opened, and why.
 IDECORE_EXPORT void openError(const QString &file, const QString &errorString);
 /// Tells the user that @p file could not be written, and why.

@@ -83,7 +83,8 @@ void ViewManager::updateFocusWidget(QWidget *old, QWidget *now)
 {
     Q_UNUSED(old)
     // Menus and tool bars work on what had the focus before.
-    if (qobject_cast<QMenuBar *>(now) || qobject_cast<QMenu *>(now) || qobject_cast<QToolBar *>(now))
+    if (qobject_cast<QMenuBar *>(now) || qobject_cast<QMenu *>(now)
+        || qobject_cast<QToolBar *>(now))
         return;
 
     const auto *d = ViewManagerPrivate::get();

@@ -20,7 +20,7 @@ class QSignalMapper;
 namespace Utils {
 class MdiArea;
 class MdiSubWindow;
-}
+} // namespace Utils
 
 namespace Core {
 

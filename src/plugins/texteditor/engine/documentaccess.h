@@ -9,7 +9,7 @@
 namespace KTextEditor {
 class Document;
 class View;
-}
+} // namespace KTextEditor
 
 namespace TextEditor {
 

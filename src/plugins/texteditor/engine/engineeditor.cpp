@@ -133,8 +133,8 @@ bool EngineEditor::askToClose()
                     tr("The document \"%1\" has unsaved changes.").arg(shortTitle()),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(tr("Do you want to save them to %1?")
-                               .arg(QDir::toNativeSeparators(m_fileName)));
+    box.setInformativeText(
+        tr("Do you want to save them to %1?").arg(QDir::toNativeSeparators(m_fileName)));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Discard:
@@ -201,11 +201,11 @@ void EngineEditor::updateStatus()
             break;
         }
     }
-    QString text = tr("Line %1, Column %2   |   %3   |   %4")
-                       .arg(cursor.line() + 1)
-                       .arg(cursor.column() + 1)
-                       .arg(m_file.binary ? tr("binary") : QString::fromLatin1(m_file.codec),
-                            ending);
+    QString text =
+        tr("Line %1, Column %2   |   %3   |   %4")
+            .arg(cursor.line() + 1)
+            .arg(cursor.column() + 1)
+            .arg(m_file.binary ? tr("binary") : QString::fromLatin1(m_file.codec), ending);
     if (!m_document->isReadWrite())
         text += QStringLiteral("   |   ") + tr("read only");
     m_status->setText(text);

@@ -4,10 +4,10 @@
 #ifndef TEXTEDITOR_ENGINE_ENGINEEDITOR_H
 #define TEXTEDITOR_ENGINE_ENGINEEDITOR_H
 
+#include <texteditor/abstracttexteditor.h>
 #include <texteditor/engine/diskstate.h>
 #include <texteditor/engine/lineendings.h>
 #include <texteditor/engine/textfile.h>
-#include <texteditor/abstracttexteditor.h>
 
 #include <KTextEditor/Message>
 
@@ -21,7 +21,7 @@ class QLineEdit;
 namespace KTextEditor {
 class Document;
 class View;
-}
+} // namespace KTextEditor
 
 namespace TextEditor {
 
@@ -73,8 +73,7 @@ private:
     void showDiskChange(DiskState::Change change);
     /// Shows @p text above the document with a button for each of @p actions,
     /// which the message owns, and one to close it.
-    KTextEditor::Message *showMessage(const QString &text,
-                                      KTextEditor::Message::MessageType type,
+    KTextEditor::Message *showMessage(const QString &text, KTextEditor::Message::MessageType type,
                                       const QList<QAction *> &actions = {});
     void watch(const QString &fileName);
 

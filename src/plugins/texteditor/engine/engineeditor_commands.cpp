@@ -25,7 +25,8 @@ void EngineEditor::connectCommands()
         if (QAction *const action = viewAction(command))
             connect(action, &QAction::changed, this, &AbstractTextEditor::commandsChanged);
     }
-    connect(m_view, &KTextEditor::View::selectionChanged, this, &AbstractTextEditor::commandsChanged);
+    connect(m_view, &KTextEditor::View::selectionChanged, this,
+            &AbstractTextEditor::commandsChanged);
 }
 
 QLineEdit *EngineEditor::focusedField() const

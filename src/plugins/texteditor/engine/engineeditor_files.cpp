@@ -127,7 +127,8 @@ bool EngineEditor::write(const QString &fileName, QString *errorString)
 {
     if (m_inexact) {
         if (errorString)
-            *errorString = tr("It is shown for reading only: the text shown is not all of the file.");
+            *errorString =
+                tr("It is shown for reading only: the text shown is not all of the file.");
         return false;
     }
     const std::optional<QByteArray> bytes = encodedText(errorString);
@@ -138,10 +139,10 @@ bool EngineEditor::write(const QString &fileName, QString *errorString)
                 m_file.codec = "UTF-8";
                 updateStatus();
             });
-            m_encodingMessage =
-                showMessage(tr("The text holds characters that the encoding of the file does not have. "
-                               "The file has not been saved."),
-                            KTextEditor::Message::Error, {convert});
+            m_encodingMessage = showMessage(
+                tr("The text holds characters that the encoding of the file does not have. "
+                   "The file has not been saved."),
+                KTextEditor::Message::Error, {convert});
         }
         return false;
     }
@@ -218,10 +219,10 @@ void EngineEditor::showDiskChange(DiskState::Change change)
     if (change == DiskState::Change::Deleted) {
         // The text is the only copy now, so it counts as unsaved.
         m_document->setModified(true);
-        m_diskMessage = showMessage(
-            tr("Another program has deleted this file. The text is still here; saving "
-               "writes the file again."),
-            KTextEditor::Message::Warning);
+        m_diskMessage =
+            showMessage(tr("Another program has deleted this file. The text is still here; saving "
+                           "writes the file again."),
+                        KTextEditor::Message::Warning);
         return;
     }
     auto *load = new QAction(tr("Load from Disk"), this);

@@ -115,18 +115,16 @@ void apply()
     renderer.writeEntry("Show Indentation Lines", false);
     QDir().mkpath(recoveryFolder());
     // Unsaved text is as private as the files it belongs to may be.
-    QFile::setPermissions(recoveryFolder(),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(recoveryFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 QString currentTheme()
 {
     const QSettings *const settings = Core::IdeCore::userSettings();
     const bool desert = settings
-        && settings->value(QLatin1String(Constants::SET_COLOR_SCHEME)).toString()
-            == QLatin1String(Constants::SCHEME_DESERT);
-    const bool dark =
-        APPSTYLE::AppStyleManager::instance()->currentTheme() == APPSTYLE::THEME_DARK;
+                        && settings->value(QLatin1String(Constants::SET_COLOR_SCHEME)).toString()
+                               == QLatin1String(Constants::SCHEME_DESERT);
+    const bool dark = APPSTYLE::AppStyleManager::instance()->currentTheme() == APPSTYLE::THEME_DARK;
     if (desert)
         return dark ? QStringLiteral("gruvbox Dark") : QStringLiteral("gruvbox Light");
     return dark ? QStringLiteral("Breeze Dark") : QStringLiteral("Breeze Light");
@@ -135,7 +133,7 @@ QString currentTheme()
 QString recoveryFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
-        + QStringLiteral("/KelmoWare/unsaved");
+           + QStringLiteral("/KelmoWare/unsaved");
 }
 
 } // namespace EngineSettings

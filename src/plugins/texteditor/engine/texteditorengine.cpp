@@ -31,8 +31,7 @@ AbstractTextEditor *TextEditorEngine::createEditor()
     updateTheme();
     auto *editor = new EngineEditor(m_theme);
     m_editors.append(editor);
-    connect(editor, &QObject::destroyed, this,
-            [this, editor] { m_editors.removeOne(editor); });
+    connect(editor, &QObject::destroyed, this, [this, editor] { m_editors.removeOne(editor); });
     return editor;
 }
 

@@ -136,7 +136,8 @@ void TextFile::decode(const QByteArray &bytes)
 {
     for (const Mark &mark : marks) {
         if (std::memcmp(bytes.constData(), mark.bytes,
-                        static_cast<std::size_t>(std::min(bytes.size(), mark.size))) != 0
+                        static_cast<std::size_t>(std::min(bytes.size(), mark.size)))
+                != 0
             || bytes.size() < mark.size)
             continue;
         if (decodeAs(mark.codec, bytes.mid(mark.size)) && !text.contains(QChar(0))) {

@@ -23,10 +23,11 @@ using KeyTable = QHash<int, QString>;
 /// is disabled, which must not hand its key on to something else.
 QSet<int> standardKeys()
 {
-    QSet<int> keys{Qt::CTRL | Qt::SHIFT | Qt::Key_S, Qt::CTRL | Qt::Key_Y, Qt::Key_F11};
-    const auto standard = {QKeySequence::New,   QKeySequence::Open,      QKeySequence::Save,
-                           QKeySequence::Print, QKeySequence::Undo,      QKeySequence::Cut,
-                           QKeySequence::Copy,  QKeySequence::Paste,     QKeySequence::SelectAll,
+    QSet<int> keys{int(Qt::CTRL) | int(Qt::SHIFT) | int(Qt::Key_S), int(Qt::CTRL) | int(Qt::Key_Y),
+                   int(Qt::Key_F11)};
+    const auto standard = {QKeySequence::New,   QKeySequence::Open,  QKeySequence::Save,
+                           QKeySequence::Print, QKeySequence::Undo,  QKeySequence::Cut,
+                           QKeySequence::Copy,  QKeySequence::Paste, QKeySequence::SelectAll,
                            QKeySequence::Find,  QKeySequence::Close};
     for (const QKeySequence::StandardKey key : standard)
         keys.insert(QKeySequence(key)[0]);
@@ -38,8 +39,8 @@ QSet<int> standardKeys()
 bool isUnwanted(const QString &name)
 {
     return name.startsWith(QLatin1String("file_")) || name == QLatin1String("switch_to_cmd_line")
-        || name == QLatin1String("switch_next_input_mode")
-        || name == QLatin1String("tools_toggle_automatic_spell_checking");
+           || name == QLatin1String("switch_next_input_mode")
+           || name == QLatin1String("tools_toggle_automatic_spell_checking");
 }
 
 /// The key of @p action by which it is found, the same for every view.
@@ -110,8 +111,8 @@ QAction *ViewKeys::actionFor(const QKeyEvent *event) const
     const int modifiers = static_cast<int>(event->modifiers() & ~Qt::KeypadModifier);
     auto found = keys.constFind(event->key() | modifiers);
     // A sign that needs Shift on this keyboard is written without it.
-    const bool sign = event->key() < Qt::Key_Escape
-        && !(event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z);
+    const bool sign =
+        event->key() < Qt::Key_Escape && !(event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z);
     if (found == keys.constEnd() && sign)
         found = keys.constFind(event->key() | (modifiers & ~int(Qt::SHIFT)));
     if (found == keys.constEnd())

@@ -23,8 +23,8 @@ using namespace Core;
 
 namespace {
 
-const QString ContextA = QStringLiteral("Test.A");
-const QString ContextB = QStringLiteral("Test.B");
+const QString FirstContext = QStringLiteral("Test.A");
+const QString SecondContext = QStringLiteral("Test.B");
 const QString Command = QStringLiteral("Test.Command");
 
 } // namespace
@@ -71,8 +71,8 @@ void TestCommandKeys::init()
     m_a->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
     m_b = new QAction(QStringLiteral("B"));
     m_b->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
-    m_proxy = ActionManager::registerAction(m_a, Command, ContextA);
-    ActionManager::registerAction(m_b, Command, ContextB);
+    m_proxy = ActionManager::registerAction(m_a, Command, FirstContext);
+    ActionManager::registerAction(m_b, Command, SecondContext);
 
     m_window = std::make_unique<QMainWindow>();
     m_edit = new QLineEdit;
@@ -108,7 +108,7 @@ void TestCommandKeys::clickToolButton()
 
 void TestCommandKeys::keyTriggersTheCurrentActionOnce()
 {
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     press();
@@ -118,8 +118,8 @@ void TestCommandKeys::keyTriggersTheCurrentActionOnce()
 
 void TestCommandKeys::keyFollowsTheContexts()
 {
-    ActionManager::setCurrentContexts({ContextA});
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
     const QSignalSpy a(m_a, &QAction::triggered);
     const QSignalSpy b(m_b, &QAction::triggered);
 
@@ -131,7 +131,7 @@ void TestCommandKeys::keyFollowsTheContexts()
 
 void TestCommandKeys::keyWorksInAnotherWindow()
 {
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
     QLineEdit other;
     other.show();
@@ -145,7 +145,7 @@ void TestCommandKeys::keyWorksInAnotherWindow()
 void TestCommandKeys::keyOfADisabledActionDoesNothing()
 {
     m_a->setEnabled(false);
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
     const QSignalSpy proxySpy(m_proxy, &QAction::triggered);
 
@@ -158,7 +158,7 @@ void TestCommandKeys::keyOfADisabledActionDoesNothing()
 void TestCommandKeys::menuEntryOfADisabledActionDoesNothing()
 {
     m_a->setEnabled(false);
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     clickMenuEntry();
@@ -169,7 +169,7 @@ void TestCommandKeys::menuEntryOfADisabledActionDoesNothing()
 void TestCommandKeys::toolButtonOfADisabledActionDoesNothing()
 {
     m_a->setEnabled(false);
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     clickToolButton();
@@ -179,7 +179,7 @@ void TestCommandKeys::toolButtonOfADisabledActionDoesNothing()
 
 void TestCommandKeys::menuEntryTriggersOnce()
 {
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     clickMenuEntry();
@@ -189,7 +189,7 @@ void TestCommandKeys::menuEntryTriggersOnce()
 
 void TestCommandKeys::toolButtonTriggersOnce()
 {
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     clickToolButton();
@@ -212,7 +212,7 @@ void TestCommandKeys::sameKeyOnTheActionIsNotAmbiguous()
 {
     // Both registered actions carry the proxy's key; neither stands in a widget.
     QCOMPARE(m_a->shortcut(), m_proxy->shortcut());
-    ActionManager::setCurrentContexts({ContextB});
+    ActionManager::setCurrentContexts({SecondContext});
     const QSignalSpy spy(m_b, &QAction::triggered);
 
     press();
@@ -224,7 +224,7 @@ void TestCommandKeys::sameKeyOnTheActionIsNotAmbiguous()
 void TestCommandKeys::keyOfAnActionEnabledLaterWorks()
 {
     m_a->setEnabled(false);
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     m_a->setEnabled(true);
@@ -235,7 +235,7 @@ void TestCommandKeys::keyOfAnActionEnabledLaterWorks()
 
 void TestCommandKeys::changedKeyReplacesTheOldOne()
 {
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(m_a, &QAction::triggered);
 
     m_proxy->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));

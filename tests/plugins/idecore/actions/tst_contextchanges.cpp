@@ -22,8 +22,8 @@ using namespace Core;
 
 namespace {
 
-const QString ContextA = QStringLiteral("Test.A");
-const QString ContextB = QStringLiteral("Test.B");
+const QString FirstContext = QStringLiteral("Test.A");
+const QString SecondContext = QStringLiteral("Test.B");
 const QString Command = QStringLiteral("Test.Command");
 
 QString commandId(int command)
@@ -90,55 +90,55 @@ private:
 
 void TestContextChanges::firstContextOfTheListDecides()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
+    add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
 
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
 
     QCOMPARE(text(), QStringLiteral("b"));
 }
 
 void TestContextChanges::repeatedIdCountsWhereItStandsFirst()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextB});
+    add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({SecondContext});
 
-    ActionManager::setCurrentContexts({ContextA, ContextB, ContextA});
+    ActionManager::setCurrentContexts({FirstContext, SecondContext, FirstContext});
 
     QCOMPARE(text(), QStringLiteral("a"));
 }
 
 void TestContextChanges::reorderedListChangesTheAction()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextA, ContextB});
+    add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
 
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
 
     QCOMPARE(text(), QStringLiteral("b"));
 }
 
 void TestContextChanges::contextInFrontTakesOverAndGivesBack()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextA});
+    add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({FirstContext});
 
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
     QCOMPARE(text(), QStringLiteral("b"));
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     QCOMPARE(text(), QStringLiteral("a"));
 }
 
 void TestContextChanges::unknownContextInFrontChangesNothing()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA});
+    add(QStringLiteral("a"), Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext});
 
-    ActionManager::setCurrentContexts({QStringLiteral("Test.Unknown"), ContextA});
+    ActionManager::setCurrentContexts({QStringLiteral("Test.Unknown"), FirstContext});
 
     QCOMPARE(text(), QStringLiteral("a"));
     QVERIFY(ActionManager::action(Command)->isEnabled());
@@ -146,101 +146,101 @@ void TestContextChanges::unknownContextInFrontChangesNothing()
 
 void TestContextChanges::flagTakesEffectWithAnUnchangedList()
 {
-    ActionManager::registerAction(new QAction(QStringLiteral("a")), Command, ContextA);
-    ActionManager::registerAction(new QAction(QStringLiteral("b")), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextB});
+    ActionManager::registerAction(new QAction(QStringLiteral("a")), Command, FirstContext);
+    ActionManager::registerAction(new QAction(QStringLiteral("b")), Command, SecondContext);
+    ActionManager::setCurrentContexts({SecondContext});
     QCOMPARE(text(), QStringLiteral("a"));
 
     ActionManager::action(Command)->setTextUpdated(true);
-    ActionManager::setCurrentContexts({ContextB});
+    ActionManager::setCurrentContexts({SecondContext});
 
     QCOMPARE(text(), QStringLiteral("b"));
 }
 
 void TestContextChanges::proxyChangedFromOutsideIsPutRight()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA});
+    add(QStringLiteral("a"), Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext});
     ActionManager::action(Command)->setEnabled(false);
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QVERIFY(ActionManager::action(Command)->isEnabled());
 }
 
 void TestContextChanges::blockedProxyChangedFromOutsideIsPutRight()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA});
+    add(QStringLiteral("a"), Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalBlocker blocker(ActionManager::action(Command));
     ActionManager::action(Command)->setEnabled(false);
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QVERIFY(ActionManager::action(Command)->isEnabled());
 }
 
 void TestContextChanges::silentChangeOfTheActionShowsAfterTheNextChange()
 {
-    QAction *a = add(QStringLiteral("a"), Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA});
+    QAction *a = add(QStringLiteral("a"), Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext});
     {
         const QSignalBlocker blocker(a);
         a->setText(QStringLiteral("silent"));
     }
     QCOMPARE(text(), QStringLiteral("a"));
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QCOMPARE(text(), QStringLiteral("silent"));
 }
 
 void TestContextChanges::actionOfAContextAlreadyCurrentIsFound()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    ActionManager::setCurrentContexts({ContextB, ContextA});
-    add(QStringLiteral("b"), Command, ContextB);
+    add(QStringLiteral("a"), Command, FirstContext);
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
+    add(QStringLiteral("b"), Command, SecondContext);
     QCOMPARE(text(), QStringLiteral("a"));
 
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
 
     QCOMPARE(text(), QStringLiteral("b"));
 }
 
 void TestContextChanges::destroyedActionGivesWayToTheNextContext()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    const QAction *b = add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    add(QStringLiteral("a"), Command, FirstContext);
+    const QAction *b = add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
 
     delete b;
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
 
     QCOMPARE(text(), QStringLiteral("a"));
 }
 
 void TestContextChanges::destroyedActionLeavesNoneWithAnUnchangedList()
 {
-    const QAction *a = add(QStringLiteral("a"), Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA});
+    const QAction *a = add(QStringLiteral("a"), Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext});
 
     delete a;
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QVERIFY(!ActionManager::action(Command)->isEnabled());
 }
 
 void TestContextChanges::reregisteredActionIsBound()
 {
-    QAction *a = add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextA, ContextB});
-    ActionManager::unregisterAction(Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA, ContextB});
+    QAction *a = add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
+    ActionManager::unregisterAction(Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
     QCOMPARE(text(), QStringLiteral("b"));
 
-    ActionManager::registerAction(a, Command, ContextA);
-    ActionManager::setCurrentContexts({ContextA, ContextB});
+    ActionManager::registerAction(a, Command, FirstContext);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
     a->setText(QStringLiteral("mirrored"));
 
     QCOMPARE(text(), QStringLiteral("mirrored"));
@@ -248,52 +248,52 @@ void TestContextChanges::reregisteredActionIsBound()
 
 void TestContextChanges::proxyBoundByHandFollowsTheRegistryAgain()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextA});
+    add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({FirstContext});
 
-    ActionManager::action(Command)->setCurrentContexts({ContextB});
+    ActionManager::action(Command)->setCurrentContexts({SecondContext});
     QCOMPARE(text(), QStringLiteral("b"));
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     QCOMPARE(text(), QStringLiteral("a"));
 }
 
 void TestContextChanges::newProxyFollowsTheNextUnchangedList()
 {
-    ActionManager::setCurrentContexts({ContextA});
-    add(QStringLiteral("a"), Command, ContextA);
+    ActionManager::setCurrentContexts({FirstContext});
+    add(QStringLiteral("a"), Command, FirstContext);
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QVERIFY(ActionManager::action(Command)->isEnabled());
 }
 
 void TestContextChanges::idleChangeSendsNothing()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    add(QStringLiteral("b"), Command, ContextB);
-    ActionManager::setCurrentContexts({ContextA, ContextB});
+    add(QStringLiteral("a"), Command, FirstContext);
+    add(QStringLiteral("b"), Command, SecondContext);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
     const QSignalSpy spy(ActionManager::action(Command), &QAction::changed);
 
-    ActionManager::setCurrentContexts({ContextA});
-    ActionManager::setCurrentContexts({QStringLiteral("Test.C"), ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::setCurrentContexts({QStringLiteral("Test.C"), FirstContext});
 
     QCOMPARE(spy.count(), 0);
 }
 
 void TestContextChanges::handlerMayRegisterCommands()
 {
-    add(QStringLiteral("a"), Command, ContextA);
+    add(QStringLiteral("a"), Command, FirstContext);
     connect(ActionManager::action(Command), &QAction::changed, this, [] {
         for (int i = 0; i < 100; ++i) {
             if (!ActionManager::action(commandId(i)))
-                add(QStringLiteral("new"), commandId(i), ContextA);
+                add(QStringLiteral("new"), commandId(i), FirstContext);
         }
     });
 
-    ActionManager::setCurrentContexts({ContextA});
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::setCurrentContexts({FirstContext});
 
     for (int i = 0; i < 100; ++i)
         QVERIFY(ActionManager::action(commandId(i))->isEnabled());
@@ -302,16 +302,16 @@ void TestContextChanges::handlerMayRegisterCommands()
 void TestContextChanges::handlerMayUnregisterCommands()
 {
     for (int i = 0; i < 100; ++i) {
-        add(QStringLiteral("a"), commandId(i), ContextA);
+        add(QStringLiteral("a"), commandId(i), FirstContext);
         connect(ActionManager::action(commandId(i)), &QAction::changed, this, [i] {
             for (int other = 0; other < 100; ++other) {
                 if (other != i)
-                    ActionManager::unregisterAction(commandId(other), ContextA);
+                    ActionManager::unregisterAction(commandId(other), FirstContext);
             }
         });
     }
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     int bound = 0;
     for (int i = 0; i < 100; ++i)
@@ -323,7 +323,7 @@ void TestContextChanges::handlerMayDestroyEveryProxy()
 {
     std::vector<QPointer<IAction>> proxies;
     for (int i = 0; i < 100; ++i) {
-        add(QStringLiteral("a"), commandId(i), ContextA);
+        add(QStringLiteral("a"), commandId(i), FirstContext);
         proxies.emplace_back(ActionManager::action(commandId(i)));
     }
     const auto destroyAll = [&proxies] {
@@ -333,7 +333,7 @@ void TestContextChanges::handlerMayDestroyEveryProxy()
     for (const QPointer<IAction> &proxy : proxies)
         connect(proxy.data(), &QAction::changed, this, destroyAll);
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QVERIFY(std::none_of(proxies.cbegin(), proxies.cend(),
                          [](const QPointer<IAction> &proxy) { return proxy; }));
@@ -344,7 +344,7 @@ void TestContextChanges::handlerMayDestroyEveryAction()
 {
     std::vector<QPointer<QAction>> actions;
     for (int i = 0; i < 100; ++i)
-        actions.emplace_back(add(QStringLiteral("a"), commandId(i), ContextA));
+        actions.emplace_back(add(QStringLiteral("a"), commandId(i), FirstContext));
     for (int i = 0; i < 100; ++i) {
         connect(ActionManager::action(commandId(i)), &QAction::changed, this, [&actions] {
             for (const QPointer<QAction> &action : actions)
@@ -352,8 +352,8 @@ void TestContextChanges::handlerMayDestroyEveryAction()
         });
     }
 
-    ActionManager::setCurrentContexts({ContextA});
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::setCurrentContexts({FirstContext});
 
     for (int i = 0; i < 100; ++i)
         QVERIFY(!ActionManager::action(commandId(i))->isEnabled());
@@ -361,17 +361,17 @@ void TestContextChanges::handlerMayDestroyEveryAction()
 
 void TestContextChanges::handlerMayMoveTheContextsOn()
 {
-    add(QStringLiteral("a"), Command, ContextA);
-    const QAction *b = add(QStringLiteral("b"), Command, ContextB);
+    add(QStringLiteral("a"), Command, FirstContext);
+    const QAction *b = add(QStringLiteral("b"), Command, SecondContext);
     bool moved = false;
     connect(ActionManager::action(Command), &QAction::changed, this, [&moved] {
         if (!moved) {
             moved = true;
-            ActionManager::setCurrentContexts({ContextB});
+            ActionManager::setCurrentContexts({SecondContext});
         }
     });
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     const QSignalSpy spy(b, &QAction::triggered);
     ActionManager::action(Command)->trigger();
 
@@ -382,18 +382,18 @@ void TestContextChanges::handlerMayMoveTheContextsOn()
 void TestContextChanges::newestListCountsForEveryProxy()
 {
     for (int i = 0; i < 100; ++i) {
-        add(QStringLiteral("a"), commandId(i), ContextA);
-        add(QStringLiteral("b"), commandId(i), ContextB);
+        add(QStringLiteral("a"), commandId(i), FirstContext);
+        add(QStringLiteral("b"), commandId(i), SecondContext);
     }
     bool moved = false;
     connect(ActionManager::action(commandId(50)), &QAction::changed, this, [&moved] {
         if (!moved) {
             moved = true;
-            ActionManager::setCurrentContexts({ContextB});
+            ActionManager::setCurrentContexts({SecondContext});
         }
     });
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     for (int i = 0; i < 100; ++i)
         QCOMPARE(text(commandId(i)), QStringLiteral("b"));
@@ -401,22 +401,22 @@ void TestContextChanges::newestListCountsForEveryProxy()
 
 void TestContextChanges::changeMadeByAHandlerIsKeptUntilTheNextChange()
 {
-    add(QStringLiteral("a"), Command, ContextA);
+    add(QStringLiteral("a"), Command, FirstContext);
     auto handler = std::make_unique<QObject>();
     connect(ActionManager::action(Command), &QAction::changed, handler.get(),
             [] { ActionManager::action(Command)->setText(QStringLiteral("handler's")); });
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
     handler.reset();
     QCOMPARE(text(), QStringLiteral("handler's"));
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QCOMPARE(text(), QStringLiteral("a"));
 }
 
 void TestContextChanges::actionsChangedByAHandlerAreMirroredAfterwards()
 {
-    QAction *a = add(QStringLiteral("a"), Command, ContextA);
+    QAction *a = add(QStringLiteral("a"), Command, FirstContext);
     bool done = false;
     connect(ActionManager::action(Command), &QAction::changed, this, [a, &done] {
         if (!done) {
@@ -425,8 +425,8 @@ void TestContextChanges::actionsChangedByAHandlerAreMirroredAfterwards()
         }
     });
 
-    ActionManager::setCurrentContexts({ContextA});
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QCOMPARE(text(), QStringLiteral("changed"));
 }
@@ -435,12 +435,12 @@ void TestContextChanges::handlerMayDestroyTheRegistry()
 {
     auto registry = std::make_unique<ActionManager>();
     for (int i = 0; i < 100; ++i) {
-        add(QStringLiteral("a"), commandId(i), ContextA);
+        add(QStringLiteral("a"), commandId(i), FirstContext);
         connect(ActionManager::action(commandId(i)), &QAction::changed, this,
                 [&registry] { registry.reset(); });
     }
 
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     QVERIFY(!registry);
     QCOMPARE(ActionManager::instance(), nullptr);
@@ -448,13 +448,13 @@ void TestContextChanges::handlerMayDestroyTheRegistry()
 
 void TestContextChanges::twoContextsMayFightForACommand()
 {
-    const QSignalSpy a(add(QStringLiteral("a"), Command, ContextA), &QAction::triggered);
-    const QSignalSpy b(add(QStringLiteral("b"), Command, ContextB), &QAction::triggered);
+    const QSignalSpy a(add(QStringLiteral("a"), Command, FirstContext), &QAction::triggered);
+    const QSignalSpy b(add(QStringLiteral("b"), Command, SecondContext), &QAction::triggered);
     for (int i = 0; i < 100; ++i) {
         if (i % 2 == 0)
-            ActionManager::setCurrentContexts({ContextA, ContextB});
+            ActionManager::setCurrentContexts({FirstContext, SecondContext});
         else
-            ActionManager::setCurrentContexts({ContextB, ContextA});
+            ActionManager::setCurrentContexts({SecondContext, FirstContext});
         ActionManager::action(Command)->trigger();
     }
 
@@ -474,17 +474,17 @@ void TestContextChanges::actionsAndProxiesMayGoInAnyOrder()
     QFETCH(unsigned, seed);
     std::vector<QPointer<QObject>> objects;
     for (int i = 0; i < 5; ++i) {
-        objects.emplace_back(add(QStringLiteral("a"), commandId(i), ContextA));
-        objects.emplace_back(add(QStringLiteral("b"), commandId(i), ContextB));
+        objects.emplace_back(add(QStringLiteral("a"), commandId(i), FirstContext));
+        objects.emplace_back(add(QStringLiteral("b"), commandId(i), SecondContext));
         objects.emplace_back(ActionManager::action(commandId(i)));
     }
-    ActionManager::setCurrentContexts({ContextA});
-    ActionManager::setCurrentContexts({ContextB, ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::setCurrentContexts({SecondContext, FirstContext});
     std::shuffle(objects.begin(), objects.end(), std::mt19937(seed));
 
     for (const QPointer<QObject> &object : objects) {
         delete object;
-        ActionManager::setCurrentContexts({seed % 2 ? ContextA : ContextB});
+        ActionManager::setCurrentContexts({seed % 2 ? FirstContext : SecondContext});
         for (int i = 0; i < 5; ++i) {
             if (IAction *proxy = ActionManager::action(commandId(i)))
                 proxy->trigger();
@@ -498,10 +498,10 @@ void TestContextChanges::actionsAndProxiesMayGoInAnyOrder()
 void TestContextChanges::registryMayGoFirst()
 {
     auto registry = std::make_unique<ActionManager>();
-    const QPointer<QAction> action = add(QStringLiteral("a"), Command, ContextA);
+    const QPointer<QAction> action = add(QStringLiteral("a"), Command, FirstContext);
     const QPointer<IAction> proxy = ActionManager::action(Command);
     action->setParent(this);
-    ActionManager::setCurrentContexts({ContextA});
+    ActionManager::setCurrentContexts({FirstContext});
 
     registry.reset();
     action->setEnabled(false);

@@ -14,8 +14,8 @@ using namespace Core;
 
 namespace {
 
-const QString ContextA = QStringLiteral("Test.A");
-const QString ContextB = QStringLiteral("Test.B");
+const QString FirstContext = QStringLiteral("Test.A");
+const QString SecondContext = QStringLiteral("Test.B");
 
 QIcon redIcon()
 {
@@ -36,8 +36,8 @@ struct Bound
 {
     Bound()
     {
-        proxy.addOverrideAction(a.get(), ContextA);
-        proxy.addOverrideAction(b.get(), ContextB);
+        proxy.addOverrideAction(a.get(), FirstContext);
+        proxy.addOverrideAction(b.get(), SecondContext);
     }
 
     std::unique_ptr<QAction> a = std::make_unique<QAction>(QStringLiteral("A"));
@@ -200,7 +200,7 @@ void TestIAction::proxyIsDisabledUntilAContextIsCurrent()
     QVERIFY(bound.a->isEnabled());
     QVERIFY(!bound.proxy.isEnabled());
 
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QVERIFY(bound.proxy.isEnabled());
 }
@@ -208,7 +208,7 @@ void TestIAction::proxyIsDisabledUntilAContextIsCurrent()
 void TestIAction::initAgainTakesThePresentationAnew()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.proxy.init(bound.b.get());
 
@@ -289,7 +289,7 @@ void TestIAction::shortcutIsAppendedToTheMirroredToolTip()
 {
     Bound bound;
     bound.proxy.setTextUpdated(true);
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
 
     bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
 
@@ -302,10 +302,10 @@ void TestIAction::orderOfTheListIsThePriority()
     Bound bound;
     bound.proxy.setTextUpdated(true);
 
-    bound.proxy.setCurrentContexts({ContextB, ContextA});
+    bound.proxy.setCurrentContexts({SecondContext, FirstContext});
     QCOMPARE(bound.proxy.text(), QStringLiteral("B"));
 
-    bound.proxy.setCurrentContexts({ContextA, ContextB});
+    bound.proxy.setCurrentContexts({FirstContext, SecondContext});
     QCOMPARE(bound.proxy.text(), QStringLiteral("A"));
 }
 
@@ -335,7 +335,7 @@ void TestIAction::proxyItselfIsIgnored()
     Bound bound;
 
     bound.proxy.addOverrideAction(&bound.proxy, QStringLiteral("Test.C"));
-    bound.proxy.setCurrentContexts({QStringLiteral("Test.C"), ContextA});
+    bound.proxy.setCurrentContexts({QStringLiteral("Test.C"), FirstContext});
 
     QVERIFY(bound.proxy.isEnabled());
 }
@@ -344,7 +344,7 @@ void TestIAction::addedActionIsNotChosenAtOnce()
 {
     Bound bound;
     bound.proxy.setTextUpdated(true);
-    bound.proxy.setCurrentContexts({QStringLiteral("Test.C"), ContextA});
+    bound.proxy.setCurrentContexts({QStringLiteral("Test.C"), FirstContext});
     QAction action(QStringLiteral("C"));
 
     bound.proxy.addOverrideAction(&action, QStringLiteral("Test.C"));
@@ -360,8 +360,8 @@ void TestIAction::secondActionForALivingOneIsRefused()
     QAction second(QStringLiteral("second"));
     QTest::ignoreMessage(QtDebugMsg, "IAction: duplicate action on context:  \"Test.A\"");
 
-    bound.proxy.addOverrideAction(&second, ContextA);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.addOverrideAction(&second, FirstContext);
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QCOMPARE(bound.proxy.text(), QStringLiteral("A"));
 }
@@ -370,12 +370,12 @@ void TestIAction::actionReplacesADestroyedOne()
 {
     Bound bound;
     bound.proxy.setTextUpdated(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.a.reset();
     QAction second(QStringLiteral("second"));
 
-    bound.proxy.addOverrideAction(&second, ContextA);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.addOverrideAction(&second, FirstContext);
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QCOMPARE(bound.proxy.text(), QStringLiteral("second"));
 }
@@ -386,7 +386,7 @@ void TestIAction::contextWithADestroyedActionIsSkipped()
     bound.proxy.setTextUpdated(true);
     bound.a.reset();
 
-    bound.proxy.setCurrentContexts({ContextA, ContextB});
+    bound.proxy.setCurrentContexts({FirstContext, SecondContext});
 
     QCOMPARE(bound.proxy.text(), QStringLiteral("B"));
 }
@@ -394,7 +394,7 @@ void TestIAction::contextWithADestroyedActionIsSkipped()
 void TestIAction::unknownContextsLeaveTheActionCurrent()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.setCurrentContexts({QStringLiteral("Test.Unknown")});
@@ -406,7 +406,7 @@ void TestIAction::unknownContextsLeaveTheActionCurrent()
 void TestIAction::emptyListLeavesTheActionCurrent()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.setCurrentContexts({});
@@ -418,7 +418,7 @@ void TestIAction::emptyListLeavesTheActionCurrent()
 void TestIAction::unknownContextsLeaveTheActionMirrored()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.proxy.setCurrentContexts({QStringLiteral("Test.Unknown")});
     bound.a->setEnabled(false);
@@ -429,10 +429,10 @@ void TestIAction::unknownContextsLeaveTheActionMirrored()
 void TestIAction::removedContextStaysCurrentUntilTheNextChange()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA, ContextB});
+    bound.proxy.setCurrentContexts({FirstContext, SecondContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
-    bound.proxy.removeContextAction(ContextA);
+    bound.proxy.removeContextAction(FirstContext);
     bound.proxy.trigger();
 
     QCOMPARE(spy.count(), 1);
@@ -442,10 +442,10 @@ void TestIAction::removedContextIsNotFoundByTheNextChange()
 {
     Bound bound;
     bound.proxy.setTextUpdated(true);
-    bound.proxy.setCurrentContexts({ContextA, ContextB});
+    bound.proxy.setCurrentContexts({FirstContext, SecondContext});
 
-    bound.proxy.removeContextAction(ContextA);
-    bound.proxy.setCurrentContexts({ContextA, ContextB});
+    bound.proxy.removeContextAction(FirstContext);
+    bound.proxy.setCurrentContexts({FirstContext, SecondContext});
 
     QCOMPARE(bound.proxy.text(), QStringLiteral("B"));
 }
@@ -455,7 +455,7 @@ void TestIAction::emptyContextRemovesNothing()
     Bound bound;
 
     bound.proxy.removeContextAction(QString());
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QVERIFY(bound.proxy.isEnabled());
 }
@@ -463,10 +463,10 @@ void TestIAction::emptyContextRemovesNothing()
 void TestIAction::removedActionThatStaysCurrentIsMirrored()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
-    bound.proxy.removeContextAction(ContextA);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.removeContextAction(FirstContext);
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.a->setEnabled(false);
 
     QVERIFY(!bound.proxy.isEnabled());
@@ -475,9 +475,9 @@ void TestIAction::removedActionThatStaysCurrentIsMirrored()
 void TestIAction::removedActionIsMirroredUntilTheNextChange()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
-    bound.proxy.removeContextAction(ContextA);
+    bound.proxy.removeContextAction(FirstContext);
     bound.a->setEnabled(false);
 
     QVERIFY(!bound.proxy.isEnabled());
@@ -487,11 +487,11 @@ void TestIAction::proxyForwardsNothingWhileItIsBound()
 {
     Bound bound;
     bound.b->setVisible(false);
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
     connect(&bound.proxy, &QAction::changed, this, [&bound] { bound.proxy.trigger(); });
 
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QCOMPARE(spy.count(), 0);
 }
@@ -501,7 +501,7 @@ void TestIAction::sameActionForTwoContextsIsMirroredOnce()
     Bound bound;
     bound.proxy.setIconUpdated(true); // every update shows as a change
     bound.proxy.addOverrideAction(bound.a.get(), QStringLiteral("Test.C"));
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.proxy.setCurrentContexts({QStringLiteral("Test.C")});
     const QSignalSpy spy(&bound.proxy, &QAction::changed);
 
@@ -513,7 +513,7 @@ void TestIAction::sameActionForTwoContextsIsMirroredOnce()
 void TestIAction::destroyedActionDisablesAtTheNextUpdate()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.a.reset();
     bound.proxy.update();
@@ -525,10 +525,10 @@ void TestIAction::destroyedActionHidesAtTheNextUpdateIfAsked()
 {
     Bound bound;
     bound.proxy.setHideWhenDeactivated(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.a.reset();
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QVERIFY(!bound.proxy.isVisible());
     QVERIFY(!bound.proxy.isEnabled());
@@ -537,10 +537,10 @@ void TestIAction::destroyedActionHidesAtTheNextUpdateIfAsked()
 void TestIAction::destroyedActionLeavesTheProxyVisibleUnlessAsked()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.a.reset();
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QVERIFY(bound.proxy.isVisible());
 }
@@ -571,7 +571,7 @@ void TestIAction::stateIsMirroredAtOnce()
     QFETCH(QByteArray, property);
     Bound bound;
     bound.a->setCheckable(property == "checked");
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     for (int i = 0; i < 2; ++i) {
         const bool now = !bound.a->property(property).toBool();
 
@@ -584,7 +584,7 @@ void TestIAction::stateIsMirroredAtOnce()
 void TestIAction::textIsMirroredOnlyIfAsked()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QString toolTip = bound.proxy.toolTip();
 
     bound.a->setText(QStringLiteral("changed"));
@@ -601,7 +601,7 @@ void TestIAction::textUpdatedCarriesToolTipAndStatusTip()
     Bound bound;
     bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
     bound.proxy.setTextUpdated(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.a->setText(QStringLiteral("Save \"a.v\""));
     bound.a->setToolTip(QStringLiteral("tip"));
@@ -616,7 +616,7 @@ void TestIAction::textUpdatedCarriesToolTipAndStatusTip()
 void TestIAction::textFlagTakesEffectAtTheNextUpdate()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
 
     bound.proxy.setTextUpdated(true);
     QVERIFY(bound.proxy.isTextUpdated());
@@ -629,7 +629,7 @@ void TestIAction::textFlagTakesEffectAtTheNextUpdate()
 void TestIAction::iconIsMirroredOnlyIfAsked()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.a->setIcon(redIcon());
     bound.a->setIconText(QStringLiteral("changed"));
@@ -646,7 +646,7 @@ void TestIAction::iconFlagTakesEffectAtTheNextUpdate()
     bound.b->setIcon(redIcon());
     bound.b->setIconText(QStringLiteral("icon text"));
     bound.b->setIconVisibleInMenu(false);
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
 
     bound.proxy.setIconUpdated(true);
     QVERIFY(bound.proxy.isIconUpdated());
@@ -678,7 +678,7 @@ void TestIAction::shortcutIsNeverMirrored()
     bound.proxy.setShortcut(QKeySequence(QStringLiteral("Ctrl+S")));
     bound.b->setShortcut(QKeySequence(QStringLiteral("Ctrl+B")));
 
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
     bound.b->setShortcut(QKeySequence(QStringLiteral("Ctrl+X")));
 
     QCOMPARE(bound.proxy.shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
@@ -691,7 +691,7 @@ void TestIAction::whatsThisIsNeverMirrored()
     bound.proxy.setIconUpdated(true);
     bound.b->setWhatsThis(QStringLiteral("What"));
 
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
 
     QCOMPARE(bound.proxy.whatsThis(), QString());
 }
@@ -699,7 +699,7 @@ void TestIAction::whatsThisIsNeverMirrored()
 void TestIAction::actionChangedUpdates()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.proxy.setEnabled(false);
 
     QVERIFY(QMetaObject::invokeMethod(&bound.proxy, "actionChanged"));
@@ -712,10 +712,10 @@ void TestIAction::uncheckableActionClearsTheCheckMark()
     Bound bound;
     bound.a->setCheckable(true);
     bound.a->setChecked(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     QVERIFY(bound.proxy.isChecked());
 
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({SecondContext});
 
     QVERIFY(!bound.proxy.isCheckable());
     QVERIFY(!bound.proxy.isChecked());
@@ -725,14 +725,14 @@ void TestIAction::uncheckableActionClearsTheCheckMark()
 void TestIAction::silentChangeOfTheActionShowsAfterTheNextChange()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     {
         const QSignalBlocker blocker(bound.a.get());
         bound.a->setEnabled(false);
     }
     QVERIFY(bound.proxy.isEnabled());
 
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QVERIFY(!bound.proxy.isEnabled());
 }
@@ -740,9 +740,9 @@ void TestIAction::silentChangeOfTheActionShowsAfterTheNextChange()
 void TestIAction::triggeringTriggersTheCurrentActionOnce()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
-    bound.proxy.setCurrentContexts({ContextB});
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
+    bound.proxy.setCurrentContexts({SecondContext});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.trigger();
@@ -753,7 +753,7 @@ void TestIAction::triggeringTriggersTheCurrentActionOnce()
 void TestIAction::triggeredComesFromTheActionItself()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     class Receiver final : public QObject
     {
     public:
@@ -770,8 +770,8 @@ void TestIAction::triggeredComesFromTheActionItself()
 void TestIAction::actionNotCurrentIsNotTriggered()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({FirstContext});
+    bound.proxy.setCurrentContexts({SecondContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.trigger();
@@ -782,8 +782,8 @@ void TestIAction::actionNotCurrentIsNotTriggered()
 void TestIAction::earlierActionIsNotMirroredAnyMore()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
-    bound.proxy.setCurrentContexts({ContextB});
+    bound.proxy.setCurrentContexts({FirstContext});
+    bound.proxy.setCurrentContexts({SecondContext});
 
     bound.a->setEnabled(false);
 
@@ -794,7 +794,7 @@ void TestIAction::togglingSetsTheCheckedState()
 {
     Bound bound;
     bound.a->setCheckable(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.proxy.trigger();
     QVERIFY(bound.a->isChecked());
@@ -807,7 +807,7 @@ void TestIAction::triggeredTellsTheCheckedStateOnce()
 {
     Bound bound;
     bound.a->setCheckable(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.trigger();
@@ -821,7 +821,7 @@ void TestIAction::triggeredTellsTheCheckedStateOnce()
 void TestIAction::connectingTwiceForwardsOnce()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.connectAction();
@@ -834,7 +834,7 @@ void TestIAction::disconnectedProxyForwardsNothing()
 {
     Bound bound;
     bound.a->setCheckable(true);
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.disconnectAction();
@@ -850,7 +850,7 @@ void TestIAction::disconnectedProxyForwardsNothing()
 void TestIAction::disconnectedProxyMirrorsNothing()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.proxy.disconnectAction();
     bound.a->setEnabled(false);
@@ -864,7 +864,7 @@ void TestIAction::disconnectedProxyMirrorsNothing()
 void TestIAction::disconnectingLeavesTheConnectionsOfOthers()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     connect(&bound.proxy, &QAction::triggered, bound.b.get(), &QAction::trigger);
     connect(bound.a.get(), &QAction::changed, bound.b.get(), &QAction::trigger);
     const QSignalSpy spy(bound.b.get(), &QAction::triggered);
@@ -892,10 +892,10 @@ void TestIAction::connectingWithoutAnActionForwardsNothing()
 void TestIAction::changeOfContextsConnectsAgain()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.proxy.disconnectAction();
 
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.a->setEnabled(false);
 
     QVERIFY(!bound.proxy.isEnabled());
@@ -904,10 +904,10 @@ void TestIAction::changeOfContextsConnectsAgain()
 void TestIAction::connectionsTakenOffTheActionComeBack()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     bound.a->disconnect();
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.a->setEnabled(false);
 
     QVERIFY(!bound.proxy.isEnabled());
@@ -916,11 +916,11 @@ void TestIAction::connectionsTakenOffTheActionComeBack()
 void TestIAction::connectionsTakenOffTheProxyComeBack()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     const QSignalSpy spy(bound.a.get(), &QAction::triggered);
 
     bound.proxy.disconnect();
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.proxy.trigger();
 
     QCOMPARE(spy.count(), 1);
@@ -931,8 +931,8 @@ void TestIAction::proxyLeavesTheActionsAlive()
     QAction action;
     const QPointer<QAction> guard(&action);
     auto proxy = std::make_unique<IAction>(QStringLiteral("Test.Command"), &action);
-    proxy->addOverrideAction(&action, ContextA);
-    proxy->setCurrentContexts({ContextA});
+    proxy->addOverrideAction(&action, FirstContext);
+    proxy->setCurrentContexts({FirstContext});
 
     proxy.reset();
 
@@ -942,11 +942,11 @@ void TestIAction::proxyLeavesTheActionsAlive()
 void TestIAction::actionMayBeDestroyedByItsOwnHandler()
 {
     Bound bound;
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     connect(bound.a.get(), &QAction::triggered, this, [&bound] { bound.a.reset(); });
 
     bound.proxy.trigger();
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
 
     QVERIFY(!bound.a);
     QVERIFY(!bound.proxy.isEnabled());
@@ -956,8 +956,8 @@ void TestIAction::proxyMayBeDestroyedByAHandlerOfTheAction()
 {
     QAction action;
     QPointer<IAction> proxy = new IAction(QStringLiteral("Test.Command"), &action);
-    proxy->addOverrideAction(&action, ContextA);
-    proxy->setCurrentContexts({ContextA});
+    proxy->addOverrideAction(&action, FirstContext);
+    proxy->setCurrentContexts({FirstContext});
     connect(&action, &QAction::triggered, this, [&proxy] { delete proxy; });
 
     proxy->trigger();
@@ -969,10 +969,10 @@ void TestIAction::proxyMayBeDestroyedWhileItIsBound()
 {
     QAction action;
     QPointer<IAction> proxy = new IAction(QStringLiteral("Test.Command"), &action);
-    proxy->addOverrideAction(&action, ContextA);
+    proxy->addOverrideAction(&action, FirstContext);
     connect(proxy.data(), &QAction::changed, this, [&proxy] { delete proxy; });
 
-    proxy->setCurrentContexts({ContextA});
+    proxy->setCurrentContexts({FirstContext});
 
     QVERIFY(!proxy);
 }
@@ -983,7 +983,7 @@ void TestIAction::actionMayBeDestroyedWhileItIsBeingMirrored()
     bound.a->setCheckable(true);
     connect(&bound.proxy, &QAction::changed, this, [&bound] { bound.a.reset(); });
 
-    bound.proxy.setCurrentContexts({ContextA});
+    bound.proxy.setCurrentContexts({FirstContext});
     bound.proxy.setCurrentContexts({});
 
     QVERIFY(!bound.a);
@@ -994,8 +994,8 @@ void TestIAction::actionMayBeDestroyedAfterTheProxy()
 {
     auto action = std::make_unique<QAction>();
     auto proxy = std::make_unique<IAction>(QStringLiteral("Test.Command"), action.get());
-    proxy->addOverrideAction(action.get(), ContextA);
-    proxy->setCurrentContexts({ContextA});
+    proxy->addOverrideAction(action.get(), FirstContext);
+    proxy->setCurrentContexts({FirstContext});
     const QSignalSpy spy(action.get(), &QObject::destroyed);
 
     proxy.reset();

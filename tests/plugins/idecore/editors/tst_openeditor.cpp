@@ -349,7 +349,8 @@ void TestOpenEditor::openingOrder()
     QStringList order;
     m_factory->prepare = [&](TestEditor *editor) {
         editor->whileOpening = [&] {
-            order.append(QStringLiteral("open, recent: %1").arg(EditorManager::recentFiles().size()));
+            order.append(
+                QStringLiteral("open, recent: %1").arg(EditorManager::recentFiles().size()));
         };
         editor->whileSettingReadOnly = [&] {
             order.append(QStringLiteral("read-only, recent: %1, editors: %2")
@@ -824,8 +825,8 @@ void TestOpenEditor::directory()
 
     QCOMPARE(EditorManager::openEditor(m_folder->path(), false), nullptr);
 
-    QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"\nIt is a folder.")
-                             .arg(m_folder->path()));
+    QCOMPARE(box.text(),
+             QStringLiteral("Can not open file \"%1\"\nIt is a folder.").arg(m_folder->path()));
 }
 
 void TestOpenEditor::fifoDoesNotHang()

@@ -382,8 +382,9 @@ void TestSaveEditor::failedSave()
     EditorManager::instance()->onActSave();
 
     QCOMPARE(box.title(), QStringLiteral("Save File"));
-    QCOMPARE(box.text(), QStringLiteral("Can not save to file \"%1\"\nThe disk is full.")
-                             .arg(editor->fileName()));
+    QCOMPARE(
+        box.text(),
+        QStringLiteral("Can not save to file \"%1\"\nThe disk is full.").arg(editor->fileName()));
     QCOMPARE(box.icon(), int(QMessageBox::Critical));
     QVERIFY(!cursorInTheBox);
     QVERIFY(editor->isModified());

@@ -355,6 +355,17 @@ private Q_SLOTS:
         QVERIFY(IdeCore::userSettingsGUI()->contains(VERSION));
     }
 
+    void aRefusedCloseKeepsTheFullScreen()
+    {
+        window()->prepareToShow();
+        QVERIFY(EditorManager::openEditor(file(QStringLiteral("a.txt"))));
+        window()->toggleFullScreen(true);
+        QTRY_VERIFY(window()->isFullScreen());
+        Editor::refuses = true;
+        QVERIFY(!window()->close());
+        QVERIFY(window()->isFullScreen());
+    }
+
     void closingInFullScreenSavesTheGeometryOfTheNormalWindow()
     {
         showNormally(QRect(130, 80, 640, 480));

@@ -33,9 +33,9 @@ private:
     }
     static void record(QtMsgType type, const QMessageLogContext &, const QString &text)
     {
-        const QString kind = type == QtWarningMsg ? QStringLiteral("warning: ")
-            : type == QtCriticalMsg               ? QStringLiteral("critical: ")
-                                                  : QStringLiteral("other: ");
+        const QString kind = type == QtWarningMsg    ? QStringLiteral("warning: ")
+                             : type == QtCriticalMsg ? QStringLiteral("critical: ")
+                                                     : QStringLiteral("other: ");
         messages().append(kind + text);
     }
 

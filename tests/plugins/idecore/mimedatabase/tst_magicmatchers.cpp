@@ -67,14 +67,17 @@ void TestMagicMatchers::stringRule_data()
     QTest::newRow("0:10 at the start") << 0 << 10 << QByteArray("magic") << true;
     QTest::newRow("0:10 at 10") << 0 << 10 << QByteArray("0123456789magic") << true;
     QTest::newRow("0:10 not at 11") << 0 << 10 << QByteArray("0123456789xmagic") << false;
-    QTest::newRow("first occurrence counts, behind the end") << 1 << 2 << QByteArray("magic   magic") << false;
-    QTest::newRow("first occurrence at or after the start") << 1 << 9 << QByteArray("magic magic") << true;
+    QTest::newRow("first occurrence counts, behind the end")
+        << 1 << 2 << QByteArray("magic   magic") << false;
+    QTest::newRow("first occurrence at or after the start")
+        << 1 << 9 << QByteArray("magic magic") << true;
     QTest::newRow("data one byte too short") << 2 << 9 << QByteArray("xxmagi") << false;
     QTest::newRow("data just long enough") << 2 << 2 << QByteArray("xxmagic") << true;
     QTest::newRow("case counts") << 0 << 0 << QByteArray("Magic") << false;
     QTest::newRow("end before start") << 5 << 2 << QByteArray("     magic") << false;
     QTest::newRow("negative start") << -4 << 3 << QByteArray("magic") << true;
-    QTest::newRow("negative start does not count from the end") << -4 << 3 << QByteArray("magicmagic") << true;
+    QTest::newRow("negative start does not count from the end")
+        << -4 << 3 << QByteArray("magicmagic") << true;
     QTest::newRow("negative end") << -4 << -1 << QByteArray("magic") << false;
     QTest::newRow("least start") << least << most << QByteArray("xmagic") << true;
     QTest::newRow("greatest start") << most << most << QByteArray("magic") << false;
@@ -115,11 +118,15 @@ void TestMagicMatchers::byteRule_data()
     QTest::newRow("0:0 not later") << elf << 0 << 0 << QByteArray(" \x7f\x45") << false;
     QTest::newRow("last place of the range") << elf << 0 << 2 << QByteArray("  \x7f\x45") << true;
     QTest::newRow("behind the range") << elf << 0 << 1 << QByteArray("  \x7f\x45") << false;
-    QTest::newRow("later occurrence in the range") << elf << 1 << 4 << QByteArray("\x7f\x45 \x7f\x45") << true;
+    QTest::newRow("later occurrence in the range")
+        << elf << 1 << 4 << QByteArray("\x7f\x45 \x7f\x45") << true;
     QTest::newRow("data too short") << elf << 0 << 5 << QByteArray("\x7f") << false;
-    QTest::newRow("no number") << QStringLiteral("\\0x7f\\zz") << 0 << 9 << QByteArray("\x7f") << false;
-    QTest::newRow("0x80 never") << QStringLiteral("\\0x80") << 0 << 0 << QByteArray("\x80") << false;
-    QTest::newRow("0xff never") << QStringLiteral("\\0xff") << 0 << 0 << QByteArray("\xff") << false;
+    QTest::newRow("no number") << QStringLiteral("\\0x7f\\zz") << 0 << 9 << QByteArray("\x7f")
+                               << false;
+    QTest::newRow("0x80 never") << QStringLiteral("\\0x80") << 0 << 0 << QByteArray("\x80")
+                                << false;
+    QTest::newRow("0xff never") << QStringLiteral("\\0xff") << 0 << 0 << QByteArray("\xff")
+                                << false;
     QTest::newRow("0x7f") << QStringLiteral("\\0x7f") << 0 << 0 << QByteArray("\x7f") << true;
     QTest::newRow("zero byte") << QStringLiteral("\\0x0") << 0 << 0 << QByteArray(1, '\0') << true;
     QTest::newRow("end before start") << elf << 1 << 0 << QByteArray("\x7f\x45\x45") << false;
@@ -147,7 +154,8 @@ void TestMagicMatchers::byteRuleReadsHexadecimal_data()
     QTest::addColumn<QList<int>>("bytes");
     QTest::newRow("with prefix") << QStringLiteral("\\0x7f\\0x45") << QList<int>{0x7f, 0x45};
     QTest::newRow("without prefix") << QStringLiteral("\\7f\\45") << QList<int>{0x7f, 0x45};
-    QTest::newRow("empty parts are dropped") << QStringLiteral("\\\\10\\\\\\11\\") << QList<int>{0x10, 0x11};
+    QTest::newRow("empty parts are dropped")
+        << QStringLiteral("\\\\10\\\\\\11\\") << QList<int>{0x10, 0x11};
     QTest::newRow("without backslash") << QStringLiteral("1b") << QList<int>{0x1b};
     QTest::newRow("larger than a byte") << QStringLiteral("\\fff") << QList<int>{0xfff};
     QTest::newRow("first is no number") << QStringLiteral("\\zz\\10") << QList<int>{};
@@ -180,7 +188,9 @@ void TestMagicMatchers::textHeuristic_data()
     QTest::newRow("zero byte") << QByteArray("te\0xt", 5) << false;
     QTest::newRow("big endian mark") << QByteArray("\xfe\xff\0a", 4) << true;
     QTest::newRow("little endian mark") << QByteArray("\xff\xfe"
-                                                      "a\0", 4) << true;
+                                                      "a\0",
+                                                      4)
+                                        << true;
     QTest::newRow("scan stops at the zero byte") << QByteArray("\xfe\xff\0\x07", 4) << true;
     QTest::newRow("control before the zero byte") << QByteArray("\xfe\xff\x07\0a", 5) << false;
     QTest::newRow("half a mark") << QByteArray("\xfe\0", 2) << false;

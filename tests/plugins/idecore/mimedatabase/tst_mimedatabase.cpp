@@ -23,8 +23,8 @@ using Core::private_impl::MimeDatabasePrivate;
 
 namespace {
 
-MimeType makeType(const QByteArray &name, const QStringList &parents = {}, const char *glob = nullptr,
-                  quint32 weight = 100)
+MimeType makeType(const QByteArray &name, const QStringList &parents = {},
+                  const char *glob = nullptr, quint32 weight = 100)
 {
     MimeType type;
     type.setType(QString::fromLatin1(name));
@@ -184,7 +184,8 @@ void TestMimeDatabase::filters()
         QVERIFY(database.addMimeType(type));
     }
 
-    QCOMPARE(database.filterForFileDialog(false), s("B comment (*.x);;a comment (*.x);;b comment (*.x)"));
+    QCOMPARE(database.filterForFileDialog(false),
+             s("B comment (*.x);;a comment (*.x);;b comment (*.x)"));
     QCOMPARE(database.filterForFileDialog(true),
              s("All Files (*);;B comment (*.x);;a comment (*.x);;b comment (*.x)"));
     QCOMPARE(database.filterStrings().size(), 3);
@@ -201,8 +202,8 @@ void TestMimeDatabase::dump()
     QString text;
     QDebug(&text) << database;
 
-    QCOMPARE(text.trimmed(),
-             s(">MimeDatabase\nEntry level 32767\nType: a/b, magic: 0\nComment: a/b comment\n\n<MimeDatabase"));
+    QCOMPARE(text.trimmed(), s(">MimeDatabase\nEntry level 32767\nType: a/b, magic: 0\nComment: "
+                               "a/b comment\n\n<MimeDatabase"));
 }
 
 void TestMimeDatabase::deepestLevelDecides()
@@ -382,7 +383,8 @@ void TestMimeDatabase::deepHierarchyIsWalked()
     for (int i = 0; i < depth; ++i) {
         const QByteArray name = QByteArray::number(i);
         const QStringList parents = i == 0 ? QStringList() : QStringList(QString::number(i - 1));
-        QVERIFY(database.addMimeType(makeType(name, parents, i == 0 || i == depth - 1 ? "*.x" : nullptr)));
+        QVERIFY(database.addMimeType(
+            makeType(name, parents, i == 0 || i == depth - 1 ? "*.x" : nullptr)));
     }
 
     QCOMPARE(database.findByFile(QFileInfo(s("a.x"))).type(), QString::number(depth - 1));
@@ -397,10 +399,10 @@ void TestMimeDatabase::wideDiamondsAreWalkedOnce()
         const QString above = QString::number(i - 1);
         QVERIFY(database.addMimeType(makeType("l" + QByteArray::number(i), {above})));
         QVERIFY(database.addMimeType(makeType("r" + QByteArray::number(i), {above})));
-        QVERIFY(database.addMimeType(makeType(QByteArray::number(i),
-                                              {QLatin1Char('l') + QString::number(i),
-                                               QLatin1Char('r') + QString::number(i)},
-                                              i == 60 ? "*.x" : nullptr)));
+        QVERIFY(database.addMimeType(
+            makeType(QByteArray::number(i),
+                     {QLatin1Char('l') + QString::number(i), QLatin1Char('r') + QString::number(i)},
+                     i == 60 ? "*.x" : nullptr)));
     }
 
     QCOMPARE(database.findByFile(QFileInfo(s("a.x"))).type(), s("60"));
@@ -453,7 +455,10 @@ void TestMimeDatabase::builtInTypes()
     for (int i = 0; i < suffixes.size(); ++i) {
         QCOMPARE(type.globPatterns().at(i).pattern(), QLatin1String("*.") + suffixes.at(i));
         QCOMPARE(type.globPatterns().at(i).weight(), 100U);
-        QCOMPARE(database.findByFile(QFileInfo(QLatin1String("/no/where.") + suffixes.at(i).toUpper())).type(), name);
+        QCOMPARE(
+            database.findByFile(QFileInfo(QLatin1String("/no/where.") + suffixes.at(i).toUpper()))
+                .type(),
+            name);
     }
 }
 
@@ -480,7 +485,8 @@ void TestMimeDatabase::builtInFilter()
 
     const QString filter = database.filterForFileDialog(true);
 
-    QVERIFY(filter.startsWith(QLatin1String("All Files (*);;Analysis Design Constraints File (*.adc);;")));
+    QVERIFY(filter.startsWith(
+        QLatin1String("All Files (*);;Analysis Design Constraints File (*.adc);;")));
     QVERIFY(filter.contains(QLatin1String(";;HTML Document File (*.htm *.html *.hts *.xhtml);;")));
 }
 
@@ -492,7 +498,8 @@ void TestMimeDatabase::builtInContent_data()
     QTest::newRow("text") << s("README") << QByteArray("plain ASCII") << s("text/plain");
     QTest::newRow("byte 0x03") << s("README") << QByteArray("plain\x03") << QString();
     QTest::newRow("empty") << s("data.bin") << QByteArray() << QString();
-    QTest::newRow("known suffix, binary content") << s("top.v") << QByteArray("\x03") << s("text/verilog");
+    QTest::newRow("known suffix, binary content")
+        << s("top.v") << QByteArray("\x03") << s("text/verilog");
     QTest::newRow("control character behind what is read")
         << s("README") << QByteArray(2048, 'a') + '\x03' << s("text/plain");
 }
@@ -558,8 +565,10 @@ void TestMimeDatabase::brokenDefinitionsKeepWhatWasRead()
 
     QVERIFY(!database.addMimeTypes(file.fileName(), &message));
 
-    QCOMPARE(message, QStringLiteral("An error has been encountered at line 2 of %1: Missing 'type'-attribute:")
-                          .arg(file.fileName()));
+    QCOMPARE(
+        message,
+        QStringLiteral("An error has been encountered at line 2 of %1: Missing 'type'-attribute:")
+            .arg(file.fileName()));
     QVERIFY(!database.findByType(s("a/b")).isNull());
 }
 
@@ -573,7 +582,8 @@ void TestMimeDatabase::streamIsNamedInMessages()
 
     QVERIFY(!database.addMimeTypes(&buffer, &message));
 
-    QCOMPARE(message, s("An error has been encountered at line 1 of <stream>: Unexpected element <other>:"));
+    QCOMPARE(message,
+             s("An error has been encountered at line 1 of <stream>: Unexpected element <other>:"));
 }
 
 void TestMimeDatabase::freedesktopTypes()

@@ -27,9 +27,9 @@ namespace {
 /// Units with odd cases beside plain ones: Kelvin and Angstrom signs, dotted and
 /// dotless i, long s, sharp s in both cases, final sigma, a title-case pair,
 /// halves of surrogate pairs.
-const ushort units[] = {'a',    'B',    'z',    '1',    '9',    '.',    '.',    '_',    'k',    'i',   'S',
-                        0x212a, 0x212b, 0xe5,   0x130,  0x131,  0x17f,  0xdf,   0x1e9e, 0x3c2,  0x3a3, 0x1c4,
-                        0x1c5,  0xe9,   0xc9,   0xd801, 0xdc00, 0xdc28};
+const ushort units[] = {'a',   'B',    'z',    '1',  '9',   '.',    '.',    '_',   'k',    'i',
+                        'S',   0x212a, 0x212b, 0xe5, 0x130, 0x131,  0x17f,  0xdf,  0x1e9e, 0x3c2,
+                        0x3a3, 0x1c4,  0x1c5,  0xe9, 0xc9,  0xd801, 0xdc00, 0xdc28};
 const ushort special[] = {'*', '*', '*', '?', '[', ']', '^', '-', '\\', '$', '(', '+', '{', '|'};
 
 class Random
@@ -236,7 +236,8 @@ Core::IMagicMatcherPtr randomMatcher(Random &random)
             matcher->add(Core::MagicRulePtr(new Core::MagicStringRule(value, start, end)));
         } else {
             for (int k = random.below(4); k > 0; --k) {
-                static const char *const bytes[] = {"\\61", "\\62", "\\0x63", "\\ff", "\\-1", "\\zz", "\\0"};
+                static const char *const bytes[] = {"\\61", "\\62", "\\0x63", "\\ff",
+                                                    "\\-1", "\\zz", "\\0"};
                 value += QLatin1String(bytes[random.below(int(std::size(bytes)))]);
             }
             matcher->add(Core::MagicRulePtr(new Core::MagicByteRule(value, start, end)));
@@ -262,7 +263,8 @@ QStringList fill(MimeDatabasePrivate &database, Random &random)
         type.setType(nameOf(number));
         QStringList parents;
         for (int i = random.below(3); i > 0 && number > 0; --i)
-            parents.append(random.oneIn(8) ? QStringLiteral("un/known") : nameOf(random.below(number)));
+            parents.append(random.oneIn(8) ? QStringLiteral("un/known")
+                                           : nameOf(random.below(number)));
         type.setSubClassesOf(parents);
         QList<MimeGlobPattern> globs;
         for (int i = random.below(4); i > 0; --i) {
@@ -349,7 +351,8 @@ void TestMimeLookup::wildcardsThatBlowUpStayBounded_data()
     QTest::newRow("question marks") << QStringLiteral("*?").repeated(20000) + QLatin1Char('b');
     QTest::newRow("classes") << QStringLiteral("*[a-z]").repeated(20000) + QLatin1Char('b');
     QTest::newRow("few stars, long name") << QStringLiteral("*a*a*a*a*a*a*a*a*b");
-    QTest::newRow("odd class") << QStringLiteral("[]a]") + QStringLiteral("*a").repeated(200) + QLatin1Char('b');
+    QTest::newRow("odd class") << QStringLiteral("[]a]") + QStringLiteral("*a").repeated(200)
+                                      + QLatin1Char('b');
 }
 
 void TestMimeLookup::wildcardsThatBlowUpStayBounded()
@@ -366,8 +369,10 @@ void TestMimeLookup::wildcardsThatBlowUpStayBounded()
     QVERIFY(database.addMimeType(parent));
 
     // The program's time limit is what an exponential match would run into.
-    QVERIFY(database.findByFile(QFileInfo(QString(250, QLatin1Char('a')) + QLatin1Char('c'))).isNull());
-    QVERIFY(database.findByFile(QFileInfo(QString(30000, QLatin1Char('a')) + QLatin1Char('c'))).isNull());
+    QVERIFY(
+        database.findByFile(QFileInfo(QString(250, QLatin1Char('a')) + QLatin1Char('c'))).isNull());
+    QVERIFY(database.findByFile(QFileInfo(QString(30000, QLatin1Char('a')) + QLatin1Char('c')))
+                .isNull());
 }
 
 void TestMimeLookup::indexFollowsTheRules_data()
@@ -393,7 +398,8 @@ void TestMimeLookup::indexFollowsTheRules()
             name.remove(QLatin1Char('/'));
             // Half of a surrogate pair has no name in a file system.
             const bool onDisk = random.oneIn(2) && !name.isEmpty() && name != QLatin1String(".")
-                && name != QLatin1String("..") && QFile::decodeName(QFile::encodeName(name)) == name;
+                                && name != QLatin1String("..")
+                                && QFile::decodeName(QFile::encodeName(name)) == name;
             const QString path = dir.filePath(name);
             QByteArray data;
             if (onDisk) {
@@ -446,7 +452,8 @@ void TestMimeLookup::threadsShareTypesAndDatabase()
                 own = shared;
                 expect(database.findByFile(QFileInfo(QStringLiteral("a.vhd"))).type()
                        == QLatin1String("text/vhdl"));
-                expect(database.findByFile(QFileInfo(readme)).type() == QLatin1String("text/plain"));
+                expect(database.findByFile(QFileInfo(readme)).type()
+                       == QLatin1String("text/plain"));
                 expect(database.findByType(QStringLiteral("text/verilog")).preferredSuffix()
                        == QLatin1String("v"));
                 if (i % 20 == 0) {
@@ -457,8 +464,9 @@ void TestMimeLookup::threadsShareTypesAndDatabase()
                     expect(database.addMimeType(type));
                 }
                 if (i > 0) {
-                    expect(database.findByFile(QFileInfo(QStringLiteral("x.THREAD%1").arg(t))).type()
-                           == QStringLiteral("thread/%1").arg(t));
+                    expect(
+                        database.findByFile(QFileInfo(QStringLiteral("x.THREAD%1").arg(t))).type()
+                        == QStringLiteral("thread/%1").arg(t));
                 }
                 expect(!database.filterForFileDialog(true).isEmpty());
             }

@@ -232,7 +232,8 @@ void TestMimeType::localeComment_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("language") << QStringLiteral("zh") << QStringLiteral("chinese");
     QTest::newRow("is not cut") << QStringLiteral("zh_CN") << QStringLiteral("simplified");
-    QTest::newRow("unknown country") << QStringLiteral("zh_TW") << QStringLiteral("Plain Text File");
+    QTest::newRow("unknown country")
+        << QStringLiteral("zh_TW") << QStringLiteral("Plain Text File");
     QTest::newRow("unknown language") << QStringLiteral("fr") << QStringLiteral("Plain Text File");
 }
 
@@ -479,8 +480,9 @@ void TestMimeType::preferredSuffixOutsideTheListIsRefused()
     QCOMPARE(type.preferredSuffix(), QStringLiteral("text"));
     QVERIFY(recorder.only().startsWith(QLatin1String("warning: ")));
     QVERIFY(recorder.only().contains(QLatin1String("MimeType::setPreferredSuffix(")));
-    QVERIFY(recorder.only().endsWith(QLatin1String(
-        ": Attempt to set preferred suffix to 'doc', which is not in the list of suffixes: txt,text.")));
+    QVERIFY(
+        recorder.only().endsWith(QLatin1String(": Attempt to set preferred suffix to 'doc', which "
+                                               "is not in the list of suffixes: txt,text.")));
 }
 
 void TestMimeType::preferredSuffixRespectsCase()
@@ -503,8 +505,9 @@ void TestMimeType::filterStringWithoutGlobsIsEmpty()
 
 void TestMimeType::filterStringSeparatesByBlanks()
 {
-    QCOMPARE(MimeType::formatFilterString(QStringLiteral("HDL"), globs({{"*.v", 100}, {"Make*", 5}})),
-             QStringLiteral("HDL (*.v Make*)"));
+    QCOMPARE(
+        MimeType::formatFilterString(QStringLiteral("HDL"), globs({{"*.v", 100}, {"Make*", 5}})),
+        QStringLiteral("HDL (*.v Make*)"));
 }
 
 void TestMimeType::debugOfAFullType()
@@ -516,13 +519,12 @@ void TestMimeType::debugOfAFullType()
     QVERIFY(type.setPreferredSuffix(QStringLiteral("txt")));
     type.addMagicMatcher(matcher(true, 1));
 
-    QCOMPARE(debugText(type, 0),
-             QStringLiteral("Type: text/x-test Aliases: a/b,c/d, magic: 1\n"
-                            "Comment: Plain Text File\n"
-                            "SubClassesOf: e/f,g/h\n"
-                            "Glob: *.txt(100)*.text(50)\n"
-                            "Suffixes: txt,text preferred: txt\n"
-                            "\n"));
+    QCOMPARE(debugText(type, 0), QStringLiteral("Type: text/x-test Aliases: a/b,c/d, magic: 1\n"
+                                                "Comment: Plain Text File\n"
+                                                "SubClassesOf: e/f,g/h\n"
+                                                "Glob: *.txt(100)*.text(50)\n"
+                                                "Suffixes: txt,text preferred: txt\n"
+                                                "\n"));
 }
 
 void TestMimeType::debugOfAnEmptyType()
@@ -532,12 +534,11 @@ void TestMimeType::debugOfAnEmptyType()
 
 void TestMimeType::debugIndents()
 {
-    QCOMPARE(debugText(textType(), 2),
-             QStringLiteral("  Type: text/x-test, magic: 0\n"
-                            "  Comment: Plain Text File\n"
-                            "  Glob: *.txt(100)\n"
-                            "  Suffixes: txt,text preferred: \n"
-                            "\n"));
+    QCOMPARE(debugText(textType(), 2), QStringLiteral("  Type: text/x-test, magic: 0\n"
+                                                      "  Comment: Plain Text File\n"
+                                                      "  Glob: *.txt(100)\n"
+                                                      "  Suffixes: txt,text preferred: \n"
+                                                      "\n"));
 }
 
 void TestMimeType::debugStreamGetsTheText()

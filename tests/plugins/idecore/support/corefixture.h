@@ -43,8 +43,7 @@ public:
 
     // The stores without a running core; @p store is "IDE" or "IDE_GUI".
     static void dropSettings();
-    static QVariant storedSetting(const QString &key,
-                                  const QString &store = QStringLiteral("IDE"));
+    static QVariant storedSetting(const QString &key, const QString &store = QStringLiteral("IDE"));
     static void storeSetting(const QString &key, const QVariant &value,
                              const QString &store = QStringLiteral("IDE"));
     static QString settingsFile(const QString &store = QStringLiteral("IDE"));

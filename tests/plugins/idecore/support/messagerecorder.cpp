@@ -46,8 +46,7 @@ bool MessageRecorder::isOneAssertion(const QString &expression) const
     return critical.size() == 1 && form.match(critical.constFirst()).hasMatch();
 }
 
-void MessageRecorder::record(QtMsgType type, const QMessageLogContext &context,
-                             const QString &text)
+void MessageRecorder::record(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     s_recorder->m_messages.append({type, QString::fromLatin1(context.category), text});
 }

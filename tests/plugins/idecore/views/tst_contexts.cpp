@@ -415,8 +415,8 @@ void TestContexts::withoutStrongFocusThePolicyStays()
 void TestContexts::commandsAreBoundBeforeTheReport()
 {
     auto *action = new QAction(QStringLiteral("Do"));
-    const Core::IAction *proxy = ActionManager::registerAction(
-        action, QStringLiteral("Test.Action"), QStringLiteral("X"));
+    const Core::IAction *proxy =
+        ActionManager::registerAction(action, QStringLiteral("Test.Action"), QStringLiteral("X"));
     bool enabledWhenTold = false;
     connect(ViewManager::instance(), &ViewManager::contextsChanged, this,
             [&enabledWhenTold, proxy] { enabledWhenTold = proxy->isEnabled(); });
@@ -540,14 +540,22 @@ void TestContexts::assertions_data()
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QString>("expression");
 
-    QTest::newRow("register null") << "register null" << "widget";
-    QTest::newRow("register empty") << "register empty" << "!context.isEmpty()";
-    QTest::newRow("register null and empty") << "register both" << "widget";
-    QTest::newRow("deregister null") << "deregister null" << "widget";
-    QTest::newRow("deregister empty") << "deregister empty" << "!context.isEmpty()";
-    QTest::newRow("deregister all of null") << "deregister all null" << "widget";
-    QTest::newRow("add empty") << "add empty" << "!context.isEmpty()";
-    QTest::newRow("remove empty") << "remove empty" << "!context.isEmpty()";
+    QTest::newRow("register null") << "register null"
+                                   << "widget";
+    QTest::newRow("register empty") << "register empty"
+                                    << "!context.isEmpty()";
+    QTest::newRow("register null and empty") << "register both"
+                                             << "widget";
+    QTest::newRow("deregister null") << "deregister null"
+                                     << "widget";
+    QTest::newRow("deregister empty") << "deregister empty"
+                                      << "!context.isEmpty()";
+    QTest::newRow("deregister all of null") << "deregister all null"
+                                            << "widget";
+    QTest::newRow("add empty") << "add empty"
+                               << "!context.isEmpty()";
+    QTest::newRow("remove empty") << "remove empty"
+                                  << "!context.isEmpty()";
 }
 
 void TestContexts::assertions()

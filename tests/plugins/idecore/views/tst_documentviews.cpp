@@ -163,12 +163,12 @@ void TestDocumentViews::fileMenu()
 {
     const QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.File"));
 
-    QCOMPARE(menuEntries(menu),
-             texts({"&New...", "&Open...", "--", "--", "&Save", "Save &As...", "Save All", "--",
-                    "--", "&Close", "Close All", "--", "--", "&Print...", "--", "> Recent Files",
-                    "--", "&Exit"}));
+    QCOMPARE(menuEntries(menu), texts({"&New...", "&Open...", "--", "--", "&Save", "Save &As...",
+                                       "Save All", "--", "--", "&Close", "Close All", "--", "--",
+                                       "&Print...", "--", "> Recent Files", "--", "&Exit"}));
     const QList<QAction *> actions = menu->actions();
-    QCOMPARE(actions.at(8), Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.F")));
+    QCOMPARE(actions.at(8),
+             Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.F")));
     QCOMPARE(actions.at(11),
              Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.B")));
     QCOMPARE(actions.at(12),
@@ -557,9 +557,8 @@ void TestDocumentViews::closeAllCommandMakesEachViewCurrentFirst()
 
     closeAllAction()->trigger();
 
-    QCOMPARE(journal,
-             texts({"second deactivated", "first activated", "first asked", "first deactivated",
-                    "second activated", "second asked"}));
+    QCOMPARE(journal, texts({"second deactivated", "first activated", "first asked",
+                             "first deactivated", "second activated", "second asked"}));
 }
 
 void TestDocumentViews::closeAllCommandDoesNotStopAtARefusal()
@@ -609,8 +608,9 @@ void TestDocumentViews::changeOfTheCurrentViewTellsOldThenNew()
     TestView *first = show("first", &journal);
     show("second", &journal);
     journal.clear();
-    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
-            [&journal](IView *view) { journal.append(view->shortTitle() + QStringLiteral(" told")); });
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this, [&journal](IView *view) {
+        journal.append(view->shortTitle() + QStringLiteral(" told"));
+    });
 
     ViewManager::showView(first);
 
@@ -657,8 +657,7 @@ void TestDocumentViews::windowWithoutAViewIsNoCurrentView()
 
     QCOMPARE(ViewManager::currentView(), nullptr);
     QCOMPARE(view->deactivated, 1);
-    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("current view:")),
-             texts({"current view: 0x0"}));
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("current view:")), texts({"current view: 0x0"}));
     QVERIFY(!closeAction()->isEnabled());
     QVERIFY(closeAllAction()->isEnabled());
 }
@@ -718,8 +717,9 @@ void TestDocumentViews::closedViewStillExistsWhenReported()
 void TestDocumentViews::statusMessages()
 {
     QStatusBar *bar = ViewManager::mainWindow()->statusBar();
-    const auto *label = bar->findChild<QLabel *>() ? bar->findChild<QLabel *>()
-                                                   : ViewManager::mainWindow()->findChild<QLabel *>();
+    const auto *label = bar->findChild<QLabel *>()
+                            ? bar->findChild<QLabel *>()
+                            : ViewManager::mainWindow()->findChild<QLabel *>();
     QVERIFY(label);
 
     ViewManager::showTempStatusMessage(QStringLiteral("for a while"), 0);
