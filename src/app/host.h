@@ -10,7 +10,7 @@
 #include <memory>
 
 class CommandLine;
-class QSessionManager;
+class QSessionManager; // NOLINT(cppcoreguidelines-virtual-class-destructor)
 class QWidget;
 class Splash;
 

@@ -173,8 +173,9 @@ void TestHost::aCoreThatCannotStartIsOneLineAndStatus1_data()
     QTest::addColumn<QString>("reason");
     const QString start = text("the core plugin %1 cannot be started: ");
     QTest::newRow("false") << text("fail") << start + text("initialize() returned false");
-    QTest::newRow("throws") << text(
-        "throw") << start + text("initialize() threw an exception: thrown on purpose: a second line");
+    QTest::newRow("throws")
+        << text("throw")
+        << start + text("initialize() threw an exception: thrown on purpose: a second line");
     QTest::newRow("no window") << text("no-window") << text("the core plugin made no main window");
 }
 

@@ -229,7 +229,7 @@ std::optional<Device> DeviceDb::device(const QString &part) const
 std::optional<Device> DeviceDb::device(const QString &device, const QString &package,
                                        const QString &speedGrade) const
 {
-    for (const Device &row : d->rows) {
+    for (const Device &row : qAsConst(d->rows)) {
         if (row.name == device && row.package == package && row.speedGrade == speedGrade)
             return row;
     }

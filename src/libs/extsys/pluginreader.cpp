@@ -152,7 +152,7 @@ void PluginReader::readDependencies(PluginSpec::Private *spec, const QJsonObject
         return;
     }
     const QJsonArray entries = list.toArray();
-    for (const QJsonValue entry : entries) {
+    for (const QJsonValue &entry : entries) {
         PluginDependency dependency;
         bool good = true;
         if (entry.isObject()) {

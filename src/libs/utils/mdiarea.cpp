@@ -122,7 +122,9 @@ QSize MdiArea::sizeHint() const
 
 QSize MdiArea::minimumSizeHint() const
 {
-    return QAbstractScrollArea::minimumSizeHint();
+    // QMdiArea asks every document.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    return QAbstractScrollArea::minimumSizeHint(); // clazy:exclude=skipped-base-method
 }
 
 void MdiArea::onSubWindowActivated()
@@ -202,11 +204,14 @@ bool MdiArea::eventFilter(QObject *object, QEvent *event)
             && d->handleKey(object, static_cast<QKeyEvent *>(event), type == QEvent::KeyPress))
             return true;
         // The base would walk with a rubber band.
-        return QAbstractScrollArea::eventFilter(object, event);
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+        return QAbstractScrollArea::eventFilter(object, event); // clazy:exclude=skipped-base-method
     }
     // Scroll bars follow moving windows; there are none under tabs.
-    if (d->tabbed && (type == QEvent::Move || type == QEvent::Resize))
-        return QAbstractScrollArea::eventFilter(object, event);
+    if (d->tabbed && (type == QEvent::Move || type == QEvent::Resize)) {
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+        return QAbstractScrollArea::eventFilter(object, event); // clazy:exclude=skipped-base-method
+    }
     return QMdiArea::eventFilter(object, event);
 }
 

@@ -161,14 +161,14 @@ void MdiSubWindow::resizeEvent(QResizeEvent *event)
     if (d->framed)
         QMdiSubWindow::resizeEvent(event);
     else
-        QWidget::resizeEvent(event);
+        QWidget::resizeEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void MdiSubWindow::showEvent(QShowEvent *event)
 {
     // QMdiSubWindow activates itself here.
     if (d->showingQuietly)
-        QWidget::showEvent(event);
+        QWidget::showEvent(event); // NOLINT(bugprone-parent-virtual-call)
     else
         QMdiSubWindow::showEvent(event);
 }

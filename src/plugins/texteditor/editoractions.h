@@ -31,8 +31,8 @@ public:
 private:
     struct Entry
     {
-        Command command;
-        const char *id;
+        Command command = {};
+        const char *id = nullptr;
         // Owned by the action registry from registration on.
         QPointer<QAction> action;
     };

@@ -56,7 +56,7 @@ private:
     {
         std::u16string reversed;
         bool wholeName;
-        Hit hit;
+        Hit hit = {};
     };
     struct Node
     {
@@ -75,12 +75,12 @@ private:
     struct OtherWildcard
     {
         Wildcard wildcard;
-        Hit hit;
+        Hit hit = {};
     };
     struct OtherExpression
     {
         MimeGlobPattern glob;
-        Hit hit;
+        Hit hit = {};
     };
     using UnitMap = std::unordered_map<char16_t, std::vector<size_t>>;
 

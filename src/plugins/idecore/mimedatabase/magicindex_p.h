@@ -44,9 +44,9 @@ private:
     {
         enum Kind : quint8 { BytesAt, BytesBetween, Text, Anything };
 
-        unsigned priority;
-        int type;
-        Kind kind;
+        unsigned priority = 0;
+        int type = 0;
+        Kind kind = Anything;
         char firstByte = 0;
         /// Where the bytes may begin.
         int first = 0;

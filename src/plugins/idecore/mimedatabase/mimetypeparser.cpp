@@ -147,7 +147,7 @@ BaseMimeTypeParser::ParseStage BaseMimeTypeParser::nextStage(ParseStage current,
         static const struct
         {
             QLatin1String element;
-            ParseStage stage;
+            ParseStage stage = ParseError;
         } next[] = {
             {QLatin1String("comment"), ParseComment},
             {QLatin1String("glob"), ParseGlobPattern},

@@ -27,7 +27,7 @@ qint64 timeOf(const struct stat &status)
 DiskState::DiskState(const QString &fileName, const QByteArray &digest)
     : m_digest(digest)
 {
-    struct stat status;
+    struct stat status = {};
     if (!readStatus(fileName, &status))
         return;
     m_size = status.st_size;
@@ -41,7 +41,7 @@ QByteArray DiskState::digestOf(const QByteArray &contents)
 
 DiskState::Change DiskState::compare(const QString &fileName) const
 {
-    struct stat status;
+    struct stat status = {};
     if (!readStatus(fileName, &status))
         return Change::Deleted;
     if (status.st_size == m_size && timeOf(status) == m_time)

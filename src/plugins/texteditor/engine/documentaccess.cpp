@@ -32,7 +32,7 @@ struct Part : KParts::ReadOnlyPart
 
 QObject *child(const QObject *parent, const char *className)
 {
-    const QObjectList children = parent->children();
+    const QObjectList &children = parent->children();
     for (QObject *object : children) {
         if (qstrcmp(object->metaObject()->className(), className) == 0)
             return object;

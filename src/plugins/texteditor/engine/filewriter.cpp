@@ -48,7 +48,7 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
     };
     const QString path = resolved(fileName);
     const QByteArray nativePath = QFile::encodeName(path);
-    struct stat old;
+    struct stat old = {};
     const bool exists = ::stat(nativePath.constData(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode))
         return fail(tr("It is not a regular file."));

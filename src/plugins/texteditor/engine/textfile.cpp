@@ -101,7 +101,7 @@ std::optional<TextFile> TextFile::read(const QString &fileName, QString *errorSt
         return std::nullopt;
     };
     const QByteArray path = QFile::encodeName(fileName);
-    struct stat status;
+    struct stat status = {};
     // Looked at before it is opened, because opening a device can act on it, and
     // again afterwards, because it may have been replaced.
     if (::stat(path.constData(), &status) != 0)

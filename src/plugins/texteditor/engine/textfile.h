@@ -21,7 +21,7 @@ class TextFile
 public:
     /// Files beyond this are refused; a document takes up to eight times its
     /// size in memory.
-    static constexpr qint64 sizeLimit = 128 * 1024 * 1024;
+    static constexpr qint64 sizeLimit = qint64(128) * 1024 * 1024;
 
     /// Reads @p fileName. Nothing, and the reason in @p errorString, for what is
     /// no regular file, too large or cannot be read; never waits.
