@@ -176,8 +176,12 @@ void ViewManager::showView(IView *view)
     window->setWidget(view);
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
-    connect(view, &QObject::destroyed, m_instance,
-            [window] { m_instance->onViewDestroyed(window); });
+    // Watched for as long as the window exists: it may lose the view and go
+    // first, and another window lie in its place then.
+    connect(view, &QObject::destroyed, window, [window] {
+        if (m_instance)
+            m_instance->onViewDestroyed(window);
+    });
     connect(window, &QObject::destroyed, m_instance, &ViewManager::onSubWindowDestroyed);
     d->subWindows.append(window);
     d->mdiArea->addSubWindow(window);

@@ -4,12 +4,18 @@
 #include "support/testview.h"
 
 #include <QCloseEvent>
+#include <QMetaMethod>
 
 TestView::TestView(const QString &title, QStringList *journal)
     : m_journal(journal)
 {
     setObjectName(title);
     setShortTitle(title);
+}
+
+bool TestView::isWatched() const
+{
+    return isSignalConnected(QMetaMethod::fromSignal(&QObject::destroyed));
 }
 
 void TestView::onActivated()

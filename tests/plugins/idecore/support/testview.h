@@ -28,6 +28,9 @@ public:
     int deactivated = 0;
     int asked = 0;
 
+    /// True while somebody waits for the view to be destroyed.
+    [[nodiscard]] bool isWatched() const;
+
     void onActivated() override;
     void onDeactivated() override;
 

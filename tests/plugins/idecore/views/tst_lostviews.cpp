@@ -112,6 +112,7 @@ private Q_SLOTS:
     void destroyedInEveryOrder();
     void entryOfADestroyedWindowInAnOpenMenu();
     void viewShownAgainAfterItWasTakenOut();
+    void viewThatWasTakenOutIsNoLongerWatched();
     void removedViewOutlivesTheManager();
 
 private:
@@ -489,6 +490,18 @@ void TestLostViews::viewShownAgainAfterItWasTakenOut()
     QCOMPARE(listedViews(), texts({"[x] view"}));
     QVERIFY(ViewManager::closeView(view));
     QCOMPARE(m_closed, QList<IView *>{view});
+}
+
+void TestLostViews::viewThatWasTakenOutIsNoLongerWatched()
+{
+    const std::unique_ptr<TestView> view(show("view"));
+    QVERIFY(view->isWatched());
+    view->setParent(nullptr);
+
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // Another window may lie where its own did, and would go with it.
+    QVERIFY(!view->isWatched());
 }
 
 void TestLostViews::removedViewOutlivesTheManager()
