@@ -23,6 +23,8 @@ namespace Utils {
 
 namespace {
 constexpr int buttonSize = 16;
+// What styles leave beside what a tab holds.
+constexpr int spacing = 4;
 constexpr int minimumTitleChars = 8;
 constexpr int maximumTitleChars = 32;
 
@@ -142,7 +144,7 @@ QSize DocumentTabBar::tabSizeHint(int index) const
         // Neither too small to hit beside its button nor all there is to see.
         const int character = fontMetrics().averageCharWidth();
         const int room = qBound(character * minimumTitleChars, text, character * maximumTitleChars);
-        tab.width = hint.width() - text + room + buttonSize;
+        tab.width = hint.width() - text + room + spacing + buttonSize;
         m_height = std::max({m_height, hint.height(), buttonSize + 8});
     }
     return {tab.width, m_height};
@@ -333,7 +335,8 @@ void DocumentTabBar::paintTab(QPainter &painter, int index) const
     QRect room = style()->subElementRect(QStyle::SE_TabBarTabText, &option, this);
     if (!option.icon.isNull()) {
         QRect place(QPoint(), option.iconSize);
-        place.moveCenter(QPoint(rect.left() + 6 + option.iconSize.width() / 2, rect.center().y()));
+        place.moveCenter(rect.center());
+        place.moveRight(QStyle::visualRect(layoutDirection(), rect, room).left() - spacing - 1);
         option.icon.paint(&painter, QStyle::visualRect(layoutDirection(), rect, place));
     }
     const QPalette::ColorRole role = isCurrent ? QPalette::Text : QPalette::WindowText;

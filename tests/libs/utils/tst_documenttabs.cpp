@@ -17,6 +17,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QPixmap>
+#include <QStyleOptionTab>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -138,6 +139,24 @@ private Q_SLOTS:
         QCOMPARE(tabsOf(f)->tabIcon(0).cacheKey(), icon.cacheKey());
         f.area->tileSubWindows();
         QCOMPARE(f.area->currentWindow()->windowIcon().cacheKey(), icon.cacheKey());
+    }
+
+    void usualTitleHasRoomBesideIconAndButton()
+    {
+        AreaFixture f;
+        const QString name = QStringLiteral("counter.sv");
+        QPixmap icon(16, 16);
+        icon.fill(Qt::red);
+        f.open(name)->setWindowIcon(icon);
+        const QTabBar *bar = tabsOf(f);
+        QStyleOptionTab tab;
+        tab.initFrom(bar);
+        tab.rect = bar->tabRect(0);
+        tab.icon = bar->tabIcon(0);
+        tab.iconSize = bar->iconSize();
+        tab.rightButtonSize = QSize(16, 16);
+        const QRect room = bar->style()->subElementRect(QStyle::SE_TabBarTabText, &tab, bar);
+        QVERIFY(room.width() >= bar->fontMetrics().horizontalAdvance(name));
     }
 
     void longTitleIsCutButKnownInFull()
