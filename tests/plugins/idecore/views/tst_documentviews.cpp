@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "support/corefixture.h"
+#include "support/documents.h"
 #include "support/messagerecorder.h"
-#include "support/testview.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/mainwindow/idemainwindow.h>
@@ -27,49 +27,6 @@ using Core::IView;
 using Core::ViewManager;
 
 namespace {
-
-QAction *fileAction(const QString &text)
-{
-    const QList<QAction *> actions =
-        Core::ActionManager::menu(QStringLiteral("Core.Menu.File"))->actions();
-    for (QAction *action : actions) {
-        if (action->text().startsWith(text))
-            return action;
-    }
-    return nullptr;
-}
-
-QAction *closeAction()
-{
-    return fileAction(QStringLiteral("&Close"));
-}
-
-QAction *closeAllAction()
-{
-    return fileAction(QStringLiteral("Close All"));
-}
-
-Utils::MdiArea *area()
-{
-    return ViewManager::mainWindow()->documentArea();
-}
-
-Utils::MdiSubWindow *windowOf(const IView *view)
-{
-    const QList<Utils::MdiSubWindow *> windows = area()->subWindows();
-    for (Utils::MdiSubWindow *window : windows) {
-        if (window->widget() == view)
-            return window;
-    }
-    return nullptr;
-}
-
-TestView *show(const char *title, QStringList *journal = nullptr)
-{
-    auto *view = new TestView(QString::fromUtf8(title), journal);
-    ViewManager::showView(view);
-    return view;
-}
 
 QByteArray pixels(const QIcon &icon)
 {
@@ -221,7 +178,7 @@ void TestDocumentViews::raiseWindowBringsTheMainWindowBack()
     QWidget *window = ViewManager::mainWindow();
     window->setWindowState(Qt::WindowMinimized);
 
-    ViewManager::raiseWindow(area());
+    ViewManager::raiseWindow(documentArea());
 
     QVERIFY(!window->isMinimized());
 }
@@ -251,11 +208,11 @@ void TestDocumentViews::raiseWindowOfNothing()
 
 void TestDocumentViews::showingAViewMakesItCurrent()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
 
     QCOMPARE(ViewManager::currentView(), second);
-    QCOMPARE(area()->currentWindow()->widget(), second);
+    QCOMPARE(documentArea()->currentWindow()->widget(), second);
     QCOMPARE(first->activated, 1);
     QCOMPARE(first->deactivated, 1);
     QCOMPARE(second->activated, 1);
@@ -264,16 +221,16 @@ void TestDocumentViews::showingAViewMakesItCurrent()
 
 void TestDocumentViews::subWindowHoldsTheViewWithItsTitle()
 {
-    TestView *view = show("top.v");
+    TestView *view = showTestView("top.v");
 
-    QCOMPARE(area()->subWindows().size(), 1);
-    QCOMPARE(area()->subWindows().constFirst()->widget(), view);
-    QCOMPARE(area()->subWindows().constFirst()->shortTitle(), QStringLiteral("top.v"));
+    QCOMPARE(documentArea()->subWindows().size(), 1);
+    QCOMPARE(documentArea()->subWindows().constFirst()->widget(), view);
+    QCOMPARE(documentArea()->subWindows().constFirst()->shortTitle(), QStringLiteral("top.v"));
 }
 
 void TestDocumentViews::titleFollowsTheView()
 {
-    TestView *view = show("top.v");
+    TestView *view = showTestView("top.v");
 
     view->setShortTitle(QStringLiteral("new.v"));
 
@@ -282,19 +239,19 @@ void TestDocumentViews::titleFollowsTheView()
 
 void TestDocumentViews::showingAViewAgainBringsItForward()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
 
     ViewManager::showView(first);
 
-    QCOMPARE(area()->subWindows().size(), 2);
+    QCOMPARE(documentArea()->subWindows().size(), 2);
     QCOMPARE(ViewManager::currentView(), first);
 }
 
 void TestDocumentViews::showingTheCurrentViewAgainActivatesItAgain()
 {
     QStringList journal;
-    TestView *view = show("view", &journal);
+    TestView *view = showTestView("view", &journal);
     QList<IView *> reported;
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
             [&reported](IView *current) { reported.append(current); });
@@ -308,7 +265,7 @@ void TestDocumentViews::showingTheCurrentViewAgainActivatesItAgain()
 
 void TestDocumentViews::viewWithoutAnIconGetsTheLogo()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
 
     QVERIFY(!view->windowIcon().isNull());
     QCOMPARE(pixels(view->windowIcon()),
@@ -335,22 +292,22 @@ void TestDocumentViews::showNothingIsAnAssertion()
 
     QVERIFY(log.isOneAssertion(QStringLiteral("view")));
     QCOMPARE(log.messages().size(), 1);
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
 void TestDocumentViews::closeViewClosesAndDestroys()
 {
-    const QPointer<TestView> view = show("view");
+    const QPointer<TestView> view = showTestView("view");
 
     QVERIFY(ViewManager::closeView(view));
 
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(documentArea()->subWindows().isEmpty());
     QTRY_VERIFY(!view);
 }
 
 void TestDocumentViews::closeViewReports()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     QList<IView *> closed;
     connect(ViewManager::instance(), &ViewManager::viewClosed, this,
             [&closed](IView *gone) { closed.append(gone); });
@@ -363,8 +320,8 @@ void TestDocumentViews::closeViewReports()
 void TestDocumentViews::closeViewMakesTheViewCurrentFirst()
 {
     QStringList journal;
-    TestView *first = show("first", &journal);
-    show("second", &journal);
+    TestView *first = showTestView("first", &journal);
+    showTestView("second", &journal);
     journal.clear();
 
     ViewManager::closeView(first);
@@ -374,7 +331,7 @@ void TestDocumentViews::closeViewMakesTheViewCurrentFirst()
 
 void TestDocumentViews::closeViewRefused()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     view->refuseClose = true;
     int closed = 0;
     connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&closed] { ++closed; });
@@ -383,7 +340,7 @@ void TestDocumentViews::closeViewRefused()
 
     QCOMPARE(closed, 0);
     QCOMPARE(ViewManager::currentView(), view);
-    QCOMPARE(area()->subWindows().size(), 1);
+    QCOMPARE(documentArea()->subWindows().size(), 1);
     QVERIFY(closeAction()->isEnabled());
     QVERIFY(closeAllAction()->isEnabled());
 }
@@ -412,20 +369,20 @@ void TestDocumentViews::closeNothingIsAnAssertion()
 void TestDocumentViews::removeViewDoesNotAsk()
 {
     QStringList journal;
-    const QPointer<TestView> view = show("view", &journal);
+    const QPointer<TestView> view = showTestView("view", &journal);
     view->refuseClose = true;
 
     ViewManager::removeView(view);
 
     QVERIFY(!journal.contains(QStringLiteral("view asked")));
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(documentArea()->subWindows().isEmpty());
     QVERIFY(view); // destroyed later, not in the call
     QTRY_VERIFY(!view);
 }
 
 void TestDocumentViews::removeViewNeitherReportsNorUpdates()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     int closed = 0;
     connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&closed] { ++closed; });
 
@@ -440,7 +397,7 @@ void TestDocumentViews::removeViewNeitherReportsNorUpdates()
 
 void TestDocumentViews::removeViewThatIsNotShown()
 {
-    TestView *shown = show("shown");
+    TestView *shown = showTestView("shown");
     TestView other(QStringLiteral("other"));
     MessageRecorder log;
 
@@ -464,24 +421,24 @@ void TestDocumentViews::removeNothingIsAnAssertion()
 void TestDocumentViews::closeAllViewsGoesFromTheMostRecent()
 {
     QStringList journal;
-    TestView *first = show("first", &journal);
-    show("second", &journal);
-    show("third", &journal);
+    TestView *first = showTestView("first", &journal);
+    showTestView("second", &journal);
+    showTestView("third", &journal);
     ViewManager::showView(first);
 
     QVERIFY(ViewManager::closeAllViews());
 
     QCOMPARE(journal.filter(QStringLiteral("asked")),
              texts({"first asked", "third asked", "second asked"}));
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
 void TestDocumentViews::closeAllViewsStopsAtARefusal()
 {
     QStringList journal;
-    TestView *first = show("first", &journal);
-    TestView *second = show("second", &journal);
-    show("third", &journal);
+    TestView *first = showTestView("first", &journal);
+    TestView *second = showTestView("second", &journal);
+    showTestView("third", &journal);
     second->refuseClose = true;
 
     QVERIFY(!ViewManager::closeAllViews());
@@ -489,21 +446,21 @@ void TestDocumentViews::closeAllViewsStopsAtARefusal()
     QCOMPARE(journal.filter(QStringLiteral("asked")), texts({"third asked", "second asked"}));
     QVERIFY(windowOf(first));
     QVERIFY(windowOf(second));
-    QCOMPARE(area()->subWindows().size(), 2);
+    QCOMPARE(documentArea()->subWindows().size(), 2);
 }
 
 void TestDocumentViews::closeAllViewsSkipsThoseKeptOpen()
 {
-    TestView *first = show("first");
-    TestView *kept = show("kept");
-    show("third");
+    TestView *first = showTestView("first");
+    TestView *kept = showTestView("kept");
+    showTestView("third");
     kept->keepOpen = true;
     Q_UNUSED(first)
 
     QVERIFY(ViewManager::closeAllViews());
 
     QCOMPARE(kept->asked, 0);
-    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(kept)});
+    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(kept)});
 }
 
 void TestDocumentViews::closeAllViewsWithoutViews()
@@ -518,9 +475,9 @@ void TestDocumentViews::closeAllViewsWithoutViews()
 void TestDocumentViews::closeAllViewsWhileMinimised()
 {
     m_core->show();
-    TestView *kept = show("kept");
+    TestView *kept = showTestView("kept");
     kept->keepOpen = true;
-    show("second");
+    showTestView("second");
     ViewManager::mainWindow()->showMinimized();
     QTRY_VERIFY(ViewManager::mainWindow()->isMinimized());
 
@@ -533,24 +490,24 @@ void TestDocumentViews::closeAllViewsWhileMinimised()
 void TestDocumentViews::closeAllCommandGoesInOrderOfShowing()
 {
     QStringList journal;
-    TestView *first = show("first", &journal);
-    show("second", &journal);
-    show("third", &journal);
+    TestView *first = showTestView("first", &journal);
+    showTestView("second", &journal);
+    showTestView("third", &journal);
     ViewManager::showView(first);
 
     closeAllAction()->trigger();
 
     QCOMPARE(journal.filter(QStringLiteral("asked")),
              texts({"first asked", "second asked", "third asked"}));
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(documentArea()->subWindows().isEmpty());
     QVERIFY(!closeAllAction()->isEnabled());
 }
 
 void TestDocumentViews::closeAllCommandMakesEachViewCurrentFirst()
 {
     QStringList journal;
-    TestView *first = show("first", &journal);
-    TestView *second = show("second", &journal);
+    TestView *first = showTestView("first", &journal);
+    TestView *second = showTestView("second", &journal);
     first->refuseClose = true;
     second->refuseClose = true;
     journal.clear();
@@ -563,33 +520,33 @@ void TestDocumentViews::closeAllCommandMakesEachViewCurrentFirst()
 
 void TestDocumentViews::closeAllCommandDoesNotStopAtARefusal()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
     first->refuseClose = true;
 
     closeAllAction()->trigger();
 
-    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
+    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
     QVERIFY(closeAllAction()->isEnabled());
 }
 
 void TestDocumentViews::closeAllCommandClosesThoseKeptOpen()
 {
-    show("kept")->keepOpen = true;
+    showTestView("kept")->keepOpen = true;
 
     closeAllAction()->trigger();
 
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
 void TestDocumentViews::closeCommandClosesTheCurrentView()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
 
     closeAction()->trigger();
 
-    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
+    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
     QCOMPARE(ViewManager::currentView(), first);
 }
 
@@ -605,8 +562,8 @@ void TestDocumentViews::closeCommandWithoutAViewIsAnAssertion()
 void TestDocumentViews::changeOfTheCurrentViewTellsOldThenNew()
 {
     QStringList journal;
-    TestView *first = show("first", &journal);
-    show("second", &journal);
+    TestView *first = showTestView("first", &journal);
+    showTestView("second", &journal);
     journal.clear();
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this, [&journal](IView *view) {
         journal.append(view->shortTitle() + QStringLiteral(" told"));
@@ -623,15 +580,15 @@ void TestDocumentViews::actionsAreUpToDateWhenTheChangeIsReported()
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
             [&seen] { seen.append(closeAction()->text()); });
 
-    show("first");
-    show("second");
+    showTestView("first");
+    showTestView("second");
 
     QCOMPARE(seen, texts({"&Close \"first\"", "&Close \"second\""}));
 }
 
 void TestDocumentViews::currentViewIsNullAfterTheLastOne()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     QList<IView *> reported;
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
             [&reported](IView *current) { reported.append(current); });
@@ -648,12 +605,12 @@ void TestDocumentViews::currentViewIsNullAfterTheLastOne()
 
 void TestDocumentViews::windowWithoutAViewIsNoCurrentView()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     auto *foreign = new Utils::MdiSubWindow;
     foreign->setWidget(new QLabel);
     MessageRecorder log;
 
-    area()->addSubWindow(foreign);
+    documentArea()->addSubWindow(foreign);
 
     QCOMPARE(ViewManager::currentView(), nullptr);
     QCOMPARE(view->deactivated, 1);
@@ -664,8 +621,8 @@ void TestDocumentViews::windowWithoutAViewIsNoCurrentView()
 
 void TestDocumentViews::closeNamesTheCurrentView()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
     QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"second\""));
 
     ViewManager::showView(first);
@@ -676,7 +633,7 @@ void TestDocumentViews::closeNamesTheCurrentView()
 
 void TestDocumentViews::closeTakesANewTitleWithTheNextUpdate()
 {
-    TestView *view = show("old %1");
+    TestView *view = showTestView("old %1");
     QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"old %1\""));
 
     view->setShortTitle(QStringLiteral("new"));
@@ -687,8 +644,8 @@ void TestDocumentViews::closeTakesANewTitleWithTheNextUpdate()
 
 void TestDocumentViews::closeAllIsEnabledWhileThereAreViews()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
     QVERIFY(closeAllAction()->isEnabled());
 
     ViewManager::closeView(first);
@@ -700,7 +657,7 @@ void TestDocumentViews::closeAllIsEnabledWhileThereAreViews()
 
 void TestDocumentViews::closedViewStillExistsWhenReported()
 {
-    const QPointer<TestView> view = show("view");
+    const QPointer<TestView> view = showTestView("view");
     QString title;
     bool closeAllEnabled = true;
     connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&](IView *gone) {
@@ -754,8 +711,8 @@ void TestDocumentViews::extensionsInitializedShowsTheMainWindowLater()
 
 void TestDocumentViews::destroyedWithItsViews()
 {
-    const QPointer<TestView> first = show("first");
-    const QPointer<TestView> second = show("second");
+    const QPointer<TestView> first = showTestView("first");
+    const QPointer<TestView> second = showTestView("second");
     second->refuseClose = true;
     const QPointer<QWidget> window = ViewManager::mainWindow();
 

@@ -5,11 +5,10 @@
 // destroyed without having been closed.
 
 #include "support/corefixture.h"
+#include "support/documents.h"
 #include "support/messagerecorder.h"
-#include "support/testview.h"
 
 #include <idecore/actions/actionmanager.h>
-#include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
 #include <utils/mdisubwindow.h>
@@ -28,47 +27,6 @@ using Core::IView;
 using Core::ViewManager;
 
 namespace {
-
-TestView *show(const char *title, QStringList *journal = nullptr)
-{
-    auto *view = new TestView(QString::fromUtf8(title), journal);
-    ViewManager::showView(view);
-    return view;
-}
-
-Utils::MdiArea *area()
-{
-    return ViewManager::mainWindow()->documentArea();
-}
-
-Utils::MdiSubWindow *windowOf(const IView *view)
-{
-    const QList<Utils::MdiSubWindow *> windows = area()->subWindows();
-    for (Utils::MdiSubWindow *window : windows) {
-        if (window->widget() == view)
-            return window;
-    }
-    return nullptr;
-}
-
-/// The views in the Window menu as it opens.
-QStringList listedViews()
-{
-    const QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.Window"));
-    Q_EMIT const_cast<QMenu *>(menu)->aboutToShow();
-    return menuEntries(menu).mid(9);
-}
-
-bool closeAllIsEnabled()
-{
-    const QList<QAction *> actions =
-        Core::ActionManager::menu(QStringLiteral("Core.Menu.File"))->actions();
-    for (const QAction *action : actions) {
-        if (action->text() == QLatin1String("Close All"))
-            return action->isEnabled();
-    }
-    return false;
-}
 
 void closeAllCommand()
 {
@@ -135,8 +93,8 @@ void TestLostViews::cleanup()
 
 void TestLostViews::viewClosesAnotherInCloseView()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
     second->whileClosing = [first] { QVERIFY(ViewManager::closeView(first)); };
 
     QVERIFY(ViewManager::closeView(second));
@@ -148,9 +106,9 @@ void TestLostViews::viewClosesAnotherInCloseView()
 
 void TestLostViews::viewClosesAnotherInCloseAllViews()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
-    show("third")->whileClosing = [first] { ViewManager::closeView(first); };
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
+    showTestView("third")->whileClosing = [first] { ViewManager::closeView(first); };
 
     QVERIFY(ViewManager::closeAllViews());
 
@@ -162,9 +120,9 @@ void TestLostViews::viewClosesAnotherInCloseAllViews()
 
 void TestLostViews::viewClosesAnotherInCloseAllCommand()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
-    TestView *third = show("third");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
+    TestView *third = showTestView("third");
     first->whileClosing = [second] { ViewManager::closeView(second); };
 
     closeAllCommand();
@@ -177,8 +135,8 @@ void TestLostViews::viewClosesAnotherInCloseAllCommand()
 
 void TestLostViews::viewThatClosedAnotherMayRefuse()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
     second->refuseClose = true;
     second->whileClosing = [first] { ViewManager::closeView(first); };
 
@@ -190,7 +148,7 @@ void TestLostViews::viewThatClosedAnotherMayRefuse()
 
 void TestLostViews::viewClosesItselfInCloseView()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     view->whileClosing = [view] { ViewManager::closeView(view); };
 
     QVERIFY(ViewManager::closeView(view));
@@ -202,8 +160,8 @@ void TestLostViews::viewClosesItselfInCloseView()
 
 void TestLostViews::viewClosesItselfInCloseAllViews()
 {
-    show("first");
-    TestView *view = show("view");
+    showTestView("first");
+    TestView *view = showTestView("view");
     view->whileClosing = [view] { ViewManager::closeView(view); };
 
     QVERIFY(ViewManager::closeAllViews());
@@ -214,8 +172,8 @@ void TestLostViews::viewClosesItselfInCloseAllViews()
 
 void TestLostViews::viewClosesItselfInCloseAllCommand()
 {
-    TestView *view = show("view");
-    show("last");
+    TestView *view = showTestView("view");
+    showTestView("last");
     view->whileClosing = [view] { ViewManager::closeView(view); };
 
     closeAllCommand();
@@ -226,8 +184,8 @@ void TestLostViews::viewClosesItselfInCloseAllCommand()
 
 void TestLostViews::viewRemovesItselfWhileClosing()
 {
-    TestView *first = show("first");
-    const QPointer<TestView> view = show("view");
+    TestView *first = showTestView("first");
+    const QPointer<TestView> view = showTestView("view");
     view->whileClosing = [&view] { ViewManager::removeView(view); };
 
     ViewManager::closeView(view);
@@ -240,8 +198,8 @@ void TestLostViews::viewRemovesItselfWhileClosing()
 
 void TestLostViews::viewRemovesAnotherWhileClosing()
 {
-    const QPointer<TestView> first = show("first");
-    show("second")->whileClosing = [&first] { ViewManager::removeView(first); };
+    const QPointer<TestView> first = showTestView("first");
+    showTestView("second")->whileClosing = [&first] { ViewManager::removeView(first); };
 
     QVERIFY(ViewManager::closeAllViews());
 
@@ -252,8 +210,8 @@ void TestLostViews::viewRemovesAnotherWhileClosing()
 
 void TestLostViews::viewsCloseOneAnother()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
     first->whileClosing = [second] { ViewManager::closeView(second); };
     second->whileClosing = [first] { ViewManager::closeView(first); };
 
@@ -265,8 +223,8 @@ void TestLostViews::viewsCloseOneAnother()
 
 void TestLostViews::viewClosedByWhoeverIsToldOfItsActivation()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
     bool told = false; // closing activates once more
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this, [&](IView *view) {
         if (view == first && !std::exchange(told, true))
@@ -282,8 +240,8 @@ void TestLostViews::viewClosedByWhoeverIsToldOfItsActivation()
 
 void TestLostViews::windowDestroyedByWhoeverIsToldOfItsActivation()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this, [](IView *view) {
         if (view && view->objectName() == QLatin1String("first"))
             delete windowOf(view);
@@ -296,8 +254,8 @@ void TestLostViews::windowDestroyedByWhoeverIsToldOfItsActivation()
 
 void TestLostViews::viewClosedWhileAnotherIsDeactivated()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
     second->whileDeactivated = [first, second] {
         second->whileDeactivated = nullptr;
         ViewManager::closeView(first);
@@ -306,15 +264,15 @@ void TestLostViews::viewClosedWhileAnotherIsDeactivated()
     ViewManager::showView(first);
 
     QCOMPARE(ViewManager::currentView(), second);
-    QCOMPARE(area()->currentWindow()->widget(), second);
+    QCOMPARE(documentArea()->currentWindow()->widget(), second);
     QCOMPARE(listedViews(), texts({"[x] second"}));
 }
 
 void TestLostViews::viewShownWhileAnotherCloses()
 {
     TestView *late = nullptr;
-    TestView *first = show("first");
-    first->whileClosing = [&late] { late = show("late"); };
+    TestView *first = showTestView("first");
+    first->whileClosing = [&late] { late = showTestView("late"); };
 
     QVERIFY(ViewManager::closeView(first));
 
@@ -324,44 +282,44 @@ void TestLostViews::viewShownWhileAnotherCloses()
 
 void TestLostViews::destroyedView()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
 
     delete first;
 
     QCOMPARE(listedViews(), texts({"[x] second"}));
     QCOMPARE(ViewManager::currentView(), second);
-    QCOMPARE(area()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(second)});
+    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(second)});
 }
 
 void TestLostViews::destroyedCurrentView()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
 
     delete second;
 
     QCOMPARE(ViewManager::currentView(), first);
     QCOMPARE(listedViews(), texts({"[x] first"}));
-    QVERIFY(closeAllIsEnabled());
+    QVERIFY(closeAllAction()->isEnabled());
 }
 
 void TestLostViews::destroyedLastView()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
 
     delete view;
 
     QCOMPARE(ViewManager::currentView(), nullptr);
     QCOMPARE(listedViews(), QStringList());
-    QVERIFY(!closeAllIsEnabled());
-    QVERIFY(area()->subWindows().isEmpty());
+    QVERIFY(!closeAllAction()->isEnabled());
+    QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
 void TestLostViews::destroyedViewIsNotReportedAsClosed()
 {
-    TestView *view = show("view");
-    show("second");
+    TestView *view = showTestView("view");
+    showTestView("second");
 
     delete view;
     delete windowOf(ViewManager::currentView());
@@ -371,8 +329,8 @@ void TestLostViews::destroyedViewIsNotReportedAsClosed()
 
 void TestLostViews::destroyedSubWindow()
 {
-    const QPointer<TestView> first = show("first");
-    show("second");
+    const QPointer<TestView> first = showTestView("first");
+    showTestView("second");
 
     delete windowOf(first);
 
@@ -382,8 +340,8 @@ void TestLostViews::destroyedSubWindow()
 
 void TestLostViews::destroyedCurrentSubWindow()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
 
     delete windowOf(second);
 
@@ -393,19 +351,19 @@ void TestLostViews::destroyedCurrentSubWindow()
 
 void TestLostViews::destroyedLastSubWindow()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
 
     delete windowOf(view);
 
     QCOMPARE(ViewManager::currentView(), nullptr);
     QCOMPARE(listedViews(), QStringList());
-    QVERIFY(!closeAllIsEnabled());
+    QVERIFY(!closeAllAction()->isEnabled());
 }
 
 void TestLostViews::viewTakenOutByANewParent()
 {
-    show("first");
-    TestView *second = show("second");
+    showTestView("first");
+    TestView *second = showTestView("second");
 
     second->setParent(nullptr);
 
@@ -418,8 +376,8 @@ void TestLostViews::viewTakenOutByANewParent()
 
 void TestLostViews::removedViewDestroyedAtOnce()
 {
-    show("first");
-    TestView *second = show("second");
+    showTestView("first");
+    TestView *second = showTestView("second");
 
     ViewManager::removeView(second);
     delete second;
@@ -446,7 +404,7 @@ void TestLostViews::destroyedInEveryOrder()
 {
     QFETCH(QList<int>, order);
     QFETCH(bool, windows);
-    const QList<TestView *> views{show("0"), show("1"), show("2")};
+    const QList<TestView *> views{showTestView("0"), showTestView("1"), showTestView("2")};
     QStringList left = texts({"0", "1", "2"});
 
     for (const int index : qAsConst(order)) {
@@ -456,7 +414,7 @@ void TestLostViews::destroyedInEveryOrder()
         else
             delete view;
         left.removeOne(QString::number(index));
-        QCOMPARE(area()->subWindows().size(), left.size());
+        QCOMPARE(documentArea()->subWindows().size(), left.size());
         QCOMPARE(listedViews().replaceInStrings(QRegularExpression(QStringLiteral("^\\[.\\] ")),
                                                 QString()),
                  left);
@@ -466,8 +424,8 @@ void TestLostViews::destroyedInEveryOrder()
 
 void TestLostViews::entryOfADestroyedWindowInAnOpenMenu()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
     QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.Window"));
     Q_EMIT menu->aboutToShow();
     QAction *entry = menu->actions().at(9);
@@ -481,7 +439,7 @@ void TestLostViews::entryOfADestroyedWindowInAnOpenMenu()
 
 void TestLostViews::viewShownAgainAfterItWasTakenOut()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     view->setParent(nullptr);
     QTRY_COMPARE(listedViews(), QStringList());
 
@@ -494,7 +452,7 @@ void TestLostViews::viewShownAgainAfterItWasTakenOut()
 
 void TestLostViews::viewThatWasTakenOutIsNoLongerWatched()
 {
-    const std::unique_ptr<TestView> view(show("view"));
+    const std::unique_ptr<TestView> view(showTestView("view"));
     QVERIFY(view->isWatched());
     view->setParent(nullptr);
 
@@ -506,7 +464,7 @@ void TestLostViews::viewThatWasTakenOutIsNoLongerWatched()
 
 void TestLostViews::removedViewOutlivesTheManager()
 {
-    const QPointer<TestView> view = show("view");
+    const QPointer<TestView> view = showTestView("view");
     ViewManager::removeView(view);
 
     m_core.reset();

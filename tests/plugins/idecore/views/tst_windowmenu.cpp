@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "support/corefixture.h"
-#include "support/testview.h"
+#include "support/documents.h"
 
 #include <idecore/actions/actionmanager.h>
-#include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 
 #include <QAction>
@@ -23,20 +22,6 @@ namespace {
 QMenu *windowMenu()
 {
     return Core::ActionManager::menu(QStringLiteral("Core.Menu.Window"));
-}
-
-/// The entries behind the fixed ones, as the menu opens.
-QStringList listedViews()
-{
-    Q_EMIT windowMenu()->aboutToShow();
-    return menuEntries(windowMenu()).mid(9);
-}
-
-TestView *show(const char *title)
-{
-    auto *view = new TestView(QString::fromUtf8(title));
-    ViewManager::showView(view);
-    return view;
 }
 
 /// Counts what is done to the entries of a menu.
@@ -96,8 +81,8 @@ void TestWindowMenu::cleanup()
 
 void TestWindowMenu::listsTheViewsBehindTheFixedEntries()
 {
-    show("first");
-    show("second");
+    showTestView("first");
+    showTestView("second");
 
     Q_EMIT windowMenu()->aboutToShow();
 
@@ -108,9 +93,9 @@ void TestWindowMenu::listsTheViewsBehindTheFixedEntries()
 
 void TestWindowMenu::listsInOrderOfShowingWithTheCurrentOneChecked()
 {
-    show("c");
-    TestView *second = show("a");
-    show("b");
+    showTestView("c");
+    TestView *second = showTestView("a");
+    showTestView("b");
     ViewManager::showView(second);
 
     QCOMPARE(listedViews(), texts({"[ ] c", "[x] a", "[ ] b"}));
@@ -118,7 +103,7 @@ void TestWindowMenu::listsInOrderOfShowingWithTheCurrentOneChecked()
 
 void TestWindowMenu::titlesAreTakenWhenTheMenuOpens()
 {
-    TestView *view = show("old");
+    TestView *view = showTestView("old");
     QCOMPARE(listedViews(), texts({"[x] old"}));
 
     view->setShortTitle(QStringLiteral("new"));
@@ -128,9 +113,9 @@ void TestWindowMenu::titlesAreTakenWhenTheMenuOpens()
 
 void TestWindowMenu::closedAndRemovedViewsAreNotListed()
 {
-    TestView *first = show("first");
-    TestView *second = show("second");
-    show("third");
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
+    showTestView("third");
 
     ViewManager::closeView(first);
     ViewManager::removeView(second);
@@ -140,7 +125,7 @@ void TestWindowMenu::closedAndRemovedViewsAreNotListed()
 
 void TestWindowMenu::entriesAreMadeAnewAtEveryOpening()
 {
-    show("view");
+    showTestView("view");
     listedViews();
     const QPointer<QAction> entry = windowMenu()->actions().at(9);
 
@@ -152,7 +137,7 @@ void TestWindowMenu::entriesAreMadeAnewAtEveryOpening()
 
 void TestWindowMenu::entriesBelongToTheManager()
 {
-    show("view");
+    showTestView("view");
 
     listedViews();
 
@@ -161,8 +146,8 @@ void TestWindowMenu::entriesBelongToTheManager()
 
 void TestWindowMenu::choosingAnEntryMakesItsViewCurrent()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
     listedViews();
 
     windowMenu()->actions().at(9)->trigger();
@@ -173,7 +158,7 @@ void TestWindowMenu::choosingAnEntryMakesItsViewCurrent()
 
 void TestWindowMenu::choosingTheCheckedEntryActivatesItAgain()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     listedViews();
 
     windowMenu()->actions().at(9)->trigger();
@@ -185,7 +170,7 @@ void TestWindowMenu::choosingTheCheckedEntryActivatesItAgain()
 
 void TestWindowMenu::withoutCurrentViewNoneIsChecked()
 {
-    show("view");
+    showTestView("view");
     ViewManager::instance()->onCurrentSubWindowChanged(nullptr);
 
     QCOMPARE(listedViews(), texts({"[ ] view"}));
@@ -193,7 +178,7 @@ void TestWindowMenu::withoutCurrentViewNoneIsChecked()
 
 void TestWindowMenu::mappingNothingDoesNothing()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
 
     ViewManager::instance()->onActionMapped(nullptr);
 
@@ -202,7 +187,7 @@ void TestWindowMenu::mappingNothingDoesNothing()
 
 void TestWindowMenu::mappingAForeignWidgetDoesNothing()
 {
-    TestView *view = show("view");
+    TestView *view = showTestView("view");
     QWidget foreign;
 
     ViewManager::instance()->onActionMapped(&foreign);
@@ -212,8 +197,8 @@ void TestWindowMenu::mappingAForeignWidgetDoesNothing()
 
 void TestWindowMenu::titleAndActivationCostNoRebuild()
 {
-    TestView *first = show("first");
-    show("second");
+    TestView *first = showTestView("first");
+    showTestView("second");
     listedViews();
     const ActionEvents events(windowMenu());
 
@@ -229,7 +214,7 @@ void TestWindowMenu::titleAndActivationCostNoRebuild()
 void TestWindowMenu::openMenuStaysUntouchedByATitle()
 {
     m_core->show();
-    TestView *view = show("old");
+    TestView *view = showTestView("old");
     windowMenu()->popup(QPoint(10, 10));
     QVERIFY(QTest::qWaitForWindowExposed(windowMenu()));
     const ActionEvents events(windowMenu());
