@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/editoractions.h>
+#include <texteditor/editoractions_p.h>
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/constants.h>

@@ -5,8 +5,8 @@
 
 #include <idecore/views/viewmanager.h>
 #include <texteditor/abstracttexteditor.h>
-#include <texteditor/editorengine.h>
-#include <texteditor/failededitor.h>
+#include <texteditor/editorengine_p.h>
+#include <texteditor/failededitor_p.h>
 #include <texteditor/texteditorconstants.h>
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/failededitor.h>
+#include <texteditor/failededitor_p.h>
 
 namespace TextEditor {
 

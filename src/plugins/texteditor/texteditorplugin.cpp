@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/texteditorplugin.h>
+#include <texteditor/texteditorplugin_p.h>
 
 #include <extsys/pluginmanager.h>
-#include <texteditor/editoractions.h>
+#include <texteditor/editoractions_p.h>
 #include <texteditor/editorfactory.h>
 
 namespace TextEditor {

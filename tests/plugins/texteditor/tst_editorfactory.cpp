@@ -11,7 +11,10 @@
 #include <texteditor/editorfactory.h>
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QMessageBox>
+#include <QPluginLoader>
 #include <QTest>
 
 using TextEditor::EditorFactory;
@@ -31,6 +34,7 @@ class TestEditorFactory final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void pluginIsStartedAfterTheCore();
     void engineIsLoadedWithTheFirstEditorOnly();
     void everyTextTypeOfTheTableHasTheEditor_data();
     void everyTextTypeOfTheTableHasTheEditor();
@@ -38,6 +42,17 @@ private Q_SLOTS:
     void missingEngineIsToldWhenAFileIsOpened();
     void foreignEngineIsToldWhenAFileIsOpened();
 };
+
+void TestEditorFactory::pluginIsStartedAfterTheCore()
+{
+    const QJsonObject data = QPluginLoader(QStringLiteral(TEXTEDITOR_PLUGIN))
+                                 .metaData()
+                                 .value(QLatin1String("MetaData"))
+                                 .toObject();
+
+    QCOMPARE(data.value(QLatin1String("Dependencies")).toArray(),
+             QJsonArray{QStringLiteral("IdeCore")});
+}
 
 void TestEditorFactory::engineIsLoadedWithTheFirstEditorOnly()
 {

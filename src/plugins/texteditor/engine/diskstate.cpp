@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/diskstate.h>
+#include <texteditor/engine/diskstate_p.h>
 
 #include <QCryptographicHash>
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/documentaccess.h>
+#include <texteditor/engine/documentaccess_p.h>
 
 #include <KTextEditor/Document>
 #include <KTextEditor/Editor>

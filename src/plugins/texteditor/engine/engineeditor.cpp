@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/engineeditor.h>
+#include <texteditor/engine/engineeditor_p.h>
 
 #include <idecore/views/viewmanager.h>
-#include <texteditor/engine/viewkeys.h>
+#include <texteditor/engine/viewkeys_p.h>
 
 #include <KTextEditor/ConfigInterface>
 #include <KTextEditor/Document>

@@ -3,7 +3,7 @@
 
 // The commands of the menus and tool bars as an EngineEditor performs them.
 
-#include <texteditor/engine/engineeditor.h>
+#include <texteditor/engine/engineeditor_p.h>
 
 #include <KTextEditor/Document>
 #include <KTextEditor/View>

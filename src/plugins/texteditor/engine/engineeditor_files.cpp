@@ -4,10 +4,10 @@
 // Loading, saving and the changes of other programs to the file of an
 // EngineEditor.
 
-#include <texteditor/engine/engineeditor.h>
+#include <texteditor/engine/engineeditor_p.h>
 
-#include <texteditor/engine/documentaccess.h>
-#include <texteditor/engine/filewriter.h>
+#include <texteditor/engine/documentaccess_p.h>
+#include <texteditor/engine/filewriter_p.h>
 
 #include <KTextEditor/Document>
 #include <KTextEditor/View>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/enginesettings.h>
+#include <texteditor/engine/enginesettings_p.h>
 
 #include <appstyle/appstylemanager.h>
 #include <idecore/core/idecore.h>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/filewriter.h>
+#include <texteditor/engine/filewriter_p.h>
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/lineendings.h>
+#include <texteditor/engine/lineendings_p.h>
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/texteditorengine.h>
+#include <texteditor/engine/texteditorengine_p.h>
 
 #include <appstyle/appstylemanager.h>
-#include <texteditor/engine/engineeditor.h>
-#include <texteditor/engine/enginesettings.h>
+#include <texteditor/engine/engineeditor_p.h>
+#include <texteditor/engine/enginesettings_p.h>
 
 #include <QApplication>
 #include <QWindow>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/textfile.h>
+#include <texteditor/engine/textfile_p.h>
 
 #include <QFile>
 #include <QLocale>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <texteditor/engine/viewkeys.h>
+#include <texteditor/engine/viewkeys_p.h>
 
 #include <KTextEditor/View>
 

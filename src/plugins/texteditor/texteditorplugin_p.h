@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_TEXTEDITORPLUGIN_H
-#define TEXTEDITOR_TEXTEDITORPLUGIN_H
+#ifndef TEXTEDITOR_TEXTEDITORPLUGIN_P_H
+#define TEXTEDITOR_TEXTEDITORPLUGIN_P_H
 
 #include <extsys/iplugin.h>
 
@@ -34,4 +34,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_TEXTEDITORPLUGIN_H
+#endif // TEXTEDITOR_TEXTEDITORPLUGIN_P_H

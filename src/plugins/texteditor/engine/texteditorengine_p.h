@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_TEXTEDITORENGINE_H
-#define TEXTEDITOR_ENGINE_TEXTEDITORENGINE_H
+#ifndef TEXTEDITOR_ENGINE_TEXTEDITORENGINE_P_H
+#define TEXTEDITOR_ENGINE_TEXTEDITORENGINE_P_H
 
-#include <texteditor/editorengine.h>
+#include <texteditor/editorengine_p.h>
 
 #include <QObject>
 
@@ -35,4 +35,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_TEXTEDITORENGINE_H
+#endif // TEXTEDITOR_ENGINE_TEXTEDITORENGINE_P_H

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_TEXTFILE_H
-#define TEXTEDITOR_ENGINE_TEXTFILE_H
+#ifndef TEXTEDITOR_ENGINE_TEXTFILE_P_H
+#define TEXTEDITOR_ENGINE_TEXTFILE_P_H
 
-#include <texteditor/engine/diskstate.h>
+#include <texteditor/engine/diskstate_p.h>
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -43,4 +43,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_TEXTFILE_H
+#endif // TEXTEDITOR_ENGINE_TEXTFILE_P_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_LINEENDINGS_H
-#define TEXTEDITOR_ENGINE_LINEENDINGS_H
+#ifndef TEXTEDITOR_ENGINE_LINEENDINGS_P_H
+#define TEXTEDITOR_ENGINE_LINEENDINGS_P_H
 
 #include <QString>
 
@@ -52,4 +52,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_LINEENDINGS_H
+#endif // TEXTEDITOR_ENGINE_LINEENDINGS_P_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_EDITORENGINE_H
-#define TEXTEDITOR_EDITORENGINE_H
+#ifndef TEXTEDITOR_EDITORENGINE_P_H
+#define TEXTEDITOR_EDITORENGINE_P_H
 
 #include <QtPlugin>
 
@@ -25,4 +25,4 @@ public:
 
 Q_DECLARE_INTERFACE(TextEditor::EditorEngine, "com.kelmoware.texteditor.EditorEngine/1.0")
 
-#endif // TEXTEDITOR_EDITORENGINE_H
+#endif // TEXTEDITOR_EDITORENGINE_P_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_FILEWRITER_H
-#define TEXTEDITOR_ENGINE_FILEWRITER_H
+#ifndef TEXTEDITOR_ENGINE_FILEWRITER_P_H
+#define TEXTEDITOR_ENGINE_FILEWRITER_P_H
 
 #include <QCoreApplication>
 #include <QString>
@@ -23,4 +23,4 @@ public:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_FILEWRITER_H
+#endif // TEXTEDITOR_ENGINE_FILEWRITER_P_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_DISKSTATE_H
-#define TEXTEDITOR_ENGINE_DISKSTATE_H
+#ifndef TEXTEDITOR_ENGINE_DISKSTATE_P_H
+#define TEXTEDITOR_ENGINE_DISKSTATE_P_H
 
 #include <QByteArray>
 #include <QString>
@@ -34,4 +34,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_DISKSTATE_H
+#endif // TEXTEDITOR_ENGINE_DISKSTATE_P_H

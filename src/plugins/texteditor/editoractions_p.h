@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_EDITORACTIONS_H
-#define TEXTEDITOR_EDITORACTIONS_H
+#ifndef TEXTEDITOR_EDITORACTIONS_P_H
+#define TEXTEDITOR_EDITORACTIONS_P_H
 
 #include <texteditor/abstracttexteditor.h>
 
@@ -18,7 +18,7 @@ namespace TextEditor {
 /// The one set of editing commands of all text editors, registered under the
 /// core's ids for the context of this plugin. It serves the editor that has the
 /// focus, or had it last.
-class TEXTEDITOR_EXPORT EditorActions final : public QObject
+class EditorActions final : public QObject
 {
     Q_OBJECT
 public:
@@ -48,4 +48,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_EDITORACTIONS_H
+#endif // TEXTEDITOR_EDITORACTIONS_P_H

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_ENGINEEDITOR_H
-#define TEXTEDITOR_ENGINE_ENGINEEDITOR_H
+#ifndef TEXTEDITOR_ENGINE_ENGINEEDITOR_P_H
+#define TEXTEDITOR_ENGINE_ENGINEEDITOR_P_H
 
 #include <texteditor/abstracttexteditor.h>
-#include <texteditor/engine/diskstate.h>
-#include <texteditor/engine/lineendings.h>
-#include <texteditor/engine/textfile.h>
+#include <texteditor/engine/diskstate_p.h>
+#include <texteditor/engine/lineendings_p.h>
+#include <texteditor/engine/textfile_p.h>
 
 #include <KTextEditor/Message>
 
@@ -110,4 +110,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_ENGINEEDITOR_H
+#endif // TEXTEDITOR_ENGINE_ENGINEEDITOR_P_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_FAILEDEDITOR_H
-#define TEXTEDITOR_FAILEDEDITOR_H
+#ifndef TEXTEDITOR_FAILEDEDITOR_P_H
+#define TEXTEDITOR_FAILEDEDITOR_P_H
 
 #include <idecore/interfaces/ieditor.h>
 
@@ -31,4 +31,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_FAILEDEDITOR_H
+#endif // TEXTEDITOR_FAILEDEDITOR_P_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_DOCUMENTACCESS_H
-#define TEXTEDITOR_ENGINE_DOCUMENTACCESS_H
+#ifndef TEXTEDITOR_ENGINE_DOCUMENTACCESS_P_H
+#define TEXTEDITOR_ENGINE_DOCUMENTACCESS_P_H
 
 #include <QString>
 
@@ -34,4 +34,4 @@ void dismissMessages(KTextEditor::View *view);
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_DOCUMENTACCESS_H
+#endif // TEXTEDITOR_ENGINE_DOCUMENTACCESS_P_H

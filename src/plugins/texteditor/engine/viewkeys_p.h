@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TEXTEDITOR_ENGINE_VIEWKEYS_H
-#define TEXTEDITOR_ENGINE_VIEWKEYS_H
+#ifndef TEXTEDITOR_ENGINE_VIEWKEYS_P_H
+#define TEXTEDITOR_ENGINE_VIEWKEYS_P_H
 
 #include <QObject>
 
@@ -42,4 +42,4 @@ private:
 
 } // namespace TextEditor
 
-#endif // TEXTEDITOR_ENGINE_VIEWKEYS_H
+#endif // TEXTEDITOR_ENGINE_VIEWKEYS_P_H
