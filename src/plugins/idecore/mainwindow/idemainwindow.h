@@ -10,6 +10,7 @@
 
 class QAction;
 class QLabel;
+class QToolBar;
 
 namespace Utils {
 class MdiArea;
@@ -71,6 +72,7 @@ protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void initFileMenu();
@@ -79,6 +81,7 @@ private:
     void initWindowMenu();
     void initHelpMenu();
     void initToolBars();
+    void hideHandleWhileEmpty(QToolBar *toolBar);
 
     Utils::MdiArea *mdiArea = nullptr;
     QLabel *permanentLabel = nullptr;

@@ -11,6 +11,7 @@
 #include <utils/mdiarea.h>
 
 #include <QAction>
+#include <QEvent>
 #include <QIcon>
 #include <QKeySequence>
 #include <QMenu>
@@ -245,11 +246,29 @@ void IdeMainWindow::initToolBars()
 
     toolBar = ActionManager::createToolBar(id(T_TOOLS));
     toolBar->setWindowTitle(tr("Common Tools"));
+    hideHandleWhileEmpty(toolBar);
     addToolBar(toolBar);
 
     toolBar = ActionManager::createToolBar(id(T_PROCESS));
     toolBar->setWindowTitle(tr("Process Tools"));
+    hideHandleWhileEmpty(toolBar);
     addToolBar(toolBar);
+}
+
+void IdeMainWindow::hideHandleWhileEmpty(QToolBar *toolBar)
+{
+    // A handle without tools beside it looks like a fault.
+    toolBar->setMovable(!toolBar->actions().isEmpty());
+    toolBar->installEventFilter(this);
+}
+
+bool IdeMainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ActionAdded || event->type() == QEvent::ActionRemoved) {
+        if (auto *toolBar = qobject_cast<QToolBar *>(watched))
+            toolBar->setMovable(!toolBar->actions().isEmpty());
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 } // namespace Core

@@ -367,6 +367,17 @@ private Q_SLOTS:
         QCOMPARE(ViewManager::mainWindow()->toolBarArea(bar), Qt::TopToolBarArea);
     }
 
+    void anEmptyToolBarShowsNoHandle()
+    {
+        QToolBar *bar = ActionManager::toolBar(QStringLiteral("Core.Toolbar.Process"));
+        QVERIFY(!bar->isMovable());
+        auto *action = new QAction(QStringLiteral("Run"), bar);
+        bar->addAction(action);
+        QVERIFY(bar->isMovable());
+        bar->removeAction(action);
+        QVERIFY(!bar->isMovable());
+    }
+
     void theToolBarsStandInTheirOrder()
     {
         ViewManager::mainWindow()->show();
