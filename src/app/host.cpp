@@ -173,6 +173,7 @@ bool Host::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_mainWindow && event->type() == QEvent::Show) {
         m_mainWindow->removeEventFilter(this);
+        m_wasShown = true;
         // The window is not on the screen yet.
         QTimer::singleShot(0, this, &Host::onMainWindowShown);
     }
@@ -210,7 +211,9 @@ void Host::openFiles()
 
 bool Host::closeMainWindow()
 {
-    if (!m_mainWindow)
+    // A window that was never seen holds nothing, and on closing it would save its
+    // geometry over that of the last time.
+    if (!m_mainWindow || !m_wasShown)
         return true;
     if (QWidget *dialog = QApplication::activeModalWidget()) {
         // The close button would not react either; the user sees what holds it.
@@ -223,7 +226,7 @@ bool Host::closeMainWindow()
 
 void Host::onEndRequested()
 {
-    // A window that was not shown yet closes without ending the event loop.
+    // Where no window was shown yet none is the last to close.
     if (closeMainWindow())
         QCoreApplication::quit();
 }

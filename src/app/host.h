@@ -43,7 +43,8 @@ private:
     bool startPlugins();
     void onMainWindowShown();
     void openFiles();
-    /// Closes the main window as its close button does; false when it stays.
+    /// Closes the main window as its close button does; false when it stays. One
+    /// that was not shown yet is left as it is.
     bool closeMainWindow();
     void onEndRequested();
     void onCommitData(QSessionManager &session);
@@ -51,6 +52,7 @@ private:
     const CommandLine &m_commandLine;
     std::unique_ptr<Splash> m_splash;
     QPointer<QWidget> m_mainWindow;
+    bool m_wasShown = false;
 };
 
 #endif // APP_HOST_H
