@@ -203,10 +203,13 @@ void ViewManager::removeView(IView *view)
 {
     KELMO_ASSERT(view, return);
     qDebug() << "force remove view:" << view;
-    Utils::MdiSubWindow *window = d->subWindow(view);
+    // Whoever is told of the next current view may destroy the window.
+    const QPointer<Utils::MdiSubWindow> window = d->subWindow(view);
     if (!window)
         return;
     d->mdiArea->removeSubWindow(window);
+    if (!window)
+        return;
     d->subWindows.removeOne(window);
     window->deleteLater();
 }
@@ -219,7 +222,7 @@ bool ViewManager::closeAllViews()
     for (auto it = history.crbegin(); it != history.crend(); ++it) {
         Utils::MdiSubWindow *window = *it;
         // A view may take others with it when it closes.
-        if (!d->subWindows.contains(window))
+        if (!d->mdiArea->subWindows().contains(window))
             continue;
         const IView *view = viewOf(window);
         if (view && view->keepOpen)
@@ -256,12 +259,12 @@ void ViewManager::onActResetLayout() {}
 
 void ViewManager::onCurrentSubWindowChanged(Utils::MdiSubWindow *window)
 {
-    const bool shown = d->subWindows.contains(window);
+    const auto change = ++d->currentChanges;
     if (IView *before = d->current())
         before->onDeactivated();
-    // The view told first may have closed the other; what is current instead has
-    // been reported then.
-    if (shown && !d->subWindows.contains(window))
+    // The view told first may have closed the other or shown a third; what is
+    // current instead has been reported then.
+    if (change != d->currentChanges)
         return;
     IView *view = viewOf(window);
     if (view)
@@ -333,9 +336,11 @@ void ViewManager::updateWindowMenu()
 
 void ViewManager::onActionMapped(QWidget *widget)
 {
-    // The window may have gone while the menu was open.
-    const auto window = std::find(d->subWindows.cbegin(), d->subWindows.cend(), widget);
-    if (window != d->subWindows.cend())
+    // The window may have gone while the menu was open, so only its address
+    // tells.
+    const QList<Utils::MdiSubWindow *> windows = d->mdiArea->subWindows();
+    const auto window = std::find(windows.cbegin(), windows.cend(), widget);
+    if (window != windows.cend())
         d->mdiArea->setCurrentSubWindow(*window);
 }
 

@@ -52,6 +52,9 @@ public:
     /// exist; a window leaves it when it closes, is taken out or is destroyed.
     QList<Utils::MdiSubWindow *> subWindows;
     QPointer<QWidget> currentView;
+    /// Counts the reports of the current window, so that one can tell that
+    /// another came in between.
+    unsigned currentChanges = 0;
     QAction *actClose = nullptr;
     QAction *actCloseAll = nullptr;
     QMenu *windowMenu = nullptr;

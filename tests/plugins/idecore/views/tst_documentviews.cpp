@@ -79,6 +79,7 @@ private Q_SLOTS:
     void closeAllViewsGoesFromTheMostRecent();
     void closeAllViewsStopsAtARefusal();
     void closeAllViewsSkipsThoseKeptOpen();
+    void closeAllViewsClosesWindowsWithoutAView();
     void closeAllViewsWithoutViews();
     void closeAllViewsWhileMinimised();
     void closeAllCommandGoesInOrderOfShowing();
@@ -461,6 +462,17 @@ void TestDocumentViews::closeAllViewsSkipsThoseKeptOpen()
 
     QCOMPARE(kept->asked, 0);
     QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(kept)});
+}
+
+void TestDocumentViews::closeAllViewsClosesWindowsWithoutAView()
+{
+    auto *foreign = new Utils::MdiSubWindow;
+    foreign->setWidget(new QLabel);
+    documentArea()->addSubWindow(foreign);
+
+    QVERIFY(ViewManager::closeAllViews());
+
+    QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
 void TestDocumentViews::closeAllViewsWithoutViews()

@@ -26,6 +26,9 @@
 using Core::IView;
 using Core::ViewManager;
 
+using Close = void (*)(IView *);
+Q_DECLARE_METATYPE(Close)
+
 namespace {
 
 void closeAllCommand()
@@ -55,7 +58,11 @@ private Q_SLOTS:
     void viewClosedByWhoeverIsToldOfItsActivation();
     void windowDestroyedByWhoeverIsToldOfItsActivation();
     void viewClosedWhileAnotherIsDeactivated();
+    void viewShownWhileAnotherIsDeactivated();
     void viewShownWhileAnotherCloses();
+    void viewDestroyedWhileClosing_data();
+    void viewDestroyedWhileClosing();
+    void windowDestroyedWhileItsViewIsRemoved();
 
     void destroyedView();
     void destroyedCurrentView();
@@ -268,6 +275,29 @@ void TestLostViews::viewClosedWhileAnotherIsDeactivated()
     QCOMPARE(listedViews(), texts({"[x] second"}));
 }
 
+void TestLostViews::viewShownWhileAnotherIsDeactivated()
+{
+    QStringList journal;
+    TestView *first = showTestView("first", &journal);
+    TestView *second = showTestView("second", &journal);
+    TestView *third = nullptr;
+    second->whileDeactivated = [&] {
+        second->whileDeactivated = nullptr;
+        third = showTestView("third", &journal);
+    };
+    QList<IView *> reported;
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
+            [&reported](IView *view) { reported.append(view); });
+    journal.clear();
+
+    ViewManager::showView(first);
+
+    QCOMPARE(documentArea()->currentWindow()->widget(), third);
+    QCOMPARE(ViewManager::currentView(), third);
+    QCOMPARE(reported, QList<IView *>{third});
+    QVERIFY(!journal.contains(QStringLiteral("first activated")));
+}
+
 void TestLostViews::viewShownWhileAnotherCloses()
 {
     TestView *late = nullptr;
@@ -278,6 +308,60 @@ void TestLostViews::viewShownWhileAnotherCloses()
 
     QCOMPARE(listedViews(), texts({"[x] late"}));
     QCOMPARE(ViewManager::currentView(), late);
+}
+
+void TestLostViews::viewDestroyedWhileClosing_data()
+{
+    QTest::addColumn<bool>("window");
+    QTest::addColumn<Close>("close");
+
+    const Close closeView = [](IView *view) { ViewManager::closeView(view); };
+    const Close closeAllViews = [](IView *) { QVERIFY(ViewManager::closeAllViews()); };
+    const Close command = [](IView *) { closeAllCommand(); };
+    QTest::newRow("the view, asked alone") << false << closeView;
+    QTest::newRow("the view, asked with all") << false << closeAllViews;
+    QTest::newRow("the view, by the command") << false << command;
+    QTest::newRow("its window, asked alone") << true << closeView;
+    QTest::newRow("its window, asked with all") << true << closeAllViews;
+    QTest::newRow("its window, by the command") << true << command;
+}
+
+void TestLostViews::viewDestroyedWhileClosing()
+{
+    QFETCH(bool, window);
+    QFETCH(Close, close);
+    const QPointer<TestView> other = showTestView("other");
+    other->keepOpen = true;
+    other->refuseClose = true;
+    const QPointer<TestView> view = showTestView("view");
+    view->whileClosing = [&view, window] {
+        if (window)
+            delete windowOf(view);
+        else
+            delete view;
+    };
+
+    close(view);
+
+    QVERIFY(!view);
+    QCOMPARE(listedViews(), texts({"[x] other"}));
+    QCOMPARE(ViewManager::currentView(), other);
+    QCOMPARE(documentArea()->subWindows().size(), 1);
+}
+
+void TestLostViews::windowDestroyedWhileItsViewIsRemoved()
+{
+    TestView *first = showTestView("first");
+    const QPointer<TestView> second = showTestView("second");
+    const QPointer<QWidget> window = windowOf(second);
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
+            [&window] { delete window; });
+
+    ViewManager::removeView(second);
+
+    QVERIFY(!second);
+    QCOMPARE(ViewManager::currentView(), first);
+    QCOMPARE(listedViews(), texts({"[x] first"}));
 }
 
 void TestLostViews::destroyedView()

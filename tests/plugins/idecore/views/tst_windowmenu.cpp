@@ -6,6 +6,8 @@
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/views/viewmanager.h>
+#include <utils/mdiarea.h>
+#include <utils/mdisubwindow.h>
 
 #include <QAction>
 #include <QActionEvent>
@@ -62,6 +64,7 @@ private Q_SLOTS:
     void withoutCurrentViewNoneIsChecked();
     void mappingNothingDoesNothing();
     void mappingAForeignWidgetDoesNothing();
+    void mappingAnyWindowOfTheAreaMakesItCurrent();
     void titleAndActivationCostNoRebuild();
     void openMenuStaysUntouchedByATitle();
 
@@ -193,6 +196,17 @@ void TestWindowMenu::mappingAForeignWidgetDoesNothing()
     ViewManager::instance()->onActionMapped(&foreign);
 
     QCOMPARE(view->activated, 1);
+}
+
+void TestWindowMenu::mappingAnyWindowOfTheAreaMakesItCurrent()
+{
+    auto *foreign = new Utils::MdiSubWindow;
+    documentArea()->addSubWindow(foreign);
+    showTestView("view");
+
+    ViewManager::instance()->onActionMapped(foreign);
+
+    QCOMPARE(documentArea()->currentWindow(), foreign);
 }
 
 void TestWindowMenu::titleAndActivationCostNoRebuild()
