@@ -93,7 +93,7 @@ void MdiArea::addSubWindow(MdiSubWindow *window)
         if (d->tabbed)
             window->setGeometry(room);
         else
-            window->resize(window->sizeHint().expandedTo(room.size() / 2).boundedTo(room.size()));
+            window->resize(window->sizeHint().boundedTo(room.size()));
         QMdiArea::addSubWindow(window);
         d->connectWindow(window);
         d->history.append(window);

@@ -155,6 +155,13 @@ void MdiSubWindow::closeEvent(QCloseEvent *event)
     Q_EMIT closed(this);
 }
 
+QSize MdiSubWindow::sizeHint() const
+{
+    // What an editor would like at least is too small to work in.
+    const QSize hint = QMdiSubWindow::sizeHint();
+    return parentWidget() ? hint.expandedTo(parentWidget()->size() * 2 / 3) : hint;
+}
+
 void MdiSubWindow::resizeEvent(QResizeEvent *event)
 {
     // QMdiSubWindow would keep what it draws of a title bar for a while.

@@ -39,6 +39,9 @@ public:
 public Q_SLOTS:
     void setShortTitle(const QString &title);
 
+    /// At least two thirds of the area.
+    [[nodiscard]] QSize sizeHint() const override;
+
 Q_SIGNALS:
     void shortTitleChanged(const QString &title);
     /// The title, icon or modified state to show has changed.

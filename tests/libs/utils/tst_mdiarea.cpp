@@ -421,6 +421,8 @@ private Q_SLOTS:
         QVERIFY(
             AreaFixture::windowOf(a)->geometry().intersects(AreaFixture::windowOf(b)->geometry()));
         QVERIFY(AreaFixture::windowOf(a)->pos() != AreaFixture::windowOf(b)->pos());
+        QVERIFY(AreaFixture::windowOf(a)->width() >= f.area->width() / 2);
+        QVERIFY(AreaFixture::windowOf(a)->height() >= f.area->height() / 2);
     }
 
     void tileAndCascadeWithoutDocumentsKeepTheTabs()
