@@ -236,10 +236,11 @@ void Host::onCommitData(QSessionManager &session)
     // Where the session allows no questions, unsaved work is left to recovery.
     if (!session.allowsInteraction())
         return;
-    const bool closed = closeMainWindow();
-    session.release();
-    if (closed)
+    if (closeMainWindow()) {
+        session.release();
         QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-    else
+    } else {
+        // Released first, the session would have to ask a second time.
         session.cancel();
+    }
 }
