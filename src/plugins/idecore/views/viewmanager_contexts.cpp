@@ -87,7 +87,7 @@ void ViewManager::updateFocusWidget(QWidget *old, QWidget *now)
         || qobject_cast<QToolBar *>(now))
         return;
 
-    const auto *d = ViewManagerPrivate::get();
+    auto *d = ViewManagerPrivate::get();
     ContextList contexts;
     for (const QObject *object = now; object; object = object->parent()) {
         const auto it = d->widgetContexts.find(qobject_cast<const QWidget *>(object));
@@ -100,7 +100,11 @@ void ViewManager::updateFocusWidget(QWidget *old, QWidget *now)
     // Repeats between these and the former stay: the list tells all of them.
     contexts += d->globalContexts;
     contexts.append(QString::fromLatin1(Constants::C_GLOBAL));
+    d->currentContexts = contexts;
     ActionManager::setCurrentContexts(contexts);
+    // A command that changes may have brought others; the last report tells what
+    // is current.
+    contexts = d->currentContexts;
     Q_EMIT contextsChanged(contexts);
 }
 

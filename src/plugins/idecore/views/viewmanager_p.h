@@ -44,6 +44,8 @@ public:
     // Contexts
     std::unordered_map<const QWidget *, std::unique_ptr<QStringList>> widgetContexts;
     QStringList globalContexts;
+    /// As last handed to the commands.
+    QStringList currentContexts;
 
     // Documents
     IdeMainWindow *mainWindow = nullptr;

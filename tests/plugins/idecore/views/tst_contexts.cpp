@@ -11,17 +11,24 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMetaMethod>
 #include <QTest>
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 using Core::ActionManager;
 using Core::ViewManager;
+
+using MakeWidget = std::function<QWidget *()>;
+Q_DECLARE_METATYPE(MakeWidget)
 
 namespace {
 
@@ -72,6 +79,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void interfaceByName_data();
+    void interfaceByName();
+    void nothingIsReportedBeforeInitialize();
     void withoutFocusOnlyGlobalIsCurrent();
     void focusBringsTheContextsNewestFirst();
     void registeringWaitsForTheNextFocusChange();
@@ -80,9 +90,11 @@ private Q_SLOTS:
     void deregisteringRemovesEveryOccurrence();
     void deregisteringAContextIsEffectiveWithTheNextFocus();
     void deregisteringTheWidgetRemovesAll();
+    void deregisteredWidgetMayBeRegisteredAgain();
     void emptiedEntryHidesTheAncestors();
     void forgottenEntryShowsTheAncestors();
     void nearestRegisteredAncestorAloneCounts();
+    void dialogHasTheContextsOfItsParent();
     void unregisteredFocusGivesTheGlobals();
     void globalContextsAreNewestFirst();
     void addingAGlobalContextAgainReportsTheSameList();
@@ -94,17 +106,23 @@ private Q_SLOTS:
     void menuBarKeepsTheContexts();
     void openMenuKeepsTheContexts();
     void toolBarKeepsTheContexts();
-    void globalContextIsSilentWhileInAToolBar();
+    void fieldInAToolBarHasContextsOfItsOwn();
+    void commandsStayBoundInMenusAndToolBars_data();
+    void commandsStayBoundInMenusAndToolBars();
+    void globalContextIsSilentInMenusAndToolBars_data();
+    void globalContextIsSilentInMenusAndToolBars();
     void strongFocusSetsThePolicy();
     void withoutStrongFocusThePolicyStays();
     void commandsAreBoundBeforeTheReport();
     void commandsFollowTheFocus();
+    void contextAddedByACommandThatChangesIsReportedLast();
     void destroyedFocusWidgetIsGoneAtTheNextChange();
     void destroyedWidgetIsForgotten();
     void destroyedSlotWithoutWidgetDoesNothing();
     void shutdownEndsTheTracking();
     void logLines();
     void destructionIsLogged();
+    void destructionIsLoggedAlsoOnceDeregistered();
     void assertions_data();
     void assertions();
     void unknownIsSilentlyIgnored();
@@ -128,6 +146,44 @@ void TestContexts::cleanup()
 {
     m_core.reset();
     m_window.reset();
+}
+
+void TestContexts::interfaceByName_data()
+{
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<int>("type");
+
+    const auto row = [](const char *signature, QMetaMethod::MethodType type) {
+        QTest::newRow(signature) << QByteArray(signature) << int(type);
+    };
+    row("contextsChanged(Core::ContextList)", QMetaMethod::Signal);
+    row("updateFocusWidget(QWidget*,QWidget*)", QMetaMethod::Slot);
+    row("onRegistedWidgetDelete()", QMetaMethod::Slot);
+}
+
+void TestContexts::interfaceByName()
+{
+    QFETCH(QByteArray, signature);
+    QFETCH(int, type);
+    const QMetaObject &meta = ViewManager::staticMetaObject;
+
+    const int index = meta.indexOfMethod(signature);
+
+    QVERIFY(index >= 0);
+    QCOMPARE(int(meta.method(index).methodType()), type);
+}
+
+void TestContexts::nothingIsReportedBeforeInitialize()
+{
+    m_core.reset();
+    const ViewManager manager;
+    connect(&manager, &ViewManager::contextsChanged, this,
+            [this](const Core::ContextList &contexts) { m_changes.append(contexts); });
+    m_changes.clear();
+
+    FocusWindow::focus(m_window->inner);
+
+    QCOMPARE(m_changes, QList<QStringList>());
 }
 
 void TestContexts::withoutFocusOnlyGlobalIsCurrent()
@@ -217,6 +273,17 @@ void TestContexts::deregisteringTheWidgetRemovesAll()
     QCOMPARE(m_changes, QList<QStringList>{texts({GLOBAL})});
 }
 
+void TestContexts::deregisteredWidgetMayBeRegisteredAgain()
+{
+    ViewManager::registerContext(m_window->inner, QStringLiteral("A"));
+    ViewManager::deregisterContext(m_window->inner);
+
+    ViewManager::registerContext(m_window->inner, QStringLiteral("B"));
+
+    FocusWindow::focus(m_window->inner);
+    QCOMPARE(m_changes, QList<QStringList>{texts({"B", GLOBAL})});
+}
+
 void TestContexts::emptiedEntryHidesTheAncestors()
 {
     ViewManager::registerContext(m_window->panel, QStringLiteral("Panel"));
@@ -249,6 +316,20 @@ void TestContexts::nearestRegisteredAncestorAloneCounts()
     FocusWindow::focus(m_window->inner);
 
     QCOMPARE(m_changes, QList<QStringList>{texts({"A", "X", GLOBAL})});
+}
+
+void TestContexts::dialogHasTheContextsOfItsParent()
+{
+    ViewManager::registerContext(m_window->panel, QStringLiteral("A"));
+    QDialog dialog(m_window->panel);
+    auto *field = new QLineEdit(&dialog);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    m_changes.clear();
+
+    ViewManager::instance()->updateFocusWidget(nullptr, field);
+
+    QCOMPARE(m_changes, QList<QStringList>{texts({"A", GLOBAL})});
 }
 
 void TestContexts::unregisteredFocusGivesTheGlobals()
@@ -378,12 +459,58 @@ void TestContexts::toolBarKeepsTheContexts()
     QCOMPARE(m_changes, QList<QStringList>());
 }
 
-void TestContexts::globalContextIsSilentWhileInAToolBar()
+void TestContexts::fieldInAToolBarHasContextsOfItsOwn()
 {
     auto *bar = new QToolBar;
-    bar->setFocusPolicy(Qt::StrongFocus);
     m_window->window.layout()->addWidget(bar);
-    FocusWindow::focus(bar);
+    auto *field = new QLineEdit;
+    bar->addWidget(field);
+    ViewManager::registerContext(m_window->inner, QStringLiteral("A"));
+    ViewManager::registerContext(bar, QStringLiteral("Bar"));
+    FocusWindow::focus(m_window->inner);
+    m_changes.clear();
+
+    FocusWindow::focus(field);
+
+    QCOMPARE(m_changes, QList<QStringList>{texts({"Bar", GLOBAL})});
+}
+
+void TestContexts::commandsStayBoundInMenusAndToolBars_data()
+{
+    QTest::addColumn<MakeWidget>("make");
+
+    QTest::newRow("menu bar") << MakeWidget([] { return new QMenuBar; });
+    QTest::newRow("menu") << MakeWidget([] { return new QMenu; });
+    QTest::newRow("tool bar") << MakeWidget([] { return new QToolBar; });
+}
+
+void TestContexts::commandsStayBoundInMenusAndToolBars()
+{
+    QFETCH(MakeWidget, make);
+    const std::unique_ptr<QWidget> bar(make());
+    const Core::IAction *proxy = ActionManager::registerAction(
+        new QAction, QStringLiteral("Test.Action"), QStringLiteral("A"));
+    ViewManager::registerContext(m_window->inner, QStringLiteral("A"));
+    FocusWindow::focus(m_window->inner);
+    QVERIFY(proxy->isEnabled());
+
+    ViewManager::instance()->updateFocusWidget(m_window->inner, bar.get());
+
+    QVERIFY(proxy->isEnabled());
+}
+
+void TestContexts::globalContextIsSilentInMenusAndToolBars_data()
+{
+    commandsStayBoundInMenusAndToolBars_data();
+}
+
+void TestContexts::globalContextIsSilentInMenusAndToolBars()
+{
+    QFETCH(MakeWidget, make);
+    const std::unique_ptr<QWidget> bar(make());
+    bar->setParent(&m_window->window);
+    bar->show();
+    FocusWindow::focus(bar.get());
     m_changes.clear();
 
     ViewManager::addGlobalContext(QStringLiteral("X"));
@@ -442,6 +569,23 @@ void TestContexts::commandsFollowTheFocus()
 
     QVERIFY(inside);
     QVERIFY(!proxy->isEnabled());
+}
+
+void TestContexts::contextAddedByACommandThatChangesIsReportedLast()
+{
+    const Core::IAction *proxy = ActionManager::registerAction(
+        new QAction, QStringLiteral("Test.Action"), QStringLiteral("X"));
+    auto added = std::make_shared<bool>(false);
+    connect(proxy, &QAction::changed, this, [added] {
+        if (!std::exchange(*added, true))
+            ViewManager::addGlobalContext(QStringLiteral("Y"));
+    });
+
+    ViewManager::addGlobalContext(QStringLiteral("X"));
+
+    QVERIFY(*added);
+    QCOMPARE(m_changes.size(), 2);
+    QCOMPARE(m_changes.constLast(), texts({"Y", "X", GLOBAL}));
 }
 
 void TestContexts::destroyedFocusWidgetIsGoneAtTheNextChange()
@@ -516,7 +660,8 @@ void TestContexts::logLines()
                           QStringLiteral("deregister all context: %1").arg(name),
                           QStringLiteral("add global context: \"X\""),
                           QStringLiteral("remove global context: \"X\"")}));
-    QCOMPARE(log.messages().constFirst().category, QStringLiteral("default"));
+    for (const MessageRecorder::Message &message : log.messages())
+        QCOMPARE(message.category, QStringLiteral("default"));
     QVERIFY(log.lines(QtCriticalMsg).isEmpty());
 }
 
@@ -533,6 +678,19 @@ void TestContexts::destructionIsLogged()
     // Once for every registration.
     const QString line = QStringLiteral("deregister all context: ") + name;
     QCOMPARE(log.lines(QtDebugMsg), (QStringList{line, line}));
+}
+
+void TestContexts::destructionIsLoggedAlsoOnceDeregistered()
+{
+    auto *widget = new QWidget;
+    const QString name = logged(widget);
+    ViewManager::registerContext(widget, QStringLiteral("A"));
+    ViewManager::deregisterContext(widget);
+    MessageRecorder log;
+
+    delete widget;
+
+    QCOMPARE(log.lines(QtDebugMsg), QStringList{QStringLiteral("deregister all context: ") + name});
 }
 
 void TestContexts::assertions_data()
