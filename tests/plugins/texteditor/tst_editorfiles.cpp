@@ -294,7 +294,7 @@ void TestEditorFiles::saveAsMakesTheOtherFileTheEditorsOwn()
     QCOMPARE(saved.count(), 1);
     QVERIFY(!editor->isModified());
     QCOMPARE(editor->fileName(), other);
-    QCOMPARE(editor->windowTitle(), other);
+    QCOMPARE(editor->windowTitle(), QString(other + QStringLiteral("[*]")));
     QCOMPARE(editor->shortTitle(), QStringLiteral("other.v"));
     QCOMPARE(TextEditorFixture::contents(other), QByteArray("ab\n"));
     QCOMPARE(TextEditorFixture::contents(fixture.path(QStringLiteral("a.txt"))), QByteArray("b\n"));

@@ -45,7 +45,7 @@ void TestEngineEditor::titlesNameTheFile()
     QVERIFY(editor);
     QCOMPARE(editor->fileName(), path);
     QCOMPARE(editor->shortTitle(), QStringLiteral("top.vhd"));
-    QCOMPARE(editor->windowTitle(), path);
+    QCOMPARE(editor->windowTitle(), QString(path + QStringLiteral("[*]")));
     QCOMPARE(editor->windowFilePath(), path);
 }
 

@@ -4,6 +4,8 @@
 #include <texteditor/engine/engineeditor_p.h>
 
 #include <idecore/views/viewmanager.h>
+#include <texteditor/engine/enginesettings_p.h>
+#include <texteditor/engine/kepttext_p.h>
 #include <texteditor/engine/viewkeys_p.h>
 
 #include <KTextEditor/ConfigInterface>
@@ -24,6 +26,7 @@ namespace TextEditor {
 
 EngineEditor::EngineEditor(const QString &theme)
     : m_document(KTextEditor::Editor::instance()->createDocument(nullptr))
+    , m_journal(EngineSettings::recoveryFolder())
 {
     m_view = m_document->createView(this);
     m_view->setStatusBarEnabled(false);
@@ -42,10 +45,6 @@ EngineEditor::EngineEditor(const QString &theme)
 
     connect(m_document.get(), &KTextEditor::Document::modifiedChanged, this,
             &EngineEditor::onModifiedChanged);
-    // KTextEditor makes the document writable when unsaved text is about to be
-    // recovered or was thrown away; only after that may it be locked again.
-    connect(m_document.get(), &KTextEditor::Document::readWriteChanged, this,
-            &EngineEditor::applyReadOnly, Qt::QueuedConnection);
     connect(m_document.get(), &KTextEditor::Document::lineWrapped, this,
             [this](KTextEditor::Document *, KTextEditor::Cursor position) {
                 if (!m_loading && m_endings.isMixed())
@@ -62,6 +61,7 @@ EngineEditor::EngineEditor(const QString &theme)
     connect(watcher, &KDirWatch::created, this, &EngineEditor::onFileTouched);
     connect(watcher, &KDirWatch::deleted, this, &EngineEditor::onFileTouched);
     connectCommands();
+    connectJournal();
 }
 
 EngineEditor::~EngineEditor()
@@ -117,6 +117,9 @@ void EngineEditor::setTheme(const QString &theme)
 void EngineEditor::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(!isModified() || askToClose());
+    // An editor that goes unasked leaves its text to be offered.
+    if (event->isAccepted())
+        m_journal.discard();
 }
 
 void EngineEditor::keyPressEvent(QKeyEvent *event)
@@ -155,9 +158,9 @@ bool EngineEditor::askToClose()
 
 void EngineEditor::applyReadOnly()
 {
-    // While there is unsaved text to decide about, KTextEditor keeps the text
-    // locked, and typing would destroy what was kept.
-    const bool locked = isReadOnly() || m_inexact || m_document->isDataRecoveryAvailable();
+    // What is typed before there was a decision about unsaved text would be lost
+    // by taking that text.
+    const bool locked = isReadOnly() || m_inexact || m_keptText;
     if (m_document->isReadWrite() == locked)
         m_document->setReadWrite(!locked);
     Q_EMIT commandsChanged();
@@ -169,6 +172,10 @@ void EngineEditor::onModifiedChanged()
     if (m_loading || m_modified == isModified())
         return;
     m_modified = isModified();
+    if (m_modified && !m_journal.isActive())
+        beginJournal();
+    else if (!m_modified)
+        m_journal.discard();
     setWindowModified(m_modified);
     Q_EMIT modificationStateChanged(m_modified);
 }
@@ -176,7 +183,10 @@ void EngineEditor::onModifiedChanged()
 void EngineEditor::showFileName()
 {
     setWindowFilePath(m_fileName);
-    setWindowTitle(m_fileName);
+    // The placeholder shows unsaved changes where documents stand as windows.
+    const QString placeholder = QStringLiteral("[*]");
+    setWindowTitle(QString(m_fileName).replace(placeholder, placeholder + placeholder)
+                   + placeholder);
     setShortTitle(QFileInfo(m_fileName).fileName());
 }
 
