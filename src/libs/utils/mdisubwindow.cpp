@@ -6,6 +6,7 @@
 #include "dormantshortcuts_p.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QChildEvent>
 #include <QCloseEvent>
 #include <QDir>
@@ -86,7 +87,11 @@ bool MdiSubWindow::isDocumentModified() const
 
 QIcon MdiSubWindow::documentIcon() const
 {
-    return widget() ? widget()->windowIcon() : windowIcon();
+    if (widget() && widget()->testAttribute(Qt::WA_SetWindowIcon))
+        return widget()->windowIcon();
+    // Asked of the parent: this window may still have the icon that the document
+    // had, and a widget whose icon was taken away does not fall back by itself.
+    return parentWidget() ? parentWidget()->windowIcon() : QApplication::windowIcon();
 }
 
 void MdiSubWindow::setWidget(QWidget *widget)
@@ -231,8 +236,9 @@ void MdiSubWindow::takeIcon()
 {
     // For the title bar; and only a new one, because the widget is told of a new
     // icon of its window, too.
-    if (d->framed && widget() && widget()->windowIcon().cacheKey() != windowIcon().cacheKey())
-        setWindowIcon(widget()->windowIcon());
+    const QIcon icon = documentIcon();
+    if (d->framed && icon.cacheKey() != windowIcon().cacheKey())
+        setWindowIcon(icon);
 }
 
 void MdiSubWindow::showQuietly()

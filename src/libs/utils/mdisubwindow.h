@@ -31,6 +31,7 @@ public:
     /// The file the document says it shows (QWidget::windowFilePath); may be empty.
     [[nodiscard]] QString filePath() const;
     [[nodiscard]] bool isDocumentModified() const;
+    /// The icon of the widget; that of the main window when it has none.
     [[nodiscard]] QIcon documentIcon() const;
 
     /// As QMdiSubWindow::setWidget(), and keeps an eye on @p widget.
