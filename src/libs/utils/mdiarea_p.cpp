@@ -305,21 +305,24 @@ void MdiArea::Private::showMenu(MdiSubWindow *window, const QPoint &globalPos)
 {
     const QPointer<MdiSubWindow> document(window);
     const QString path = window->filePath();
-    QMenu menu(q);
-    menu.setObjectName(QStringLiteral("documentMenu"));
-    const QAction *close = menu.addAction(tr("&Close"));
-    QAction *closeOthers = menu.addAction(tr("Close &Others"));
+    // Goes with the area, should that be destroyed while the menu is open.
+    const QPointer<QMenu> menu(new QMenu(q));
+    menu->setObjectName(QStringLiteral("documentMenu"));
+    const QAction *close = menu->addAction(tr("&Close"));
+    QAction *closeOthers = menu->addAction(tr("Close &Others"));
     closeOthers->setEnabled(creation.size() > 1);
-    const QAction *closeAll = menu.addAction(tr("Close &All"));
-    menu.addSeparator();
-    QAction *copyPath = menu.addAction(tr("Copy &Path"));
+    const QAction *closeAll = menu->addAction(tr("Close &All"));
+    menu->addSeparator();
+    QAction *copyPath = menu->addAction(tr("Copy &Path"));
     copyPath->setEnabled(!path.isEmpty());
-    QAction *openFolder = menu.addAction(tr("Open Containing &Folder"));
+    QAction *openFolder = menu->addAction(tr("Open Containing &Folder"));
     openFolder->setEnabled(!path.isEmpty());
 
-    const QPointer<Private> alive(this);
-    const QAction *chosen = menu.exec(globalPos);
-    if (!chosen || !alive || !document)
+    const QAction *chosen = menu->exec(globalPos);
+    if (!menu)
+        return;
+    menu->deleteLater();
+    if (!chosen || !document || !creation.contains(document))
         return;
     if (chosen == close)
         onCloseRequested(document);
