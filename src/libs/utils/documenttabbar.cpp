@@ -18,6 +18,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace Utils {
 
@@ -88,7 +89,7 @@ void DocumentTabBar::addDocument(MdiSubWindow *window)
     const QString title = window->shortTitle();
     const bool modified = window->isDocumentModified();
     // Known before the tab exists: adding it asks for its size.
-    m_tabs.append({window, title, modified, 0});
+    m_tabs.append({window, title, modified});
     addTab(window->documentIcon(), textOfTab(title, modified));
     m_internal = false;
 }
@@ -124,12 +125,12 @@ void DocumentTabBar::updateDocument(MdiSubWindow *window)
     if (title != tab.title || modified != tab.modified) {
         tab.title = title;
         tab.modified = modified;
-        tab.width = 0;
+        tab.forgetMeasures();
         setTabText(index, textOfTab(title, modified));
     }
     const QIcon icon = window->documentIcon();
     if (icon.cacheKey() != tabIcon(index).cacheKey()) {
-        tab.width = 0;
+        tab.forgetMeasures();
         setTabIcon(index, icon);
     }
 }
@@ -160,7 +161,7 @@ void DocumentTabBar::changeEvent(QEvent *event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         m_height = 0;
         for (Tab &tab : m_tabs)
-            tab.width = 0;
+            tab.forgetMeasures();
     }
     QTabBar::changeEvent(event);
 }
@@ -281,8 +282,8 @@ void DocumentTabBar::mouseReleaseEvent(QMouseEvent *event)
 void DocumentTabBar::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawLine(0, height() - 1, width(), height() - 1);
+    // Filled rather than drawn, here and in a tab: Qt sets the pixels of a line one by one.
+    painter.fillRect(0, height() - 1, width(), 1, palette().color(QPalette::Mid));
     for (int i = 0; i < m_tabs.size(); ++i) {
         if (tabRect(i).intersects(event->rect()))
             paintTab(painter, i);
@@ -292,25 +293,44 @@ void DocumentTabBar::paintEvent(QPaintEvent *event)
 void DocumentTabBar::wheelEvent(QWheelEvent *event)
 {
     // Scrolls rather than chooses: a stray turn must not change the document.
-    const int delta =
-        event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
-    auto *button = findChild<QToolButton *>(delta > 0 ? QStringLiteral("ScrollLeftButton")
-                                                      : QStringLiteral("ScrollRightButton"));
-    if (button && delta != 0 && button->isVisible())
-        button->click();
+    const QPoint angle = event->angleDelta();
+    const int sideways = layoutDirection() == Qt::LeftToRight ? angle.x() : -angle.x();
+    m_turned += angle.y() != 0 ? angle.y() : sideways;
     event->accept();
+    // A notch at a time, however finely the device tells of it.
+    const int notches = m_turned / QWheelEvent::DefaultDeltasPerStep;
+    m_turned %= QWheelEvent::DefaultDeltasPerStep;
+    auto *button = findChild<QToolButton *>(notches > 0 ? QStringLiteral("ScrollLeftButton")
+                                                        : QStringLiteral("ScrollRightButton"));
+    if (!button || !button->isVisible())
+        return;
+    for (int i = 0; i < std::abs(notches); ++i)
+        button->click();
 }
 
 void DocumentTabBar::initTabOption(QStyleOptionTab *option, int index) const
 {
-    initStyleOption(option, index);
+    // As initStyleOption() does, which would cut every title anew.
+    option->initFrom(this);
+    option->state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
+    if (index == currentIndex())
+        option->state |= QStyle::State_Selected;
+    option->rect = tabRect(index);
+    option->shape = shape();
+    option->documentMode = documentMode();
+    option->icon = tabIcon(index);
+    option->iconSize = iconSize();
     option->rightButtonSize = QSize(buttonSize, buttonSize);
     const Tab &tab = m_tabs.at(index);
-    const QRect room = style()->subElementRect(QStyle::SE_TabBarTabText, option, this);
-    // The mark stays in sight where the title is cut.
-    const int mark = tab.modified ? fontMetrics().horizontalAdvance(QLatin1Char('*')) : 0;
-    QString title = fontMetrics().elidedText(tab.title, elideMode(), room.width() - mark);
-    option->text = textOfTab(title, tab.modified);
+    const int room = style()->subElementRect(QStyle::SE_TabBarTabText, option, this).width();
+    if (tab.room != room) {
+        // The mark stays in sight where the title is cut.
+        const int mark = tab.modified ? fontMetrics().horizontalAdvance(QLatin1Char('*')) : 0;
+        const QString title = fontMetrics().elidedText(tab.title, elideMode(), room - mark);
+        tab.text = textOfTab(title, tab.modified);
+        tab.room = room;
+    }
+    option->text = tab.text;
 }
 
 void DocumentTabBar::paintTab(QPainter &painter, int index) const
@@ -326,11 +346,11 @@ void DocumentTabBar::paintTab(QPainter &painter, int index) const
         painter.fillRect(rect.left(), rect.top(), rect.width(), 2,
                          palette().brush(hasFocus() ? QPalette::Link : QPalette::Highlight));
     }
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawLine(rect.right(), rect.top() + (isCurrent ? 0 : 5), rect.right(),
-                     rect.bottom() - (isCurrent ? 0 : 5));
+    const QColor edge = palette().color(QPalette::Mid);
+    const int inset = isCurrent ? 0 : 5;
+    painter.fillRect(rect.right(), rect.top() + inset, 1, rect.height() - 2 * inset, edge);
     if (isCurrent)
-        painter.drawLine(rect.topLeft(), rect.bottomLeft());
+        painter.fillRect(rect.left(), rect.top(), 1, rect.height(), edge);
 
     QRect room = style()->subElementRect(QStyle::SE_TabBarTabText, &option, this);
     if (!option.icon.isNull()) {

@@ -13,7 +13,7 @@ class MdiSubWindow;
 
 /// The tabs of the documents in an MdiArea.
 ///
-/// Made for many tabs: a title is measured once, only what is in sight is
+/// Made for many tabs: a title is measured and cut once, only what is in sight is
 /// painted, and a close button is painted rather than a widget.
 class DocumentTabBar final : public QTabBar
 {
@@ -61,7 +61,15 @@ private:
         MdiSubWindow *window;
         QString title;
         bool modified;
-        mutable int width; // 0 until measured
+        mutable int width = 0;     // 0 until measured
+        mutable QString text = {}; // what of the title is painted ...
+        mutable int room = -1;     // ... where that much room is left for it
+
+        void forgetMeasures()
+        {
+            width = 0;
+            room = -1;
+        }
     };
 
     void initTabOption(QStyleOptionTab *option, int index) const;
@@ -80,6 +88,7 @@ private:
     int m_pressedClose = -1;
     int m_pressedMiddle = -1;
     int m_hoveredClose = -1;
+    int m_turned = 0; // of the wheel, less than a notch
     QPoint m_pressPos;
 };
 
