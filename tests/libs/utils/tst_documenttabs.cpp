@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "document.h"
+#include "tabs.h"
 
 #include <utils/mdiarea.h>
 #include <utils/mdisubwindow.h>
@@ -12,73 +13,39 @@
 #include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QHelpEvent>
+#include <QIcon>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPixmap>
+#include <QPointer>
 #include <QStyleOptionTab>
 #include <QTabBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 #include <QUrl>
+#include <QWheelEvent>
 
 using Utils::MdiSubWindow;
 
 namespace {
 using Titles = QVector<QString>;
 
-QTabBar *tabsOf(const AreaFixture &f)
+QIcon filled(Qt::GlobalColor colour)
 {
-    return f.area->findChild<QTabBar *>(QStringLiteral("documentTabBar"));
+    QPixmap pixmap(16, 16);
+    pixmap.fill(colour);
+    return QIcon(pixmap);
 }
 
-/// The close button lies at the far end of its tab.
-QPoint closeButton(const QTabBar *tabs, int index)
+/// Turns the wheel by @p delta, one notch being 120; towards the user is negative.
+void turnWheel(QTabBar *tabs, const QPoint &delta)
 {
-    const QRect tab = tabs->tabRect(index);
-    return {tab.right() - 12, tab.center().y()};
-}
-
-/// Opens the context menu of a tab by the mouse and hands it to @p use.
-template<class Use>
-void withMenu(QTabBar *tabs, int index, Use use)
-{
-    bool met = false;
-    QTimer::singleShot(0, tabs, [&] {
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QVERIFY(menu);
-        met = true;
-        use(menu);
-        menu->close();
-    });
-    const QPoint pos = tabs->tabRect(index).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, tabs->mapToGlobal(pos));
+    const QPointF pos = tabs->rect().center();
+    QWheelEvent event(pos, tabs->mapToGlobal(pos.toPoint()), QPoint(), delta, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(tabs, &event);
-    QVERIFY(met);
-}
-
-QAction *entry(const QMenu *menu, const char *text)
-{
-    const QList<QAction *> actions = menu->actions();
-    for (QAction *action : actions) {
-        QString plain = action->text();
-        if (plain.remove(QLatin1Char('&')) == QLatin1String(text))
-            return action;
-    }
-    return nullptr;
-}
-
-void choose(QTabBar *tabs, int index, const char *text)
-{
-    withMenu(tabs, index, [text](QMenu *menu) {
-        QAction *action = entry(menu, text);
-        QVERIFY(action && action->isEnabled());
-        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
-                          menu->actionGeometry(action).center());
-    });
 }
 } // namespace
 
@@ -132,9 +99,7 @@ private Q_SLOTS:
     {
         AreaFixture f;
         Document *a = f.open(QStringLiteral("a"));
-        QPixmap red(16, 16);
-        red.fill(Qt::red);
-        const QIcon icon(red);
+        const QIcon icon = filled(Qt::red);
         a->setWindowIcon(icon);
         QCOMPARE(tabsOf(f)->tabIcon(0).cacheKey(), icon.cacheKey());
         f.area->tileSubWindows();
@@ -157,6 +122,47 @@ private Q_SLOTS:
         tab.rightButtonSize = QSize(16, 16);
         const QRect room = bar->style()->subElementRect(QStyle::SE_TabBarTabText, &tab, bar);
         QVERIFY(room.width() >= bar->fontMetrics().horizontalAdvance(name));
+    }
+
+    void documentWithoutAnIconShowsThatOfTheMainWindow()
+    {
+        AreaFixture f;
+        const QIcon icon = filled(Qt::green);
+        f.main->setWindowIcon(icon);
+        f.open(QStringLiteral("a"));
+        QCOMPARE(tabsOf(f)->tabIcon(0).cacheKey(), icon.cacheKey());
+    }
+
+    void withoutAnyIconTheTabShowsNone()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        QVERIFY(tabsOf(f)->tabIcon(0).isNull());
+    }
+
+    void iconTakenAwayGivesWayToThatOfTheMainWindow_data()
+    {
+        QTest::addColumn<bool>("tiledBefore");
+        QTest::newRow("under tabs") << false;
+        QTest::newRow("tiled before") << true;
+    }
+
+    void iconTakenAwayGivesWayToThatOfTheMainWindow()
+    {
+        QFETCH(bool, tiledBefore);
+        AreaFixture f;
+        const QIcon icon = filled(Qt::green);
+        f.main->setWindowIcon(icon);
+        Document *a = f.open(QStringLiteral("a"));
+        a->setWindowIcon(filled(Qt::red));
+        if (tiledBefore) {
+            f.area->tileSubWindows();
+            f.area->showTabs();
+        }
+        a->setWindowIcon(QIcon());
+        QCOMPARE(tabsOf(f)->tabIcon(0).cacheKey(), icon.cacheKey());
+        f.area->tileSubWindows();
+        QCOMPARE(AreaFixture::windowOf(a)->windowIcon().cacheKey(), icon.cacheKey());
     }
 
     void longTitleIsCutButKnownInFull()
@@ -308,6 +314,70 @@ private Q_SLOTS:
         QCOMPARE(m_opened, QUrl::fromLocalFile(QStringLiteral("/some/where")));
     }
 
+    void menuKeyOpensTheMenuOfTheCurrentTab()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.open(QStringLiteral("c"));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        tabsOf(f)->setFocus();
+        QPoint pos;
+        withMenuByKey(tabsOf(f), [&pos](QMenu *menu) {
+            pos = menu->pos();
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        });
+        QCOMPARE(f.closed, Titles{QStringLiteral("a")});
+        QCOMPARE(pos, tabsOf(f)->mapToGlobal(tabsOf(f)->tabRect(0).bottomLeft()));
+    }
+
+    void menuLeftWithEscapeDoesNothing()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        withMenuByKey(tabsOf(f), [](QMenu *menu) { QTest::keyClick(menu, Qt::Key_Escape); });
+        QVERIFY(f.closed.isEmpty());
+    }
+
+    void placeBesideTheTabsHasNoMenu()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        QTabBar *tabs = tabsOf(f);
+        const QPoint beside(tabs->width() - 5, 5);
+        QVERIFY(!tabs->tabRect(0).contains(beside));
+        QContextMenuEvent event(QContextMenuEvent::Mouse, beside, tabs->mapToGlobal(beside));
+        QApplication::sendEvent(tabs, &event);
+        QVERIFY(!QApplication::activePopupWidget());
+        QVERIFY(event.isAccepted());
+    }
+
+    void documentMayGoWhileItsMenuIsOpen()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        withMenu(tabsOf(f), 1, [b](QMenu *menu) {
+            delete b;
+            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                              menu->actionGeometry(entry(menu, "Close Others")).center());
+        });
+        QVERIFY(f.closed.isEmpty());
+        QCOMPARE(f.area->subWindows().size(), 1);
+    }
+
+    void areaMayGoWhileAMenuIsOpen()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        const QPointer<Utils::MdiArea> area(f.area);
+        QTabBar *tabs = tabsOf(f);
+        withMenu(tabs, 0, [&area](QMenu *) { delete area; });
+        QVERIFY(!area);
+        QVERIFY(f.closed.isEmpty());
+    }
+
     void menuEntriesForPathsNeedAPath()
     {
         AreaFixture f;
@@ -317,73 +387,6 @@ private Q_SLOTS:
             QVERIFY(!entry(menu, "Open Containing Folder")->isEnabled());
             QVERIFY(!entry(menu, "Close Others")->isEnabled());
         });
-    }
-
-    void ctrlTabGoesToTheOneUsedBefore()
-    {
-        AreaFixture f;
-        const Document *a = f.open(QStringLiteral("a"));
-        f.open(QStringLiteral("b"));
-        Document *c = f.open(QStringLiteral("c"));
-        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
-        f.area->setCurrentSubWindow(AreaFixture::windowOf(c));
-        f.currents.clear();
-        QTest::keyPress(c->edit, Qt::Key_Tab, Qt::ControlModifier);
-        QTest::keyRelease(c->edit, Qt::Key_Tab, Qt::ControlModifier);
-        QTest::keyRelease(c->edit, Qt::Key_Control);
-        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
-        QTRY_VERIFY(a->edit->hasFocus());
-    }
-
-    void heldCtrlWalksAndReleaseCommits()
-    {
-        AreaFixture f;
-        f.open(QStringLiteral("a"));
-        f.open(QStringLiteral("b"));
-        Document *c = f.open(QStringLiteral("c"));
-        f.currents.clear();
-        QTest::simulateEvent(c->edit, true, Qt::Key_Tab, Qt::ControlModifier, QString(), false, -1);
-        QTest::simulateEvent(c->edit, true, Qt::Key_Tab, Qt::ControlModifier, QString(), false, -1);
-        QVERIFY(f.area->findChild<QListWidget *>(QStringLiteral("documentSwitcher"))->isVisible());
-        QVERIFY(f.currents.isEmpty());
-        QTest::simulateEvent(c->edit, false, Qt::Key_Control, Qt::NoModifier, QString(), false, -1);
-        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
-    }
-
-    void ctrlShiftTabWalksBackwards()
-    {
-        AreaFixture f;
-        f.open(QStringLiteral("a"));
-        f.open(QStringLiteral("b"));
-        Document *c = f.open(QStringLiteral("c"));
-        QTest::simulateEvent(c->edit, true, Qt::Key_Backtab,
-                             Qt::ControlModifier | Qt::ShiftModifier, QString(), false, -1);
-        QTest::simulateEvent(c->edit, false, Qt::Key_Control, Qt::NoModifier, QString(), false, -1);
-        QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("a"));
-    }
-
-    void escapeEndsTheWalk()
-    {
-        AreaFixture f;
-        f.open(QStringLiteral("a"));
-        Document *b = f.open(QStringLiteral("b"));
-        f.currents.clear();
-        QTest::simulateEvent(b->edit, true, Qt::Key_Tab, Qt::ControlModifier, QString(), false, -1);
-        QTest::simulateEvent(b->edit, true, Qt::Key_Escape, Qt::ControlModifier, QString(), false,
-                             -1);
-        QTest::simulateEvent(b->edit, false, Qt::Key_Control, Qt::NoModifier, QString(), false, -1);
-        QVERIFY(f.currents.isEmpty());
-    }
-
-    void documentDestroyedDuringTheWalkIsNotChosen()
-    {
-        AreaFixture f;
-        Document *a = f.open(QStringLiteral("a"));
-        Document *b = f.open(QStringLiteral("b"));
-        QTest::simulateEvent(b->edit, true, Qt::Key_Tab, Qt::ControlModifier, QString(), false, -1);
-        delete a;
-        QTest::simulateEvent(b->edit, false, Qt::Key_Control, Qt::NoModifier, QString(), false, -1);
-        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
     }
 
     void arrowKeysChooseAndKeepTheFocusInTheBar()
@@ -428,6 +431,75 @@ private Q_SLOTS:
         QVERIFY(tabs->rect().contains(tabs->tabRect(39).center()));
         f.area->setCurrentSubWindow(f.area->subWindows().constFirst());
         QVERIFY(tabs->rect().contains(tabs->tabRect(0).center()));
+    }
+
+    void wheelScrollsTheTabsAndLeavesTheDocument()
+    {
+        AreaFixture f;
+        for (int i = 0; i < 40; ++i)
+            f.open(QStringLiteral("document %1").arg(i));
+        f.area->setCurrentSubWindow(f.area->subWindows().constFirst());
+        QTabBar *tabs = tabsOf(f);
+        QTRY_VERIFY(
+            tabs->findChild<QToolButton *>(QStringLiteral("ScrollRightButton"))->isVisible());
+        f.currents.clear();
+        const int first = tabs->tabRect(0).left();
+
+        turnWheel(tabs, QPoint(0, -120));
+        const int turned = tabs->tabRect(0).left();
+        QVERIFY(turned < first);
+        turnWheel(tabs, QPoint(-120, 0));
+        QVERIFY(tabs->tabRect(0).left() < turned);
+        for (int i = 0; i < 3; ++i)
+            turnWheel(tabs, QPoint(0, 120));
+
+        QCOMPARE(tabs->tabRect(0).left(), first);
+        QVERIFY(f.currents.isEmpty());
+        QCOMPARE(tabs->currentIndex(), 0);
+    }
+
+    void wheelReachesBothEndsAndStopsThere()
+    {
+        AreaFixture f;
+        for (int i = 0; i < 20; ++i)
+            f.open(QStringLiteral("document %1").arg(i));
+        QTabBar *tabs = tabsOf(f);
+        for (int i = 0; i < 50; ++i)
+            turnWheel(tabs, QPoint(0, 120));
+        QVERIFY(tabs->rect().contains(tabs->tabRect(0).center()));
+        for (int i = 0; i < 50; ++i)
+            turnWheel(tabs, QPoint(0, -120));
+        QVERIFY(tabs->rect().contains(tabs->tabRect(19).center()));
+    }
+
+    void wheelInSmallStepsScrollsOnceANotch()
+    {
+        AreaFixture f;
+        for (int i = 0; i < 40; ++i)
+            f.open(QStringLiteral("document %1").arg(i));
+        f.area->setCurrentSubWindow(f.area->subWindows().constFirst());
+        QTabBar *tabs = tabsOf(f);
+        turnWheel(tabs, QPoint(0, -120));
+        const int oneNotch = tabs->tabRect(0).left();
+        turnWheel(tabs, QPoint(0, 120));
+        for (int i = 0; i < 7; ++i)
+            turnWheel(tabs, QPoint(0, -15));
+        const int before = tabs->tabRect(0).left();
+        turnWheel(tabs, QPoint(0, -15));
+        QVERIFY(before > oneNotch);
+        QCOMPARE(tabs->tabRect(0).left(), oneNotch);
+    }
+
+    void wheelOverFewTabsDoesNothing()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.currents.clear();
+        turnWheel(tabsOf(f), QPoint(0, 120));
+        turnWheel(tabsOf(f), QPoint(0, -120));
+        QVERIFY(f.currents.isEmpty());
+        QCOMPARE(tabsOf(f)->currentIndex(), 1);
     }
 
     void openUrl(const QUrl &url) { m_opened = url; }
