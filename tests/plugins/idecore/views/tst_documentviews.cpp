@@ -13,13 +13,16 @@
 
 #include <QAction>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QMetaMethod>
 #include <QPointer>
+#include <QSet>
 #include <QStatusBar>
 #include <QTest>
+#include <QTimer>
+#include <QTranslator>
 
 #include <memory>
 
@@ -35,6 +38,44 @@ QByteArray pixels(const QIcon &icon)
                       static_cast<int>(image.sizeInBytes()));
 }
 
+/// Puts what the view manager says into angle brackets.
+class ViewTexts final : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        if (qstrcmp(context, "Core::ViewManager") != 0)
+            return {};
+        asked.append(text);
+        return QLatin1Char('<') + QString::fromUtf8(text) + QLatin1Char('>');
+    }
+
+    mutable QList<QByteArray> asked;
+};
+
+/// Notes the events of a type that a widget receives, in order.
+class EventJournal final : public QObject
+{
+public:
+    EventJournal(QObject *object, const QSet<QEvent::Type> &types)
+        : m_types(types)
+    {
+        object->installEventFilter(this);
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (m_types.contains(event->type()))
+            received.append(event->type());
+        return false;
+    }
+
+    QList<QEvent::Type> received;
+
+private:
+    QSet<QEvent::Type> m_types;
+};
+
 } // namespace
 
 class TestDocumentViews final : public QObject
@@ -44,15 +85,20 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void interfaceByName_data();
+    void interfaceByName();
+    void mainWindowHasNoParent();
     void fileMenu();
     void windowMenu();
     void panelsMenuBelongsToTheMainWindow();
+    void textsAreTranslated();
     void closeIsDisabledWithoutViews();
 
     void dialogParentIsTheMainWindow();
     void dialogParentIsTheModalWidget();
     void raiseWindowBringsTheMainWindowBack();
     void raiseWindowActivatesAnyOtherWindow();
+    void raiseWindowRaisesBeforeItActivates();
     void raiseWindowOfNothing();
 
     void showingAViewMakesItCurrent();
@@ -68,11 +114,15 @@ private Q_SLOTS:
     void closeViewReports();
     void closeViewMakesTheViewCurrentFirst();
     void closeViewRefused();
+    void closedSubWindowIsReported();
+    void closeIsReportedBeforeTheNextCurrentView();
     void closeViewThatIsNotShown();
     void closeNothingIsAnAssertion();
 
     void removeViewDoesNotAsk();
     void removeViewNeitherReportsNorUpdates();
+    void removeViewOfAnotherLeavesTheCurrentOne();
+    void removeViewOfTheCurrentOneMakesAnotherCurrent();
     void removeViewThatIsNotShown();
     void removeNothingIsAnAssertion();
 
@@ -117,6 +167,42 @@ void TestDocumentViews::cleanup()
     m_core.reset();
 }
 
+void TestDocumentViews::interfaceByName_data()
+{
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<int>("type");
+
+    const auto row = [](const char *signature, QMetaMethod::MethodType type) {
+        QTest::newRow(signature) << QByteArray(signature) << int(type);
+    };
+    row("viewActiveted(Core::IView*)", QMetaMethod::Signal);
+    row("viewClosed(Core::IView*)", QMetaMethod::Signal);
+    row("onCurrentSubWindowChanged(Utils::MdiSubWindow*)", QMetaMethod::Slot);
+    row("onSubWindowClose(Utils::MdiSubWindow*)", QMetaMethod::Slot);
+    row("updateWindowMenu()", QMetaMethod::Slot);
+    row("onActionMapped(QWidget*)", QMetaMethod::Slot);
+    row("onActClose()", QMetaMethod::Slot);
+    row("onActCloseAll()", QMetaMethod::Slot);
+    row("onActResetLayout()", QMetaMethod::Slot);
+}
+
+void TestDocumentViews::interfaceByName()
+{
+    QFETCH(QByteArray, signature);
+    QFETCH(int, type);
+    const QMetaObject &meta = ViewManager::staticMetaObject;
+
+    const int index = meta.indexOfMethod(signature);
+
+    QVERIFY(index >= 0);
+    QCOMPARE(int(meta.method(index).methodType()), type);
+}
+
+void TestDocumentViews::mainWindowHasNoParent()
+{
+    QVERIFY(!ViewManager::mainWindow()->parent());
+}
+
 void TestDocumentViews::fileMenu()
 {
     const QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.File"));
@@ -147,6 +233,26 @@ void TestDocumentViews::panelsMenuBelongsToTheMainWindow()
     const QMenu *panels = menu->actions().at(7)->menu();
 
     QCOMPARE(panels->parent(), ViewManager::mainWindow());
+}
+
+void TestDocumentViews::textsAreTranslated()
+{
+    m_core.reset();
+    ViewTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    m_core = std::make_unique<CoreFixture>();
+    showTestView("top.v");
+
+    const QStringList file =
+        menuEntries(Core::ActionManager::menu(QStringLiteral("Core.Menu.File")));
+    const QStringList window =
+        menuEntries(Core::ActionManager::menu(QStringLiteral("Core.Menu.Window")));
+    QCoreApplication::removeTranslator(&texts);
+
+    QCOMPARE(file.mid(9, 2), ::texts({"<&Close \"top.v\">", "<Close All>"}));
+    QCOMPARE(window.at(5), QStringLiteral("<Reset Layout>"));
+    QCOMPARE(window.at(7), QStringLiteral("> <Panels>"));
+    QVERIFY(texts.asked.contains("&Close"));
 }
 
 void TestDocumentViews::closeIsDisabledWithoutViews()
@@ -196,6 +302,23 @@ void TestDocumentViews::raiseWindowActivatesAnyOtherWindow()
     ViewManager::raiseWindow(child);
 
     QVERIFY(QTest::qWaitForWindowActive(&other));
+}
+
+void TestDocumentViews::raiseWindowRaisesBeforeItActivates()
+{
+    m_core->show();
+    QWidget other;
+    other.showMinimized();
+    ViewManager::mainWindow()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(ViewManager::mainWindow()));
+    const EventJournal journal(&other, {QEvent::ZOrderChange, QEvent::WindowActivate});
+
+    ViewManager::raiseWindow(&other);
+
+    QTRY_VERIFY(journal.received.contains(QEvent::WindowActivate));
+    QCOMPARE(journal.received.mid(0, 2),
+             (QList<QEvent::Type>{QEvent::ZOrderChange, QEvent::WindowActivate}));
+    QVERIFY(other.isMinimized());
 }
 
 void TestDocumentViews::raiseWindowOfNothing()
@@ -268,7 +391,7 @@ void TestDocumentViews::viewWithoutAnIconGetsTheLogo()
 {
     TestView *view = showTestView("view");
 
-    QVERIFY(!view->windowIcon().isNull());
+    QVERIFY(!view->windowIcon().pixmap(32, 32).isNull());
     QCOMPARE(pixels(view->windowIcon()),
              pixels(QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png"))));
 }
@@ -346,6 +469,34 @@ void TestDocumentViews::closeViewRefused()
     QVERIFY(closeAllAction()->isEnabled());
 }
 
+void TestDocumentViews::closedSubWindowIsReported()
+{
+    TestView *view = showTestView("view");
+    QList<IView *> closed;
+    connect(ViewManager::instance(), &ViewManager::viewClosed, this,
+            [&closed](IView *gone) { closed.append(gone); });
+
+    windowOf(view)->close();
+
+    QCOMPARE(closed, QList<IView *>{view});
+    QVERIFY(!closeAllAction()->isEnabled());
+}
+
+void TestDocumentViews::closeIsReportedBeforeTheNextCurrentView()
+{
+    QStringList journal;
+    showTestView("first", &journal);
+    TestView *second = showTestView("second", &journal);
+    connect(ViewManager::instance(), &ViewManager::viewClosed, this,
+            [&journal] { journal.append(QStringLiteral("closed")); });
+    windowOf(second)->setFocus();
+    journal.clear();
+
+    windowOf(second)->close();
+
+    QCOMPARE(journal, texts({"second asked", "closed", "second deactivated", "first activated"}));
+}
+
 void TestDocumentViews::closeViewThatIsNotShown()
 {
     TestView view(QStringLiteral("view"));
@@ -354,7 +505,9 @@ void TestDocumentViews::closeViewThatIsNotShown()
     QVERIFY(!ViewManager::closeView(&view));
 
     QCOMPARE(view.asked, 0);
-    QVERIFY(log.lines(QtCriticalMsg).isEmpty());
+    QCOMPARE(log.messages().size(), 1);
+    QCOMPARE(log.lines(QtDebugMsg),
+             QStringList{QStringLiteral("closing view: ") + logged(static_cast<IView *>(&view))});
 }
 
 void TestDocumentViews::closeNothingIsAnAssertion()
@@ -394,6 +547,31 @@ void TestDocumentViews::removeViewNeitherReportsNorUpdates()
     QVERIFY(enabledAfterRemoving);
     QVERIFY(!closeAllAction()->isEnabled());
     QCOMPARE(closed, 0);
+}
+
+void TestDocumentViews::removeViewOfAnotherLeavesTheCurrentOne()
+{
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
+
+    ViewManager::removeView(first);
+
+    QCOMPARE(ViewManager::currentView(), second);
+    QCOMPARE(second->activated, 1);
+    QCOMPARE(second->deactivated, 0);
+}
+
+void TestDocumentViews::removeViewOfTheCurrentOneMakesAnotherCurrent()
+{
+    QStringList journal;
+    TestView *first = showTestView("first", &journal);
+    TestView *second = showTestView("second", &journal);
+    journal.clear();
+
+    ViewManager::removeView(second);
+
+    QCOMPARE(journal, texts({"second deactivated", "first activated"}));
+    QCOMPARE(ViewManager::currentView(), first);
 }
 
 void TestDocumentViews::removeViewThatIsNotShown()
@@ -711,14 +889,17 @@ void TestDocumentViews::statusMessages()
 void TestDocumentViews::extensionsInitializedShowsTheMainWindowLater()
 {
     const QWidget *window = ViewManager::mainWindow();
-    QElapsedTimer timer;
-    timer.start();
+    bool shownBefore = true;
+    bool shownBehind = false;
+    QTimer::singleShot(990, this, [&] { shownBefore = window->isVisible(); });
 
     ViewManager::instance()->extensionsInitialized();
 
+    // What is due behind the window at start-up finds it shown.
+    QTimer::singleShot(1050, this, [&] { shownBehind = window->isVisible(); });
     QVERIFY(!window->isVisible());
-    QTRY_VERIFY(window->isVisible());
-    QVERIFY(timer.elapsed() >= 950); // a coarse timer may be 5 % early
+    QTRY_VERIFY(shownBehind);
+    QVERIFY(!shownBefore);
 }
 
 void TestDocumentViews::destroyedWithItsViews()
