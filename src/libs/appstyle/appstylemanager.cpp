@@ -6,6 +6,7 @@
 #include "appstyle/themepalette_p.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
@@ -30,6 +31,15 @@ QString storedTheme()
                              QStringLiteral("KelmoWare"), QStringLiteral("IDE"));
     const QVariant value = settings.value(QStringLiteral("Theme"));
     return value.type() == QVariant::String ? value.toString() : QString();
+}
+
+/// The icons of standard dialogs and of the text editor, where the desktop has none.
+void setIconTheme(const QString &theme)
+{
+    QIcon::setFallbackThemeName(theme == THEME_DARK ? QStringLiteral("breeze-dark")
+                                                    : QStringLiteral("breeze"));
+    // Naming the theme alone would leave icons that were looked up already.
+    QIcon::setThemeSearchPaths(QIcon::themeSearchPaths());
 }
 
 } // namespace
@@ -77,6 +87,7 @@ void AppStyleManager::setAppStyle(const QString &theme)
     QApplication::setPalette(palette);
     // Tool tips keep a palette of their own, taken from the desktop.
     QToolTip::setPalette(palette);
+    setIconTheme(d->theme);
     const QString fusion = QStringLiteral("fusion");
     if (QApplication::style()->objectName().compare(fusion, Qt::CaseInsensitive) != 0)
         QApplication::setStyle(QStyleFactory::create(fusion));

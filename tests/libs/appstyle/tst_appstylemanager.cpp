@@ -7,11 +7,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
+#include <QImage>
 #include <QLabel>
 #include <QMenu>
 #include <QPalette>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QStyle>
 #include <QTest>
 #include <QToolTip>
@@ -77,6 +80,7 @@ private Q_SLOTS:
     void unknownThemeIsClassic_data();
     void unknownThemeIsClassic();
     void styleIsFusion();
+    void iconsAreDrawnForTheTheme();
     void styleIsNotMadeAnewForAnotherTheme();
     void openWindowsMenusAndToolTipsFollow();
     void themeChangedIsSentAfterTheChange();
@@ -176,6 +180,23 @@ void TestAppStyleManager::unknownThemeIsClassic()
 
     QCOMPARE(AppStyleManager::instance()->currentTheme(), THEME_CLASSIC);
     QVERIFY(!isDark());
+}
+
+void TestAppStyleManager::iconsAreDrawnForTheTheme()
+{
+    // As a desktop says it; the test's platform knows no icons.
+    QIcon::setThemeSearchPaths(QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                                         QStringLiteral("icons"),
+                                                         QStandardPaths::LocateDirectory));
+    QIcon::setThemeName(QStringLiteral("hicolor"));
+    AppStyleManager::instance()->setAppStyle(THEME_DARK);
+    QCOMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze-dark"));
+    const QImage dark = QIcon::fromTheme(QStringLiteral("document-save")).pixmap(16).toImage();
+    AppStyleManager::instance()->setAppStyle(THEME_CLASSIC);
+    QCOMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze"));
+    const QImage light = QIcon::fromTheme(QStringLiteral("document-save")).pixmap(16).toImage();
+    QVERIFY(!dark.isNull());
+    QVERIFY(dark != light);
 }
 
 void TestAppStyleManager::styleIsFusion()
