@@ -138,13 +138,17 @@ bool AssistantProxy::Private::start(AssistantProxy *q)
         return false;
     }
     // A viewer that was killed is not worth a word; the next call starts another.
-    QObject::connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), q,
-                     [program](int code, QProcess::ExitStatus status) {
-                         if (status == QProcess::NormalExit && code != 0)
-                             tell(tr("The help viewer \"%1\" ended with the exit status %2.")
-                                      .arg(QDir::toNativeSeparators(program))
-                                      .arg(code));
-                     });
+    // Queued, because that call may come while the user reads, and deletes the
+    // process.
+    QObject::connect(
+        process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), q,
+        [program, ended = process](int code, QProcess::ExitStatus status) {
+            if (ended && status == QProcess::NormalExit && code != 0)
+                tell(tr("The help viewer \"%1\" ended with the exit status %2.")
+                         .arg(QDir::toNativeSeparators(program))
+                         .arg(code));
+        },
+        Qt::QueuedConnection);
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include <assistant/assistantproxy.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -14,6 +15,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 
 #include <csignal>
@@ -40,6 +42,8 @@ private Q_SLOTS:
     void viewerThatCannotStartIsTold();
     void missingCollectionIsTold();
     void viewerThatFailsIsTold();
+    void viewerMayBeStartedAnewWhileItsFailureIsTold();
+    void stopKeepsAFailureToItself();
     void collectionIsFoundFromTheExecutable();
     void collectionIsCopiedForTheUser();
     void newerCollectionIsCopiedAgain();
@@ -269,6 +273,45 @@ void TestAssistantProxy::viewerThatFailsIsTold()
     QTRY_VERIFY(box.met());
     QCOMPARE(box.text(), QStringLiteral("The help viewer \"%1\" ended with the exit status 3.")
                              .arg(QStringLiteral(FAKE_VIEWER)));
+}
+
+void TestAssistantProxy::viewerMayBeStartedAnewWhileItsFailureIsTold()
+{
+    qputenv("FAKE_VIEWER_MODE", "fail");
+    ModalDialog box([this](QWidget *widget) {
+        qunsetenv("FAKE_VIEWER_MODE");
+        m_proxy->startAssistant();
+        static_cast<QMessageBox *>(widget)->button(QMessageBox::Ok)->click();
+    });
+
+    m_proxy->startAssistant();
+
+    QTRY_VERIFY(box.met());
+    QVERIFY(m_proxy->isRunning());
+    QCOMPARE(children().size(), 1);
+}
+
+void TestAssistantProxy::stopKeepsAFailureToItself()
+{
+    qputenv("FAKE_VIEWER_MODE", "fail");
+    m_proxy->startAssistant();
+    auto *process = QCoreApplication::instance()->findChild<QProcess *>();
+    QVERIFY(process);
+    QVERIFY(process->waitForFinished());
+    bool told = false;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&told] {
+        if (QWidget *box = QApplication::activeModalWidget()) {
+            told = true;
+            box->close();
+        }
+    });
+    watch.start(0);
+
+    m_proxy->stopAssistant();
+
+    QCoreApplication::processEvents();
+    QVERIFY(!told);
 }
 
 void TestAssistantProxy::collectionIsFoundFromTheExecutable()
