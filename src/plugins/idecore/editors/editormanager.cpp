@@ -16,10 +16,19 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QMessageBox>
+#include <QSet>
 
 #include <algorithm>
+#include <vector>
 
 namespace Core {
+
+namespace {
+
+EditorManager *m_instance = nullptr;
+private_impl::EditorManagerPrivate *d = nullptr;
+
+} // namespace
 
 namespace private_impl {
 
@@ -29,32 +38,81 @@ MimeType determineMimeType(const QString &file)
     return type.isNull() ? IdeCore::mimeDatabase()->findByType(QStringLiteral("text/plain")) : type;
 }
 
-QList<IEditorFactory *> getFactoriesRecursively(const MimeType &mimeType,
-                                                const QList<IEditorFactory *> &factories)
+namespace {
+
+/// A type on the way up the hierarchy, and which of its parents comes next.
+struct Step
 {
-    QList<IEditorFactory *> found;
-    const QString type = mimeType.type();
-    for (IEditorFactory *factory : factories) {
-        if (factory->mimeTypes().contains(type))
-            found.append(factory);
-    }
-    const QStringList parents = mimeType.subClassesOf();
-    for (const QString &parent : parents)
-        found += getFactoriesRecursively(IdeCore::mimeDatabase()->findByType(parent), factories);
-    return found;
+    QString type;
+    QStringList parents;
+    int next;
+};
+
+/// @p type is a parent of the last of @p path, in which it stands already.
+void warnOfCycle(const std::vector<Step> &path, const QString &type)
+{
+    QStringList names{type};
+    auto step = path.crbegin();
+    do
+        names.append(step->type);
+    while ((step++)->type != type);
+    qWarning("%s: Inconsistent mime hierarchy detected, cycle of types: %s.", Q_FUNC_INFO,
+             qUtf8Printable(names.join(QLatin1String(" > "))));
 }
 
-namespace {
+/// Shows a message with an "OK" button. Plain text, unlike what the static
+/// functions of QMessageBox show: a file's name may look like markup.
+void showMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title, const QString &text)
+{
+    QMessageBox box(icon, title, text, QMessageBox::Ok, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Ok);
+    box.exec();
+}
 
 void showError(const QString &title, const QString &message, const QString &errorString)
 {
     QString text = message;
     if (!errorString.isEmpty())
         text += QLatin1Char('\n') + errorString;
-    QMessageBox::critical(ViewManager::mainWindow(), title, text, QMessageBox::Ok);
+    showMessage(QMessageBox::Critical, ViewManager::mainWindow(), title, text);
 }
 
 } // namespace
+
+QList<IEditorFactory *> getFactoriesRecursively(const MimeType &mimeType,
+                                                const QList<IEditorFactory *> &factories)
+{
+    QList<IEditorFactory *> found;
+    // The hierarchy comes from files, so neither its depth nor that it ends can
+    // be relied on.
+    std::vector<Step> path;
+    QSet<QString> onPath;
+    const auto enter = [&](const MimeType &entered) {
+        const QString type = entered.type();
+        if (onPath.contains(type)) {
+            warnOfCycle(path, type);
+            return;
+        }
+        for (IEditorFactory *factory : factories) {
+            if (factory->mimeTypes().contains(type))
+                found.append(factory);
+        }
+        onPath.insert(type);
+        path.push_back({type, entered.subClassesOf(), 0});
+    };
+    enter(mimeType);
+    while (!path.empty()) {
+        Step &step = path.back();
+        if (step.next < step.parents.size()) {
+            enter(IdeCore::mimeDatabase()->findByType(step.parents.at(step.next++)));
+        } else {
+            onPath.remove(step.type);
+            path.pop_back();
+        }
+    }
+    return found;
+}
 
 void openError(const QString &file, const QString &errorString)
 {
@@ -68,6 +126,11 @@ void saveError(const QString &file, const QString &errorString)
     showError(EditorManager::tr("Save File"),
               EditorManager::tr("Can not save to file \"%1\"").arg(QDir::toNativeSeparators(file)),
               errorString);
+}
+
+EditorManagerPrivate *EditorManagerPrivate::get()
+{
+    return d;
 }
 
 IEditor *EditorManagerPrivate::createEditor(const QString &file)
@@ -102,22 +165,39 @@ void EditorManagerPrivate::onEditorDestroyed(const QObject *editor)
 
 using private_impl::EditorManagerPrivate;
 
+EditorManager::EditorManager()
+{
+    m_instance = this;
+    d = new EditorManagerPrivate;
+}
+
+EditorManager::~EditorManager()
+{
+    delete d;
+    d = nullptr;
+    m_instance = nullptr;
+}
+
+EditorManager *EditorManager::instance()
+{
+    return m_instance;
+}
+
 IEditor *EditorManager::openEditor(const QString &file, bool readOnly)
 {
     const QFileInfo info(file);
     if (!info.exists()) {
-        QMessageBox::warning(ViewManager::dialogParent(), QStringLiteral("Warning"),
-                             QStringLiteral("Can not open %1, file does not exist.").arg(file),
-                             QMessageBox::Ok, QMessageBox::Ok);
+        private_impl::showMessage(
+            QMessageBox::Warning, ViewManager::dialogParent(), QStringLiteral("Warning"),
+            QStringLiteral("Can not open %1, file does not exist.").arg(file));
         return nullptr;
     }
-    auto *d = EditorManagerPrivate::get();
     const QString path = info.absoluteFilePath();
     qDebug() << "open editor for:" << path;
     if (IEditor *open = editorForFile(path)) {
         d->addFile(path);
         ViewManager::showView(open);
-        return open;
+        return d->editors.contains(open) ? open : nullptr;
     }
     IEditor *editor = EditorManagerPrivate::createEditor(path);
     if (!editor) {
@@ -134,6 +214,9 @@ IEditor *EditorManager::openEditor(const QString &file, bool readOnly)
     editor->setReadOnly(readOnly);
     d->addFile(path);
     d->placeEditor(editor);
+    // Whoever was told of the new current editor may have closed it already.
+    if (!d->editors.contains(editor))
+        return nullptr;
     connect(editor, &IEditor::saved, instance(), &EditorManager::onEditorSaved);
     return editor;
 }
@@ -145,7 +228,7 @@ IEditor *EditorManager::editorForFile(const QString &file)
         return name.midRef(name.lastIndexOf(QLatin1Char('/')) + 1);
     };
     const QStringRef wanted = lastPart(path);
-    for (IEditor *editor : qAsConst(EditorManagerPrivate::get()->editors)) {
+    for (IEditor *editor : qAsConst(d->editors)) {
         const QString name = editor->fileName();
         // Making a path absolute costs; with hundreds of editors most are told
         // apart by their last part, which only "." and ".." would change.
@@ -181,12 +264,12 @@ IEditorFactory *EditorManager::factoryForFile(const QString &file)
 
 IEditor *EditorManager::currentEditor()
 {
-    return EditorManagerPrivate::get()->current();
+    return d->current();
 }
 
 QList<IEditor *> EditorManager::allEditors()
 {
-    return EditorManagerPrivate::get()->editors;
+    return d->editors;
 }
 
 bool EditorManager::closeEditor(IEditor *editor)
@@ -201,7 +284,6 @@ bool EditorManager::closeEditor(const QString &file)
 
 void EditorManager::onCurrentViewChanged(Core::IView *widget)
 {
-    auto *d = EditorManagerPrivate::get();
     d->currentEditor = qobject_cast<IEditor *>(widget);
     d->updateActions();
     Q_EMIT currentEditorChanged(d->current());
@@ -211,7 +293,7 @@ void EditorManager::onEditorModified(bool modified)
 {
     Q_UNUSED(modified)
     if (qobject_cast<IEditor *>(sender()))
-        EditorManagerPrivate::get()->updateActions();
+        d->updateActions();
 }
 
 void EditorManager::onEditorSaved()

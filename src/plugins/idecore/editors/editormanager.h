@@ -30,7 +30,8 @@ public:
 
     /// Opens @p file in the editor for its type, or brings forward the editor
     /// that shows it already, in which case @p readOnly is ignored. Null when it
-    /// could not be opened; the user has been told why.
+    /// could not be opened and the user has been told why, or when somebody told of
+    /// the new current editor closed it at once.
     static IEditor *openEditor(const QString &file, bool readOnly = false);
     /// The open editor showing @p file; null when there is none. Links are not
     /// resolved.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-// Saving, closing and recent files.
+// The commands: saving, closing all, and recent files.
 
 #include <idecore/editors/editormanager.h>
 
@@ -30,8 +30,10 @@ namespace {
 
 constexpr int MAX_RECENT_FILES = 15;
 
-EditorManager *m_instance = nullptr;
-EditorManagerPrivate *d = nullptr;
+EditorManagerPrivate *d()
+{
+    return EditorManagerPrivate::get();
+}
 
 /// The wait cursor, as long as it lives.
 class WaitCursor final
@@ -43,29 +45,6 @@ public:
 };
 
 } // namespace
-
-EditorManagerPrivate *EditorManagerPrivate::get()
-{
-    return d;
-}
-
-EditorManager::EditorManager()
-{
-    m_instance = this;
-    d = new EditorManagerPrivate;
-}
-
-EditorManager::~EditorManager()
-{
-    delete d;
-    d = nullptr;
-    m_instance = nullptr;
-}
-
-EditorManager *EditorManager::instance()
-{
-    return m_instance;
-}
 
 void EditorManager::initialize()
 {
@@ -79,16 +58,18 @@ void EditorManager::initialize()
         connect(action, &QAction::triggered, this, slot);
         return action;
     };
-    d->actSave = createAction(A_FILE_SAVE, &EditorManager::onActSave);
-    d->actSaveAs = createAction(A_FILE_SAVEAS, &EditorManager::onActSaveAs);
-    d->actSaveAll = createAction(A_FILE_SAVEALL, &EditorManager::onActSaveAll);
+    d()->actSave = createAction(A_FILE_SAVE, &EditorManager::onActSave);
+    d()->actSaveAs = createAction(A_FILE_SAVEAS, &EditorManager::onActSaveAs);
+    d()->actSaveAll = createAction(A_FILE_SAVEALL, &EditorManager::onActSaveAll);
 
-    d->recentMenu = new QMenu(tr("Recent Files"), ViewManager::mainWindow());
+    d()->recentMenu = new QMenu(tr("Recent Files"), ViewManager::mainWindow());
     ActionManager::menu(QString::fromLatin1(M_FILE))
-        ->insertMenu(ActionManager::separator(QString::fromLatin1(SEP_FILE_EXIT_F)), d->recentMenu);
-    connect(d->recentMenu, &QMenu::aboutToShow, this, &EditorManager::showRecentMenu);
+        ->insertMenu(ActionManager::separator(QString::fromLatin1(SEP_FILE_EXIT_F)),
+                     d()->recentMenu);
+    connect(d()->recentMenu, &QMenu::aboutToShow, this, &EditorManager::showRecentMenu);
 
-    d->recentFiles = IdeCore::userSettings()->value(private_impl::KEY_RECENT_FILES).toStringList();
+    d()->recentFiles =
+        IdeCore::userSettings()->value(private_impl::KEY_RECENT_FILES).toStringList();
 
     connect(ViewManager::instance(), &ViewManager::viewActiveted, this,
             &EditorManager::onCurrentViewChanged);
@@ -121,7 +102,7 @@ bool EditorManagerPrivate::hasEditorModified() const
 
 void EditorManager::onActSave()
 {
-    const QPointer<IEditor> editor = d->current();
+    const QPointer<IEditor> editor = d()->current();
     if (!editor || !editor->isModified())
         return;
     QString errorString;
@@ -136,7 +117,7 @@ void EditorManager::onActSave()
 
 void EditorManager::onActSaveAs()
 {
-    const QPointer<IEditor> editor = d->current();
+    const QPointer<IEditor> editor = d()->current();
     if (!editor)
         return;
     const QString fileName =
@@ -152,7 +133,7 @@ void EditorManager::onActSaveAs()
         ok = editor->saveAs(fileName, &errorString);
     }
     if (ok)
-        d->addRecentFile(fileName);
+        d()->addRecentFile(fileName);
     else
         private_impl::saveError(fileName, errorString);
 }
@@ -161,23 +142,23 @@ void EditorManager::onActSaveAll()
 {
     {
         const WaitCursor cursor;
-        const QList<IEditor *> editors = d->editors;
+        const QList<IEditor *> editors = d()->editors;
         for (IEditor *editor : editors) {
             // One that fails stays modified, and its Save tells why. One that
             // went while another was saved is none of ours any more.
-            if (d->editors.contains(editor) && editor->isModified())
+            if (d()->editors.contains(editor) && editor->isModified())
                 editor->save(nullptr);
         }
     }
-    d->updateActions();
+    d()->updateActions();
 }
 
 bool EditorManager::closeAllEditors()
 {
-    const QList<IEditor *> editors = d->editors;
+    const QList<IEditor *> editors = d()->editors;
     for (IEditor *editor : editors) {
         // One that went with another is closed already.
-        if (d->editors.contains(editor) && !closeEditor(editor))
+        if (d()->editors.contains(editor) && !closeEditor(editor))
             return false;
     }
     return true;
@@ -188,14 +169,14 @@ void EditorManager::onEditorClosed(Core::IView *view)
     auto *editor = qobject_cast<IEditor *>(view);
     if (!editor)
         return;
-    d->editors.removeAll(editor);
+    d()->editors.removeAll(editor);
     disconnect(editor, &IEditor::saved, this, &EditorManager::onEditorSaved);
-    d->updateActions();
+    d()->updateActions();
 }
 
 QStringList EditorManager::recentFiles()
 {
-    return d->recentFiles;
+    return d()->recentFiles;
 }
 
 void EditorManagerPrivate::addFile(const QString &file)
@@ -220,17 +201,17 @@ void EditorManagerPrivate::storeRecentFiles() const
 
 void EditorManager::showRecentMenu()
 {
-    const QList<QAction *> old = d->recentMenu->actions();
+    const QList<QAction *> old = d()->recentMenu->actions();
     qDeleteAll(old);
-    d->recentMenu->clear();
-    for (const QString &file : qAsConst(d->recentFiles)) {
-        auto *action = new QAction(file, d->recentMenu);
-        d->recentMenu->addAction(action);
+    d()->recentMenu->clear();
+    for (const QString &file : qAsConst(d()->recentFiles)) {
+        auto *action = new QAction(file, d()->recentMenu);
+        d()->recentMenu->addAction(action);
         connect(action, &QAction::triggered, this, &EditorManager::onActRecent);
     }
-    if (!d->recentFiles.isEmpty()) {
-        d->recentMenu->addSeparator();
-        QAction *clear = d->recentMenu->addAction(tr("Clear"));
+    if (!d()->recentFiles.isEmpty()) {
+        d()->recentMenu->addSeparator();
+        QAction *clear = d()->recentMenu->addAction(tr("Clear"));
         connect(clear, &QAction::triggered, this, &EditorManager::onActClearRecent);
     }
 }
@@ -243,8 +224,8 @@ void EditorManager::onActRecent()
 
 void EditorManager::onActClearRecent()
 {
-    d->recentFiles.clear();
-    d->storeRecentFiles();
+    d()->recentFiles.clear();
+    d()->storeRecentFiles();
 }
 
 } // namespace Core

@@ -31,8 +31,6 @@
 
 #include <memory>
 
-#include <sys/stat.h>
-
 using Core::EditorManager;
 using Core::IEditor;
 using Core::IEditorFactory;
@@ -105,6 +103,8 @@ private Q_SLOTS:
     void relativeAndAbsolutePathAreTheSameFile();
     void pathWithDotsIsTheSameFile();
     void openingAgainIgnoresReadOnly();
+    void openingAgainRecordsBeforeShowing();
+    void openingAgainReportsASaveOnce();
     void letterCaseMakesAnotherFile();
     void linkIsAnotherFile();
     void editorForFileFollowsARename();
@@ -132,15 +132,14 @@ private Q_SLOTS:
     void destroyedEditorLeavesNothingBehind();
     void destroyedEditorUpdatesTheCommands();
     void destroyedSubWindowLeavesNothingBehind();
+    void editorClosedByWhoeverIsToldOfIt();
+    void editorClosedWhenShownAgain();
     void savedIsReported();
+    void savedByNoEditorIsIgnored();
     void logLines();
+    void stepsOfOpeningInOrder();
     void refusedFilesAreNotLogged();
 
-    void directory();
-    void fifoDoesNotHang();
-    void unreadableFile();
-    void oddNames_data();
-    void oddNames();
     void openingAsksEachOpenEditorOnce();
 
 private:
@@ -461,6 +460,33 @@ void TestOpenEditor::openingAgainIgnoresReadOnly()
     QCOMPARE(m_factory->last->readOnlySet.size(), 1);
 }
 
+void TestOpenEditor::openingAgainRecordsBeforeShowing()
+{
+    const QString a = makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(a, false);
+    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    QStringList recent;
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this,
+            [&recent] { recent = EditorManager::recentFiles(); });
+
+    EditorManager::openEditor(a, false);
+
+    QCOMPARE(recent.value(0), a);
+}
+
+void TestOpenEditor::openingAgainReportsASaveOnce()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(path, false);
+    EditorManager::openEditor(path, false);
+    int saved = 0;
+    connect(EditorManager::instance(), &EditorManager::fileSaved, this, [&saved] { ++saved; });
+
+    Q_EMIT m_factory->last->saved();
+
+    QCOMPARE(saved, 1);
+}
+
 void TestOpenEditor::letterCaseMakesAnotherFile()
 {
     IEditor *lower = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
@@ -775,6 +801,45 @@ void TestOpenEditor::destroyedSubWindowLeavesNothingBehind()
     Q_UNUSED(editor)
 }
 
+void TestOpenEditor::editorClosedByWhoeverIsToldOfIt()
+{
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this,
+            [](IEditor *editor) { delete editor; });
+
+    QCOMPARE(EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false), nullptr);
+
+    QVERIFY(EditorManager::allEditors().isEmpty());
+    QCOMPARE(EditorManager::currentEditor(), nullptr);
+}
+
+void TestOpenEditor::editorClosedWhenShownAgain()
+{
+    const QString path = makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(path, false);
+    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    QObject listener;
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, &listener,
+            [&listener](IEditor *editor) {
+                EditorManager::instance()->disconnect(&listener);
+                EditorManager::closeEditor(editor);
+            });
+
+    QCOMPARE(EditorManager::openEditor(path, false), nullptr);
+
+    QCOMPARE(EditorManager::allEditors().size(), 1);
+}
+
+void TestOpenEditor::savedByNoEditorIsIgnored()
+{
+    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    int saved = 0;
+    connect(EditorManager::instance(), &EditorManager::fileSaved, this, [&saved] { ++saved; });
+
+    EditorManager::instance()->onEditorSaved();
+
+    QCOMPARE(saved, 0);
+}
+
 void TestOpenEditor::savedIsReported()
 {
     const QString path = makeFile(QStringLiteral("a.txt"));
@@ -805,6 +870,28 @@ void TestOpenEditor::logLines()
     QVERIFY2(created.constFirst().contains(address), qPrintable(created.constFirst()));
 }
 
+void TestOpenEditor::stepsOfOpeningInOrder()
+{
+    MessageRecorder log;
+
+    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+
+    // The context is there when the focus comes.
+    const QString registered =
+        QStringLiteral("register context: %1 \"Core.EditorManager.Context\"").arg(logged(editor));
+    QStringList steps;
+    for (const QString &line : log.lines(QtDebugMsg)) {
+        for (const char *start : {"open editor for:", "create editor:", "register context:",
+                                  "show view:", "current view:"}) {
+            if (line.startsWith(QLatin1String(start)))
+                steps.append(QLatin1String(start));
+        }
+    }
+    QCOMPARE(steps, texts({"open editor for:", "create editor:", "register context:", "show view:",
+                           "current view:"}));
+    QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("register context:")), QStringList{registered});
+}
+
 void TestOpenEditor::refusedFilesAreNotLogged()
 {
     MessageRecorder log;
@@ -813,65 +900,6 @@ void TestOpenEditor::refusedFilesAreNotLogged()
     EditorManager::openEditor(m_folder->filePath(QStringLiteral("missing.txt")), false);
 
     QVERIFY(log.lines(QtDebugMsg, QStringLiteral("open editor for:")).isEmpty());
-}
-
-void TestOpenEditor::directory()
-{
-    m_factory->prepare = [](TestEditor *editor) {
-        editor->failOpen = true;
-        editor->errorText = QStringLiteral("It is a folder.");
-    };
-    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
-
-    QCOMPARE(EditorManager::openEditor(m_folder->path(), false), nullptr);
-
-    QCOMPARE(box.text(),
-             QStringLiteral("Can not open file \"%1\"\nIt is a folder.").arg(m_folder->path()));
-}
-
-void TestOpenEditor::fifoDoesNotHang()
-{
-    const QString fifo = m_folder->filePath(QStringLiteral("fifo"));
-    QCOMPARE(mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
-
-    QVERIFY(EditorManager::openEditor(fifo, false));
-
-    QCOMPARE(m_factory->last->opened, QStringList{fifo});
-}
-
-void TestOpenEditor::unreadableFile()
-{
-    const QString path = makeFile(QStringLiteral("secret"));
-    QVERIFY(QFile::setPermissions(path, QFileDevice::Permissions()));
-
-    // What can be read is the editor's to say.
-    QVERIFY(EditorManager::openEditor(path, false));
-}
-
-void TestOpenEditor::oddNames_data()
-{
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("line break") << QStringLiteral("two\nlines.txt");
-    QTest::newRow("not ASCII") << QStringLiteral("größe 设计.txt");
-    QTest::newRow("placeholders") << QStringLiteral("%1 %2 %n.txt");
-    QTest::newRow("mnemonic") << QStringLiteral("a&b.txt");
-    QTest::newRow("quotes") << QStringLiteral("\"a\", <b>.txt");
-    QTest::newRow("blank") << QStringLiteral(" .txt");
-}
-
-void TestOpenEditor::oddNames()
-{
-    QFETCH(QString, name);
-    const QString path = makeFile(name);
-
-    IEditor *editor = EditorManager::openEditor(path, false);
-
-    QVERIFY(editor);
-    QCOMPARE(EditorManager::openEditor(path, false), editor);
-    QCOMPARE(EditorManager::recentFiles(), QStringList{path});
-    QCOMPARE(EditorManagerPrivate::get()->actSaveAs->toolTip(),
-             QString(QStringLiteral("Save \"") + name + QStringLiteral("\" As")));
 }
 
 void TestOpenEditor::openingAsksEachOpenEditorOnce()
