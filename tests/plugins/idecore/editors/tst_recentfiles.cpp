@@ -6,6 +6,7 @@
 #include "support/testeditor.h"
 
 #include <idecore/actions/actionmanager.h>
+#include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
 #include <idecore/mainwindow/idemainwindow.h>
@@ -18,6 +19,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -85,6 +87,7 @@ private Q_SLOTS:
     void separatorsAreNative();
     void addFileIsTheSame();
     void everyChangeIsStored();
+    void nothingIsStoredAtShutdown();
     void clearEmptiesMenuAndStore();
     void choosingAnEntryOpensTheFile();
     void choosingAMissingFileKeepsIt();
@@ -99,6 +102,7 @@ private Q_SLOTS:
     void strangeValues_data();
     void strangeValues();
     void corruptStoreIsOvercome();
+    void storeThatCannotBeUsedLeavesTheListInMemory();
 
 private:
     void restart();
@@ -238,6 +242,16 @@ void TestRecentFiles::everyChangeIsStored()
 
     EditorManagerPrivate::get()->addRecentFile(QStringLiteral("/b"));
     QCOMPARE(CoreFixture::storedSetting(KEY).toStringList(), texts({"/b", "/a"}));
+}
+
+void TestRecentFiles::nothingIsStoredAtShutdown()
+{
+    EditorManagerPrivate::get()->addRecentFile(QStringLiteral("/a"));
+    CoreFixture::storeSetting(KEY, texts({"/other"}));
+
+    m_core->shutdown();
+
+    QCOMPARE(CoreFixture::storedSetting(KEY).toStringList(), texts({"/other"}));
 }
 
 void TestRecentFiles::clearEmptiesMenuAndStore()
@@ -401,6 +415,22 @@ void TestRecentFiles::corruptStoreIsOvercome()
     EditorManagerPrivate::get()->addRecentFile(QStringLiteral("/new"));
     restart();
     QCOMPARE(EditorManager::recentFiles(), texts({"/new"}));
+}
+
+void TestRecentFiles::storeThatCannotBeUsedLeavesTheListInMemory()
+{
+    m_core.reset();
+    const QString file = CoreFixture::settingsFile();
+    QFile::remove(file);
+    QVERIFY(QDir().mkpath(file));
+    m_core = std::make_unique<CoreFixture>(CoreFixture::Settings::Keep);
+
+    EditorManagerPrivate::get()->addRecentFile(QStringLiteral("/a"));
+    Core::IdeCore::userSettings()->sync();
+
+    QCOMPARE(listed(), texts({"/a", "--", "Clear"}));
+    m_core.reset();
+    QVERIFY(QDir().rmdir(file));
 }
 
 QTEST_MAIN(TestRecentFiles)

@@ -90,6 +90,7 @@ private Q_SLOTS:
     void saveIsEnabledWhileModified();
     void saveAllIsEnabledWhileAnyIsModified();
     void modificationOfAnotherEditorCounts();
+    void firstModifiedEditorIsEnough();
     void commandsFollowTheCurrentEditor();
     void otherViewDisablesButKeepsTheTitles();
     void menuShowsTheEditorsTitleWhileItsContextIsCurrent();
@@ -256,6 +257,20 @@ void TestSaveEditor::modificationOfAnotherEditorCounts()
     QVERIFY(d()->actSaveAll->isEnabled());
 }
 
+void TestSaveEditor::firstModifiedEditorIsEnough()
+{
+    TestEditor *first = open(QStringLiteral("a.txt"));
+    TestEditor *second = open(QStringLiteral("b.txt"), true);
+    const TestEditor *third = open(QStringLiteral("c.txt"), true);
+    first->modifiedAsked = second->modifiedAsked = third->modifiedAsked = 0;
+
+    QVERIFY(d()->hasEditorModified());
+
+    QCOMPARE(first->modifiedAsked, 1);
+    QCOMPARE(second->modifiedAsked, 1);
+    QCOMPARE(third->modifiedAsked, 0);
+}
+
 void TestSaveEditor::commandsFollowTheCurrentEditor()
 {
     TestEditor *first = open(QStringLiteral("a.txt"), true);
@@ -323,6 +338,7 @@ void TestSaveEditor::saveSavesWithTheWaitCursor()
     QVERIFY(editor->saveGotErrorString);
     QVERIFY(editor->waitCursorWhileSaving);
     QVERIFY(!QApplication::overrideCursor());
+    QCOMPARE(editor->savedAs, QStringList());
     QVERIFY(!d()->actSave->isEnabled());
     QVERIFY(!d()->actSaveAll->isEnabled());
 }
@@ -494,6 +510,7 @@ void TestSaveEditor::failedSaveAs()
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
             QVERIFY(box);
             text = box->text();
+            QVERIFY(!QApplication::overrideCursor());
             ModalDialog::press(QMessageBox::Ok)(box);
         });
         choose(other)(widget);

@@ -50,6 +50,12 @@ QString TestEditor::fileName() const
     return m_fileName;
 }
 
+bool TestEditor::isModified() const
+{
+    ++modifiedAsked;
+    return m_modified;
+}
+
 bool TestEditor::save(QString *errorString)
 {
     note(QStringLiteral("save"));

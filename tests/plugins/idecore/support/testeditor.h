@@ -43,6 +43,8 @@ public:
     /// Whether the wait cursor was up during the last save() or saveAs().
     bool waitCursorWhileSaving = false;
     QList<bool> readOnlySet;
+    /// Counts the calls of isModified().
+    mutable int modifiedAsked = 0;
     /// Counts the calls of fileName(), where set.
     int *fileNameAsked = nullptr;
 
@@ -54,7 +56,7 @@ public:
     void setReadOnly(bool readOnly) override;
     bool open(const QString &fileName, QString *errorString) override;
     [[nodiscard]] QString fileName() const override;
-    [[nodiscard]] bool isModified() const override { return m_modified; }
+    [[nodiscard]] bool isModified() const override;
     bool save(QString *errorString) override;
     bool saveAs(const QString &fileName, QString *errorString) override;
 
