@@ -150,12 +150,16 @@ void MdiArea::Private::setTabbed(bool on)
     placeTabBar();
     const QVector<MdiSubWindow *> windows = creation;
     for (MdiSubWindow *window : windows) {
-        window->setFramed(!on);
-        if (window == current)
+        // What reacts to being shown or hidden may have destroyed it.
+        if (!creation.contains(window))
             continue;
-        if (on) {
+        // Hidden first, or it would be laid out once more without its frame.
+        if (on && window != current)
             putToSleep(window);
-        } else {
+        if (!creation.contains(window))
+            continue;
+        window->setFramed(!on);
+        if (!on && window != current) {
             window->setDormant(false);
             window->showQuietly();
         }

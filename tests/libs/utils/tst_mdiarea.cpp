@@ -36,6 +36,28 @@ Titles titles(const QList<MdiSubWindow *> &windows)
         result.append(window->shortTitle());
     return result;
 }
+
+/// Destroys a window from within an event.
+class Destroyer final : public QObject
+{
+public:
+    Destroyer(QEvent::Type type, const QPointer<MdiSubWindow> &victim)
+        : m_type(type)
+        , m_victim(victim)
+    {
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            delete m_victim;
+        return false;
+    }
+
+private:
+    const QEvent::Type m_type;
+    const QPointer<MdiSubWindow> m_victim;
+};
 } // namespace
 
 class TestMdiArea : public QObject
@@ -432,6 +454,31 @@ private Q_SLOTS:
         f.area->tileSubWindows();
         f.area->cascadeSubWindows();
         QVERIFY(f.area->isTabbed());
+    }
+
+    void documentMayDestroyAWindowWhenItIsShownOrHidden_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("shown") << int(QEvent::Show);
+        QTest::newRow("hidden") << int(QEvent::Hide);
+    }
+
+    void documentMayDestroyAWindowWhenItIsShownOrHidden()
+    {
+        QFETCH(int, type);
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        const QPointer<MdiSubWindow> b(AreaFixture::windowOf(f.open(QStringLiteral("b"))));
+        f.open(QStringLiteral("c"));
+        Destroyer destroyer(QEvent::Type(type), b);
+        a->installEventFilter(&destroyer);
+
+        f.area->tileSubWindows();
+        f.area->showTabs();
+
+        QVERIFY(!b);
+        QCOMPARE(f.area->subWindows().size(), 2);
+        QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("c"));
     }
 
     void clickActivatesATiledWindow()
