@@ -12,11 +12,32 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+namespace {
+class CountingLayout final : public QVBoxLayout
+{
+public:
+    explicit CountingLayout(Document *document)
+        : QVBoxLayout(document)
+        , m_document(document)
+    {
+    }
+
+    void setGeometry(const QRect &rect) override
+    {
+        ++m_document->layouts;
+        QVBoxLayout::setGeometry(rect);
+    }
+
+private:
+    Document *const m_document;
+};
+} // namespace
+
 Document::Document(const QString &title)
     : edit(new QLineEdit(this))
 {
     setWindowTitle(title);
-    auto *box = new QVBoxLayout(this);
+    auto *box = new CountingLayout(this);
     box->addWidget(edit);
 }
 

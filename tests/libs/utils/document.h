@@ -30,6 +30,9 @@ public:
     int closes = 0;
     int paints = 0;
     int resizes = 0;
+    int layouts = 0;
+
+    void forgetCounts() { closes = paints = resizes = layouts = 0; }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
