@@ -27,23 +27,19 @@ FileMatchContext::State FileMatchContext::state()
 
 const QByteArray &FileMatchContext::data()
 {
-    if (state() == State::DataNotRead)
-        read();
-    return m_data;
-}
-
-void FileMatchContext::read()
-{
+    if (state() != State::DataNotRead)
+        return m_data;
     const QString path = m_fileInfo.absoluteFilePath();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         qWarning("%s failed to open %s: %s\n", Q_FUNC_INFO, qUtf8Printable(path),
                  qUtf8Printable(file.errorString()));
         m_state = State::NoDataAvailable;
-        return;
+        return m_data;
     }
     m_data = file.read(MaxData);
     m_state = State::DataRead;
+    return m_data;
 }
 
 } // namespace Internal

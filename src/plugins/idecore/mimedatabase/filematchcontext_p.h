@@ -38,8 +38,6 @@ public:
 private:
     Q_DISABLE_COPY(FileMatchContext)
 
-    void read();
-
     const QFileInfo m_fileInfo;
     const QString m_fileName;
     QByteArray m_data;
