@@ -15,6 +15,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 namespace {
 void withMenu(QTabBar *tabs, QContextMenuEvent::Reason reason, const QPoint &pos,
@@ -77,4 +78,12 @@ void choose(QTabBar *tabs, int index, const char *text)
         QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
                           menu->actionGeometry(action).center());
     });
+}
+
+void turnWheel(QTabBar *tabs, const QPoint &delta)
+{
+    const QPointF pos = tabs->rect().center();
+    QWheelEvent event(pos, tabs->mapToGlobal(pos.toPoint()), QPoint(), delta, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(tabs, &event);
 }

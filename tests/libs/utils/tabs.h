@@ -27,4 +27,7 @@ void withMenuByKey(QTabBar *tabs, const MenuHandler &use);
 [[nodiscard]] QAction *entry(const QMenu *menu, const char *text);
 void choose(QTabBar *tabs, int index, const char *text);
 
+/// Turns the wheel by @p delta, one notch being 120; towards the user is negative.
+void turnWheel(QTabBar *tabs, const QPoint &delta);
+
 #endif // TESTS_LIBS_UTILS_TABS_H

@@ -25,7 +25,6 @@
 #include <QToolButton>
 #include <QToolTip>
 #include <QUrl>
-#include <QWheelEvent>
 
 using Utils::MdiSubWindow;
 
@@ -37,15 +36,6 @@ QIcon filled(Qt::GlobalColor colour)
     QPixmap pixmap(16, 16);
     pixmap.fill(colour);
     return QIcon(pixmap);
-}
-
-/// Turns the wheel by @p delta, one notch being 120; towards the user is negative.
-void turnWheel(QTabBar *tabs, const QPoint &delta)
-{
-    const QPointF pos = tabs->rect().center();
-    QWheelEvent event(pos, tabs->mapToGlobal(pos.toPoint()), QPoint(), delta, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(tabs, &event);
 }
 } // namespace
 
