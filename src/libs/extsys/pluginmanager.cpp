@@ -10,6 +10,7 @@
 #include "pluginspec_p.h"
 
 #include <QDebug>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -20,9 +21,14 @@ class PluginManager::Private
 public:
     ObjectPool pool;
     PluginSpecs specs;
-    /// In the order of their initialisation.
+    /// In the order of their initialisation; shutDown() is due to them whatever
+    /// came later.
     std::vector<PluginSpec *> initialized;
+    /// Plugins are being started or shut down: their code may come back here,
+    /// while the lists above are walked.
+    bool busy = false;
 
+    [[nodiscard]] bool isRunning() const { return busy || !initialized.empty(); }
     void start(PluginSpec *spec);
 };
 
@@ -93,7 +99,7 @@ const PluginSpec *PluginManager::corePlugin() const
 
 void PluginManager::findPlugins(const QStringList &folders)
 {
-    if (!d->initialized.empty()) {
+    if (d->isRunning()) {
         qWarning() << "PluginManager: plugins are running, the search is refused";
         return;
     }
@@ -106,10 +112,11 @@ void PluginManager::findPlugins(const QStringList &folders)
 
 bool PluginManager::startPlugins(Selection selection)
 {
-    if (!d->initialized.empty()) {
+    if (d->isRunning()) {
         qWarning() << "PluginManager: plugins are running, a second start is refused";
         return false;
     }
+    const QScopedValueRollback<bool> busy(d->busy, true);
     const PluginSpec *const core = corePlugin();
     for (const auto &spec : d->specs) {
         const bool wanted = selection == Selection::All || spec->isCore();
@@ -139,7 +146,12 @@ bool PluginManager::startPlugins(Selection selection)
 
 void PluginManager::shutDown()
 {
-    // Taken first: code that runs at the end of plugins may come back here.
+    if (d->busy) {
+        qWarning()
+            << "PluginManager: plugins are being started or shut down, a shut-down is refused";
+        return;
+    }
+    const QScopedValueRollback<bool> busy(d->busy, true);
     const std::vector<PluginSpec *> running = std::exchange(d->initialized, {});
     for (auto it = running.rbegin(); it != running.rend(); ++it) {
         const QString earlier = (*it)->error();

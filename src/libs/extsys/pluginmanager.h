@@ -88,7 +88,8 @@ public:
     [[nodiscard]] bool startPlugins(Selection selection = Selection::All);
     /// Shuts the running plugins down in the reverse order of their
     /// initialisation and then destroys their objects in that order. Their
-    /// libraries stay loaded. A second call does nothing.
+    /// libraries stay loaded. A second call does nothing. Refused to plugins that
+    /// are just being started or shut down.
     void shutDown();
 
 Q_SIGNALS:

@@ -113,7 +113,6 @@ void PluginRunner::initialize()
     }
     if (!m_spec->isStopped()) {
         m_spec->state = PluginSpec::State::Initialized;
-        m_spec->initialized = true;
         return;
     }
     const QList<QObject *> after = pool->allObjects();

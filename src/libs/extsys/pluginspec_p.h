@@ -27,8 +27,6 @@ public:
     QString error;
     /// A plugin may destroy itself.
     QPointer<IPlugin> plugin;
-    /// initialize() succeeded, so that shutDown() is due whatever came later.
-    bool initialized = false;
 
     PluginCost loadCost;
     PluginCost initializeCost;

@@ -68,6 +68,8 @@ private Q_SLOTS:
     void pluginsWithoutACoreStart();
     void aSecondStartIsRefused();
     void aSearchWhilePluginsRunIsRefused();
+    void aPluginBeingStartedMayNotSearchStartOrShutDown();
+    void aPluginBeingShutDownMayNotSearchStartOrShutDown();
     void aSecondShutDownDoesNothing();
     void pluginsCanBeFoundAndStartedAgain();
 
@@ -107,13 +109,31 @@ private:
         return journal().filter(QRegularExpression(QStringLiteral("\\.%1$").arg(name(call))));
     }
 
+    /// What the code of a plugin may try while it is called.
+    void comeBack()
+    {
+        for (const char *refused : {"plugins are running, the search is refused",
+                                    "plugins are running, a second start is refused",
+                                    "plugins are being started or shut down, a shut-down is "
+                                    "refused"}) {
+            QTest::ignoreMessage(
+                QtWarningMsg,
+                qPrintable(QStringLiteral("PluginManager: %1").arg(QLatin1String(refused))));
+        }
+        manager()->findPlugins({});
+        m_refusals.append(!manager()->startPlugins());
+        manager()->shutDown();
+    }
+
     bool m_started = false;
+    QVector<bool> m_refusals;
 };
 
 void TestPluginStart::init()
 {
     QCoreApplication::instance()->setProperty("journal", QStringList());
     m_started = false;
+    m_refusals.clear();
 }
 
 void TestPluginStart::cleanup()
@@ -266,6 +286,35 @@ void TestPluginStart::aSearchWhilePluginsRunIsRefused()
     manager()->findPlugins({});
 
     QCOMPARE(foundNames(), names({"Gamma"}));
+}
+
+void TestPluginStart::aPluginBeingStartedMayNotSearchStartOrShutDown()
+{
+    const PluginFolder folder(names({"Beta", "Gamma"}));
+    connect(manager(), &PluginManager::objectAdded, this, &TestPluginStart::comeBack);
+
+    start(folder);
+
+    QVERIFY(m_started);
+    QCOMPARE(m_refusals, QVector<bool>({true, true}));
+    QCOMPARE(foundNames(), names({"Gamma", "Beta"}));
+    QCOMPARE(journalOf("extensionsInitialized"),
+             names({"Beta.extensionsInitialized", "Gamma.extensionsInitialized"}));
+    QCOMPARE(journalOf("shutDown"), QStringList());
+}
+
+void TestPluginStart::aPluginBeingShutDownMayNotSearchStartOrShutDown()
+{
+    const PluginFolder folder(names({"Beta", "Gamma"}));
+    start(folder);
+    connect(manager(), &PluginManager::aboutToRemoveObject, this, &TestPluginStart::comeBack);
+
+    manager()->shutDown();
+
+    QCOMPARE(m_refusals, QVector<bool>({true, true}));
+    QCOMPARE(foundNames(), names({"Gamma", "Beta"}));
+    QCOMPARE(journalOf("shutDown"), names({"Beta.shutDown", "Gamma.shutDown"}));
+    QCOMPARE(journalOf("destroyed"), names({"Beta.destroyed", "Gamma.destroyed"}));
 }
 
 void TestPluginStart::aSecondShutDownDoesNothing()
