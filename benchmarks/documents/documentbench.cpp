@@ -11,6 +11,7 @@
 #include <KTextEditor/View>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -18,7 +19,9 @@
 #include <QPlainTextEdit>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QThread>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <ctime>
@@ -90,8 +93,18 @@ void Host::show(QWidget *middle)
     m_window->resize(1200, 800);
     m_window->show();
     m_window->activateWindow();
-    for (int i = 0; i < 200 && !m_window->isActiveWindow(); ++i)
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    const auto isOnScreen = [this] {
+        return m_window->isActiveWindow() && m_window->windowHandle()->isExposed();
+    };
+    QElapsedTimer waited;
+    waited.start();
+    while (!isOnScreen() && !waited.hasExpired(10000)) {
+        QApplication::processEvents();
+        QThread::msleep(1);
+    }
+    // A window that is not painted would look cheap.
+    if (!isOnScreen())
+        qFatal("the window does not come onto the screen");
     settle();
 }
 

@@ -84,8 +84,7 @@ void MdiArea::addSubWindow(MdiSubWindow *window)
     }
     {
         const QScopedValueRollback<bool> guard(d->busy, true);
-        window->setParent(viewport(), Qt::SubWindow);
-        window->setFramed(!d->tabbed);
+        window->enter(viewport(), !d->tabbed);
         // Sized before QMdiArea would lay it out to learn its size.
         d->creation.append(window);
         d->placeTabBar();
@@ -95,6 +94,7 @@ void MdiArea::addSubWindow(MdiSubWindow *window)
         else
             window->resize(window->sizeHint().boundedTo(room.size()));
         QMdiArea::addSubWindow(window);
+        window->entered();
         d->connectWindow(window);
         d->history.append(window);
         d->tabBar->addDocument(window);

@@ -36,6 +36,7 @@ public:
     const QObject *document = nullptr; // only compared, never followed
     DormantShortcuts shortcuts;
     bool framed = true;
+    bool entering = false;
     bool showingQuietly = false;
 };
 
@@ -185,6 +186,15 @@ void MdiSubWindow::showEvent(QShowEvent *event)
         QMdiSubWindow::showEvent(event);
 }
 
+bool MdiSubWindow::event(QEvent *event)
+{
+    // QMdiSubWindow would measure a title bar, which there is not under tabs, and
+    // have the menu bar painted anew.
+    if (d->entering && event->type() == QEvent::ParentChange)
+        return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
+    return QMdiSubWindow::event(event);
+}
+
 bool MdiSubWindow::eventFilter(QObject *object, QEvent *event)
 {
     if (!object || object != widget())
@@ -222,6 +232,18 @@ void MdiSubWindow::setFramed(bool framed)
     if (!framed)
         clearMask();
     takeIcon();
+}
+
+void MdiSubWindow::enter(QWidget *viewport, bool framed)
+{
+    d->entering = !framed;
+    setParent(viewport, framed ? Qt::WindowFlags(Qt::SubWindow) : tabbedFlags);
+    setFramed(framed);
+}
+
+void MdiSubWindow::entered()
+{
+    d->entering = false;
 }
 
 void MdiSubWindow::setDormant(bool dormant)

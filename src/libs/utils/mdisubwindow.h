@@ -62,10 +62,14 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
     friend class MdiArea;
+    /// Begins and ends the adding to an area.
+    void enter(QWidget *viewport, bool framed);
+    void entered();
     void setFramed(bool framed);
     void showQuietly();
     void takeIcon();
