@@ -66,10 +66,6 @@ ViewManager::~ViewManager()
 {
     // The main window goes first, and with it every document inside: while the
     // contexts and the list of views are still there to be told.
-    if (d->mdiArea)
-        d->mdiArea->disconnect(this);
-    // Nothing is to be taken out of a document area that is being destroyed.
-    d->subWindows.clear();
     delete d->mainWindow;
     delete d->signalMapper;
     delete d;
@@ -176,13 +172,14 @@ void ViewManager::showView(IView *view)
     window->setWidget(view);
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
-    // Watched for as long as the window exists: it may lose the view and go
-    // first, and another window lie in its place then.
-    connect(view, &QObject::destroyed, window, [window] {
-        if (m_instance)
-            m_instance->onViewDestroyed(window);
+    connect(view, &IView::shortTitleChanged, window, [view] {
+        if (m_instance && view == currentView())
+            updateActions();
     });
-    connect(window, &QObject::destroyed, m_instance, &ViewManager::onSubWindowDestroyed);
+    // Before the document area learns of it and reports what is current instead.
+    connect(window, &Utils::MdiSubWindow::documentLost, m_instance, &ViewManager::onSubWindowLost);
+    connect(window, &Utils::MdiSubWindow::aboutToBeDestroyed, m_instance,
+            &ViewManager::onSubWindowLost);
     d->subWindows.append(window);
     d->mdiArea->addSubWindow(window);
 }
@@ -247,8 +244,6 @@ void ViewManager::onActCloseAll()
     // another.
     const QList<Utils::MdiSubWindow *> windows = d->subWindows;
     for (Utils::MdiSubWindow *window : windows) {
-        if (!d->subWindows.contains(window))
-            continue;
         d->mdiArea->setCurrentSubWindow(window);
         if (d->subWindows.contains(window))
             window->close();
@@ -287,24 +282,11 @@ void ViewManager::onSubWindowClose(Utils::MdiSubWindow *window)
     Q_EMIT viewClosed(view);
 }
 
-void ViewManager::onViewDestroyed(Utils::MdiSubWindow *window)
+void ViewManager::onSubWindowLost(Utils::MdiSubWindow *window)
 {
-    // A window that closes or is destroyed takes its view with it.
-    if (!d->subWindows.removeOne(window))
-        return;
-    d->mdiArea->removeSubWindow(window);
-    window->deleteLater();
-    updateActions();
-}
-
-void ViewManager::onSubWindowDestroyed(QObject *window)
-{
-    // It is no more than a widget by now, so only its address tells.
-    const auto known = std::find(d->subWindows.begin(), d->subWindows.end(), window);
-    if (known == d->subWindows.end())
-        return;
-    d->subWindows.erase(known);
-    updateActions();
+    // One that closed or was removed is not missed.
+    if (d->subWindows.removeOne(window))
+        updateActions();
 }
 
 void ViewManager::updateActions()

@@ -102,6 +102,7 @@ private Q_SLOTS:
     void raiseWindowOfNothing();
 
     void showingAViewMakesItCurrent();
+    void shownViewExistsWhenItIsReported();
     void subWindowHoldsTheViewWithItsTitle();
     void titleFollowsTheView();
     void showingAViewAgainBringsItForward();
@@ -140,11 +141,12 @@ private Q_SLOTS:
     void closeCommandWithoutAViewIsAnAssertion();
 
     void changeOfTheCurrentViewTellsOldThenNew();
+    void currentViewChangesBetweenTheTwoCalls();
     void actionsAreUpToDateWhenTheChangeIsReported();
     void currentViewIsNullAfterTheLastOne();
     void windowWithoutAViewIsNoCurrentView();
     void closeNamesTheCurrentView();
-    void closeTakesANewTitleWithTheNextUpdate();
+    void closeFollowsTheTitleOfTheCurrentView();
     void closeAllIsEnabledWhileThereAreViews();
     void closedViewStillExistsWhenReported();
 
@@ -341,6 +343,21 @@ void TestDocumentViews::showingAViewMakesItCurrent()
     QCOMPARE(first->deactivated, 1);
     QCOMPARE(second->activated, 1);
     QCOMPARE(second->deactivated, 0);
+}
+
+void TestDocumentViews::shownViewExistsWhenItIsReported()
+{
+    QStringList listed;
+    bool closeAllEnabled = false;
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this, [&] {
+        listed = listedViews();
+        closeAllEnabled = closeAllAction()->isEnabled();
+    });
+
+    showTestView("view");
+
+    QCOMPARE(listed, texts({"[x] view"}));
+    QVERIFY(closeAllEnabled);
 }
 
 void TestDocumentViews::subWindowHoldsTheViewWithItsTitle()
@@ -764,6 +781,21 @@ void TestDocumentViews::changeOfTheCurrentViewTellsOldThenNew()
     QCOMPARE(journal, texts({"second deactivated", "first activated", "first told"}));
 }
 
+void TestDocumentViews::currentViewChangesBetweenTheTwoCalls()
+{
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
+    IView *deactivating = nullptr;
+    IView *activating = nullptr;
+    second->whileDeactivated = [&deactivating] { deactivating = ViewManager::currentView(); };
+    first->whileActivated = [&activating] { activating = ViewManager::currentView(); };
+
+    ViewManager::showView(first);
+
+    QCOMPARE(deactivating, second);
+    QCOMPARE(activating, first);
+}
+
 void TestDocumentViews::actionsAreUpToDateWhenTheChangeIsReported()
 {
     QStringList seen;
@@ -821,15 +853,17 @@ void TestDocumentViews::closeNamesTheCurrentView()
     QVERIFY(closeAction()->isEnabled());
 }
 
-void TestDocumentViews::closeTakesANewTitleWithTheNextUpdate()
+void TestDocumentViews::closeFollowsTheTitleOfTheCurrentView()
 {
     TestView *view = showTestView("old %1");
     QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"old %1\""));
 
     view->setShortTitle(QStringLiteral("new"));
-    ViewManager::updateActions();
-
     QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"new\""));
+
+    showTestView("other");
+    view->setShortTitle(QStringLiteral("newer"));
+    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"other\""));
 }
 
 void TestDocumentViews::closeAllIsEnabledWhileThereAreViews()
