@@ -23,6 +23,7 @@ Splash::Splash()
 void Splash::showMessage(const QString &text)
 {
     m_message = text;
+    setAccessibleName(text); // What is drawn is read by nobody who cannot see it.
     // The event loop does not run yet, and a click here must do nothing.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
                                     | QEventLoop::ExcludeSocketNotifiers);

@@ -39,7 +39,7 @@ private Q_SLOTS:
 
     void filesAreOpenedInOrderOnceTheWindowIsShown();
     void theCoreSeesTheProjectInFirstPlace();
-    void theSplashGoesWhenTheWindowIsShown();
+    void theSplashNamesThePluginAndGoesWhenTheWindowIsShown();
     void traceIsPrintedWithVerboseOnly_data();
     void traceIsPrintedWithVerboseOnly();
     void verbosePrintsTheShareOfEveryPlugin();
@@ -49,6 +49,7 @@ private Q_SLOTS:
 
     void theLanguageIsTakenFromTheSettings_data();
     void theLanguageIsTakenFromTheSettings();
+    void aPluginBringsACatalogueOfItsOwn();
     void aMissingCatalogueIsSilent();
 
     void signalsCloseTheMainWindow_data();
@@ -289,14 +290,14 @@ void TestHost::theCoreSeesTheProjectInFirstPlace()
     QCOMPARE(host.output().filter(text("open ")).size(), 1);
 }
 
-void TestHost::theSplashGoesWhenTheWindowIsShown()
+void TestHost::theSplashNamesThePluginAndGoesWhenTheWindowIsShown()
 {
     HostProcess host;
 
     host.start();
 
     QVERIFY(host.waitForLine(text("splash gone")));
-    QVERIFY(host.output().contains(text("splash there")));
+    QVERIFY(host.output().contains(QStringLiteral("splash there: Starting IdeCore…")));
 }
 
 void TestHost::traceIsPrintedWithVerboseOnly_data()
@@ -414,6 +415,20 @@ void TestHost::theLanguageIsTakenFromTheSettings()
     QCOMPARE(host.status(), 0);
     QVERIFY2(host.output().contains(cancel), qPrintable(host.output().join(QLatin1Char('\n'))));
     QCOMPARE(host.errors(), text("a warning\n"));
+}
+
+void TestHost::aPluginBringsACatalogueOfItsOwn()
+{
+    HostProcess host;
+    host.copy(text("testplugin_zh_CN.qm"), text("share/translations/testplugin_zh_CN.qm"));
+    host.write(text("config/KelmoWare/IDE.ini"), "[General]\nLanguage=zh_CN\n");
+    host.setVariable(text("XDG_CONFIG_HOME"), host.path(text("config")));
+    host.tell(text("close"));
+
+    host.start();
+
+    QVERIFY(host.waitForEnd());
+    QVERIFY(host.output().contains(QStringLiteral("插件的文本")));
 }
 
 void TestHost::aMissingCatalogueIsSilent()

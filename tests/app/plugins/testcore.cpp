@@ -107,9 +107,10 @@ public:
         const QWidgetList widgets = QApplication::topLevelWidgets();
         for (const QWidget *widget : widgets) {
             if (widget->windowType() == Qt::SplashScreen && widget->isVisible())
-                say("splash there");
+                say(QStringLiteral("splash there: ") + widget->accessibleName());
         }
         say(QCoreApplication::translate("QPlatformTheme", "Cancel"));
+        say(QCoreApplication::translate("TestPlugin", "A text of a plugin"));
         say(QStringLiteral("arguments ")
             + QCoreApplication::arguments().mid(1).join(QLatin1Char('|')));
         say(QStringLiteral("gl ") + QString::fromLocal8Bit(qgetenv("QT_XCB_GL_INTEGRATION")));
