@@ -308,6 +308,13 @@ private Q_SLOTS:
         QTRY_VERIFY(window()->isMaximized());
     }
 
+    void raisingAMinimisedWindowKeepsItsFullScreen()
+    {
+        window()->setWindowState(Qt::WindowMinimized | Qt::WindowFullScreen);
+        window()->raiseWindow();
+        QCOMPARE(window()->windowState(), Qt::WindowStates(Qt::WindowFullScreen));
+    }
+
     void closingSavesVersionGeometryAndState()
     {
         showNormally(QRect(50, 60, 700, 500));
