@@ -48,6 +48,7 @@ private Q_SLOTS:
     void savingChangesOnlyWhatTheUserChanged();
     void editingAmongMixedEndingsKeepsTheOthers();
     void millionLinesAreSavedWhole();
+    void longLinesAreNoReasonForAMessage();
     void binaryFileIsShownForReadingOnly();
     void textThatCannotBeShownAsItIsIsNotChanged();
     void fileOfAnyNameIsOpenedAndSaved_data();
@@ -155,6 +156,21 @@ void TestEditorFiles::millionLinesAreSavedWhole()
     QVERIFY(editor->save(nullptr));
 
     QVERIFY(TextEditorFixture::contents(editor->fileName()) == lines + 'X');
+}
+
+void TestEditorFiles::longLinesAreNoReasonForAMessage()
+{
+    TextEditorFixture fixture;
+    AbstractTextEditor *const editor =
+        fixture.open(QStringLiteral("a.v"), QByteArray(30000, 'a') + '\n');
+    QVERIFY(editor);
+
+    QTRY_COMPARE(TextEditorFixture::messages(editor), QString());
+
+    // Nor do they hide another.
+    fixture.put(QStringLiteral("a.v"), "other\n");
+    QVERIFY(!editor->save(nullptr));
+    QTRY_VERIFY(TextEditorFixture::messages(editor).contains(QLatin1String("Another program")));
 }
 
 void TestEditorFiles::binaryFileIsShownForReadingOnly()

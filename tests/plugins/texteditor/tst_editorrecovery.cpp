@@ -3,12 +3,16 @@
 
 #include "texteditorfixture.h"
 
+#include <idecore/editors/editormanager.h>
 #include <texteditor/abstracttexteditor.h>
 
 #include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QPointer>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 
 using TextEditor::AbstractTextEditor;
@@ -25,8 +29,29 @@ private Q_SLOTS:
     void recoveredTextCanBeSaved();
     void nothingIsOfferedWhenAllWasSaved();
     void nothingIsLeftBesideTheFile();
+    void textTypedJustBeforeTheKillIsOffered();
+    void textIsOfferedThoughTheFileHasChanged();
+    void textKeptAgainstAnothersIsOffered();
+    void textTypedAfterSaveAsIsOffered();
+    void textOfALongFileNameIsOffered();
+    void textOfAReplacedLinkIsOffered();
+    void undecidedOfferComesAgain();
+    void saveAsBeforeTheDecisionKeepsTheOffer();
+    void changeBeforeTheDecisionIsToldAfterIt();
+    void deletionBeforeTheDecisionKeepsTheOffer();
+    void textOfALivingProcessIsNotOffered();
+    void everythingTypedByThenIsThereWheneverTheProcessIsKilled();
+    void recoveredTextIsExactlyWhatWasTyped_data();
+    void recoveredTextIsExactlyWhatWasTyped();
+    void editingOfEveryKindIsKept();
+    void readOnlyEditorCanTakeTheText();
+    void undoOfTheRecoveryGivesTheFileBack();
+    void folderThatTakesNothingIsTold();
 
 private:
+    static QString victim();
+    /// Starts the process that is killed, and waits until it did @p steps.
+    static bool startVictim(QProcess *process, const QString &path, const QStringList &steps);
     static void killAfter(const QString &path, const QStringList &steps);
     static QAction *button(AbstractTextEditor *editor, const char *text)
     {
@@ -34,14 +59,24 @@ private:
     }
 };
 
+QString TestEditorRecovery::victim()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/texteditor_victim");
+}
+
+bool TestEditorRecovery::startVictim(QProcess *process, const QString &path,
+                                     const QStringList &steps)
+{
+    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process->start(victim(), QStringList{path} + steps);
+    return process->waitForReadyRead(60000)
+           && process->readAllStandardOutput() == QByteArray("typed\n");
+}
+
 void TestEditorRecovery::killAfter(const QString &path, const QStringList &steps)
 {
     QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/texteditor_victim"),
-                  QStringList{path} + steps);
-    QVERIFY(process.waitForReadyRead(60000));
-    QCOMPARE(process.readAllStandardOutput(), QByteArray("typed\n"));
+    QVERIFY(startVictim(&process, path, steps));
     process.kill();
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::CrashExit);
@@ -56,8 +91,8 @@ void TestEditorRecovery::unsavedTextOfAKilledProcessIsOffered()
 
     AbstractTextEditor *const editor = TextEditorFixture::open(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Data"));
-    button(editor, "Recover Data")->trigger();
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("module x; endmodule\n"));
     QVERIFY(editor->isModified());
@@ -72,8 +107,8 @@ void TestEditorRecovery::textTypedAfterASaveIsOffered()
 
     AbstractTextEditor *const editor = TextEditorFixture::open(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Data"));
-    button(editor, "Recover Data")->trigger();
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("one two endmodule\n"));
 }
@@ -85,7 +120,7 @@ void TestEditorRecovery::nothingIsTypedBeforeTheUserDecided()
     killAfter(path, {QStringLiteral("x")});
     AbstractTextEditor *const editor = TextEditorFixture::open(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Data"));
+    QTRY_VERIFY(button(editor, "Recover Text"));
 
     TextEditorFixture::type(editor, QStringLiteral("typed"));
 
@@ -116,8 +151,8 @@ void TestEditorRecovery::recoveredTextCanBeSaved()
     killAfter(path, {QStringLiteral("x")});
     AbstractTextEditor *const editor = TextEditorFixture::open(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Data"));
-    button(editor, "Recover Data")->trigger();
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
     QTRY_VERIFY(editor->isModified());
 
     QVERIFY(editor->save(nullptr));
@@ -147,6 +182,346 @@ void TestEditorRecovery::nothingIsLeftBesideTheFile()
 
     QCOMPARE(QFileInfo(path).dir().entryList(QDir::Files | QDir::Hidden),
              QStringList{QStringLiteral("a.v")});
+}
+
+void TestEditorRecovery::textTypedJustBeforeTheKillIsOffered()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(victim(), {path, QStringLiteral("last words "), QStringLiteral("--die")});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("last words endmodule\n"));
+}
+
+void TestEditorRecovery::textIsOfferedThoughTheFileHasChanged()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
+    killAfter(path, {QStringLiteral("mine ")});
+    fixture.put(QStringLiteral("a.v"), "another\n");
+
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_VERIFY(TextEditorFixture::text(editor).contains(QLatin1String("mine ")));
+}
+
+void TestEditorRecovery::textKeptAgainstAnothersIsOffered()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
+    killAfter(path, {QStringLiteral("mine "), QStringLiteral("--change-file-and-keep-text"),
+                     QStringLiteral("more ")});
+    QCOMPARE(TextEditorFixture::contents(path), QByteArray("another\n"));
+
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("mine more endmodule\n"));
+}
+
+void TestEditorRecovery::textTypedAfterSaveAsIsOffered()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
+    killAfter(path, {QStringLiteral("one "), QStringLiteral("--save-as"), QStringLiteral("two ")});
+
+    AbstractTextEditor *const editor = TextEditorFixture::open(path + QStringLiteral(".other"));
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("one two endmodule\n"));
+    AbstractTextEditor *const first = TextEditorFixture::open(path);
+    QVERIFY(first);
+    TextEditorFixture::type(first, QStringLiteral("y"));
+    QCOMPARE(TextEditorFixture::text(first), QStringLiteral("yendmodule\n"));
+}
+
+void TestEditorRecovery::textOfALongFileNameIsOffered()
+{
+    TextEditorFixture fixture;
+    // As long as the system lets a name be.
+    const QString path = fixture.put(QString(253, QLatin1Char('a')) + QStringLiteral(".v"), "b\n");
+    killAfter(path, {QStringLiteral("x")});
+
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+}
+
+void TestEditorRecovery::textOfAReplacedLinkIsOffered()
+{
+    TextEditorFixture fixture;
+    const QString target = fixture.put(QStringLiteral("target.v"), "b\n");
+    const QString path = fixture.path(QStringLiteral("link.v"));
+    QVERIFY(QFile::link(target, path));
+    killAfter(path, {QStringLiteral("x")});
+
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+}
+
+void TestEditorRecovery::undecidedOfferComesAgain()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
+    killAfter(path, {QStringLiteral("x")});
+    QPointer<AbstractTextEditor> editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+
+    QVERIFY(Core::EditorManager::closeEditor(editor));
+    QTRY_VERIFY(!editor);
+
+    AbstractTextEditor *const again = TextEditorFixture::open(path);
+    QVERIFY(again);
+    QTRY_VERIFY(button(again, "Recover Text"));
+    button(again, "Recover Text")->trigger();
+    QTRY_COMPARE(TextEditorFixture::text(again), QStringLiteral("xb\n"));
+}
+
+void TestEditorRecovery::saveAsBeforeTheDecisionKeepsTheOffer()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
+    killAfter(path, {QStringLiteral("x")});
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+
+    editor->saveAs(fixture.path(QStringLiteral("other.v")), nullptr);
+    QVERIFY(Core::EditorManager::closeEditor(editor));
+
+    AbstractTextEditor *const again = TextEditorFixture::open(path);
+    QVERIFY(again);
+    QTRY_VERIFY(button(again, "Recover Text"));
+    button(again, "Recover Text")->trigger();
+    QTRY_COMPARE(TextEditorFixture::text(again), QStringLiteral("xb\n"));
+}
+
+void TestEditorRecovery::changeBeforeTheDecisionIsToldAfterIt()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
+    killAfter(path, {QStringLiteral("x")});
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    fixture.put(QStringLiteral("a.v"), "another\n");
+    editor->onActivated();
+
+    button(editor, "Recover Text")->trigger();
+
+    QTRY_VERIFY(button(editor, "Load from Disk"));
+    QCOMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+    QVERIFY(!editor->save(nullptr));
+    QCOMPARE(TextEditorFixture::contents(path), QByteArray("another\n"));
+}
+
+void TestEditorRecovery::textOfALivingProcessIsNotOffered()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
+    QProcess process;
+    QVERIFY(startVictim(&process, path, {QStringLiteral("x")}));
+    QPointer<AbstractTextEditor> editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("y"));
+    QCOMPARE(TextEditorFixture::text(editor), QStringLiteral("yb\n"));
+    QVERIFY(editor->save(nullptr));
+    QVERIFY(Core::EditorManager::closeEditor(editor));
+    QTRY_VERIFY(!editor);
+
+    process.kill();
+    QVERIFY(process.waitForFinished());
+
+    editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    QTRY_VERIFY(
+        TextEditorFixture::messages(editor).contains(QLatin1String("has been changed since")));
+    button(editor, "Recover Text")->trigger();
+    QCOMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+}
+
+void TestEditorRecovery::everythingTypedByThenIsThereWheneverTheProcessIsKilled()
+{
+    // The victim tells of every letter after it was typed, and saves every third.
+    for (int round = 1; round <= 8; ++round) {
+        TextEditorFixture fixture;
+        const QString path = fixture.put(QStringLiteral("a.v"), "\n");
+        QProcess process;
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start(victim(), {path, QStringLiteral("--for-ever")});
+        const int wanted = round * 7;
+        int typed = 0;
+        while (typed < wanted && process.waitForReadyRead(60000))
+            typed += process.readAllStandardOutput().count('x');
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        typed += process.readAllStandardOutput().count('x');
+        QVERIFY(typed >= wanted);
+        const QByteArray saved = TextEditorFixture::contents(path);
+        QVERIFY2(saved.endsWith('\n'), saved.constData());
+
+        AbstractTextEditor *const editor = TextEditorFixture::open(path);
+        QVERIFY(editor);
+        if (QAction *const recover = button(editor, "Recover Text"))
+            recover->trigger();
+        const int there = TextEditorFixture::text(editor).count(QLatin1Char('x'));
+
+        QVERIFY2(there >= typed, qPrintable(QStringLiteral("%1 of %2").arg(there).arg(typed)));
+    }
+}
+
+void TestEditorRecovery::recoveredTextIsExactlyWhatWasTyped_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+
+    QTest::newRow("tabs and blanks") << QByteArray("\ta  \n \t\n") << QByteArray("x\ta  \n \t\n");
+    QTest::newRow("mixed endings")
+        << QByteArray("a\r\nb\nc\r\r\n") << QByteArray("xa\r\nb\nc\r\r\n");
+    QTest::newRow("Latin-1") << QByteArray("\xe4\r\n") << QByteArray("x\xe4\r\n");
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe"
+                                          "a\0\n\0",
+                                          6)
+                            << QByteArray("\xff\xfex\0a\0\n\0", 8);
+    QTest::newRow("no newline at the end") << QByteArray("a") << QByteArray("xa");
+    QTest::newRow("empty") << QByteArray() << QByteArray("x");
+    const QByteArray solid = QByteArray("abcdefghij").repeated(10000);
+    QTest::newRow("broken line") << solid + "\nb" << 'x' + solid + "\nb";
+}
+
+void TestEditorRecovery::recoveredTextIsExactlyWhatWasTyped()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), before);
+    killAfter(path, {QStringLiteral("x")});
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+
+    button(editor, "Recover Text")->trigger();
+    QVERIFY(editor->save(nullptr));
+
+    QVERIFY(TextEditorFixture::contents(path) == after);
+}
+
+void TestEditorRecovery::editingOfEveryKindIsKept()
+{
+    TextEditorFixture fixture;
+    const QByteArray before = "one\r\ntwo\nthree\nfour\n";
+    const QString path = fixture.put(QStringLiteral("a.v"), before);
+    const QString saved = fixture.put(QStringLiteral("saved.v"), before);
+    killAfter(saved, {QStringLiteral("--edit"), QStringLiteral("--save")});
+    killAfter(path, {QStringLiteral("--edit")});
+    const QByteArray expected = TextEditorFixture::contents(saved);
+    QVERIFY2(expected.contains("end"), expected.constData());
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+
+    button(editor, "Recover Text")->trigger();
+
+    QVERIFY(editor->save(nullptr));
+    QCOMPARE(TextEditorFixture::contents(path), expected);
+}
+
+void TestEditorRecovery::readOnlyEditorCanTakeTheText()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
+    killAfter(path, {QStringLiteral("x")});
+    auto *const editor =
+        qobject_cast<AbstractTextEditor *>(Core::EditorManager::openEditor(path, true));
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+
+    button(editor, "Recover Text")->trigger();
+
+    QCOMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+    QVERIFY(editor->isModified());
+    TextEditorFixture::type(editor, QStringLiteral("y"));
+    QCOMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+}
+
+void TestEditorRecovery::undoOfTheRecoveryGivesTheFileBack()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "a\nb\n");
+    killAfter(path, {QStringLiteral("x")});
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+    button(editor, "Recover Text")->trigger();
+
+    editor->perform(TextEditor::Command::Undo);
+
+    QCOMPARE(TextEditorFixture::text(editor), QStringLiteral("a\nb\n"));
+}
+
+void TestEditorRecovery::folderThatTakesNothingIsTold()
+{
+    TextEditorFixture fixture;
+    // In place of the folder, which is kept for the other tests.
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                           + QStringLiteral("/KelmoWare/unsaved");
+    const QString aside = folder + QStringLiteral(".aside");
+    AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.v"), "b\n");
+    QVERIFY(editor);
+    QVERIFY(QFile::rename(folder, aside));
+    QFile file(folder);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+
+    file.remove();
+    QVERIFY(QFile::rename(aside, folder));
+    QTRY_VERIFY(TextEditorFixture::messages(editor).contains(QLatin1String("cannot be kept")));
+    QVERIFY(editor->save(nullptr));
+    QCOMPARE(TextEditorFixture::contents(editor->fileName()), QByteArray("xb\n"));
+}
+
+void TestEditorRecovery::deletionBeforeTheDecisionKeepsTheOffer()
+{
+    TextEditorFixture fixture;
+    const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
+    killAfter(path, {QStringLiteral("x")});
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    QVERIFY(editor);
+    QTRY_VERIFY(button(editor, "Recover Text"));
+
+    QVERIFY(QFile::remove(path));
+    editor->onActivated();
+
+    button(editor, "Recover Text")->trigger();
+    QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
+    QVERIFY(editor->save(nullptr));
+    QCOMPARE(TextEditorFixture::contents(path), QByteArray("xb\n"));
 }
 
 QTEST_MAIN(TestEditorRecovery)

@@ -22,6 +22,8 @@ public:
 
     static QByteArray digestOf(const QByteArray &contents);
 
+    /// Digest of the contents that are known; empty where there are none.
+    [[nodiscard]] QByteArray digest() const { return m_digest; }
     /// What became of @p fileName since. The contents are read only where size
     /// or time differ.
     [[nodiscard]] Change compare(const QString &fileName) const;

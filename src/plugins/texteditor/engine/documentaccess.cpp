@@ -5,15 +5,16 @@
 
 #include <KTextEditor/Document>
 #include <KTextEditor/Editor>
-#include <KTextEditor/Message>
 #include <KTextEditor/ModificationInterface>
 #include <KTextEditor/View>
 
 #include <KSyntaxHighlighting/Definition>
 #include <KSyntaxHighlighting/Repository>
 
+#include <QAction>
 #include <QDebug>
 #include <QUrl>
+#include <QWidget>
 
 namespace TextEditor {
 namespace DocumentAccess {
@@ -40,14 +41,6 @@ QObject *child(const QObject *parent, const char *className)
     return nullptr;
 }
 
-template<class... Arguments>
-void call(QObject *object, const char *method, Arguments... arguments)
-{
-    if (!object || !QMetaObject::invokeMethod(object, method, Qt::DirectConnection, arguments...))
-        qWarning("This version of KTextEditor lacks %s; unsaved text may not be recoverable.",
-                 method);
-}
-
 } // namespace
 
 void markSaved(KTextEditor::Document *document)
@@ -55,19 +48,17 @@ void markSaved(KTextEditor::Document *document)
     auto *disk = qobject_cast<KTextEditor::ModificationInterface *>(document);
     if (disk)
         disk->setModifiedOnDisk(KTextEditor::ModificationInterface::OnDiskUnmodified);
-    // Reads the checksum of the file anew, under which unsaved text is kept.
-    call(document, "slotDelayedHandleModOnHd");
     // Without a stop, what is typed next would be undone together with what has
     // just been saved, and be taken for saved when redone.
-    call(child(document, "KateUndoManager"), "undoCancel");
+    QObject *const undo = child(document, "KateUndoManager");
+    if (!undo || !QMetaObject::invokeMethod(undo, "undoCancel", Qt::DirectConnection))
+        qWarning("This version of KTextEditor lets undo go past what was saved.");
     document->setModified(false);
 }
 
 void markSavedAs(KTextEditor::Document *document, const QString &fileName)
 {
     Part::setFile(document, fileName);
-    // The file with the unsaved text goes by the name of the document's file.
-    call(child(document, "KateBuffer"), "saved", Q_ARG(QString, fileName));
     markSaved(document);
     const KSyntaxHighlighting::Definition definition =
         KTextEditor::Editor::instance()->repository().definitionForFileName(fileName);
@@ -80,17 +71,16 @@ void markSavedAs(KTextEditor::Document *document, const QString &fileName)
 void dismissMessages(KTextEditor::View *view)
 {
     const QList<QWidget *> widgets = view->findChildren<QWidget *>();
-    for (const QWidget *widget : widgets) {
+    for (QWidget *widget : widgets) {
         if (!widget->inherits("KMessageWidget"))
             continue;
+        // The message is not to be had from its widget, but its last button is
+        // the one that only closes it.
         const QList<QAction *> actions = widget->actions();
-        for (const QAction *action : actions) {
-            // A message owns its buttons, and takes itself down when it goes.
-            if (auto *message = qobject_cast<KTextEditor::Message *>(action->parent())) {
-                delete message;
-                break;
-            }
-        }
+        if (!actions.isEmpty())
+            actions.last()->trigger();
+        else
+            QMetaObject::invokeMethod(widget, "animatedHide");
     }
 }
 

@@ -19,8 +19,7 @@ namespace TextEditor {
 namespace DocumentAccess {
 
 /// The file of @p document has been written with the document's text: it is
-/// unmodified, undo stops here, and unsaved text of later is kept for recovery
-/// on the ground of the new contents.
+/// unmodified, and undo stops here.
 void markSaved(KTextEditor::Document *document);
 
 /// As markSaved(), the file being @p fileName from now on.

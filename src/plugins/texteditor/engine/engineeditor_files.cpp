@@ -8,6 +8,7 @@
 
 #include <texteditor/engine/documentaccess_p.h>
 #include <texteditor/engine/filewriter_p.h>
+#include <texteditor/engine/kepttext_p.h>
 
 #include <KTextEditor/Document>
 #include <KTextEditor/View>
@@ -62,8 +63,9 @@ bool EngineEditor::load(const QString &fileName, QString *errorString)
     m_file.text.clear();
     m_disk = m_file.disk;
     showFileName();
-    applyReadOnly();
     onModifiedChanged();
+    offerKeptText();
+    applyReadOnly();
     return true;
 }
 
@@ -96,12 +98,19 @@ void EngineEditor::reload()
     m_view->setCursorPosition(cursor);
 }
 
+LineEndings::Ending EngineEditor::endingAfter(int line) const
+{
+    const int lines = m_document->lines();
+    if (line == lines - 1)
+        return LineEndings::Ending::None;
+    const bool known = m_endings.isMixed() && m_endings.lines() == lines;
+    return known ? m_endings.after(line) : m_endings.usual();
+}
+
 std::optional<QByteArray> EngineEditor::encodedText(QString *errorString)
 {
     QTextCodec *const codec = QTextCodec::codecForName(m_file.codec);
     const bool unicode = m_file.codec.startsWith("UTF-");
-    const bool mixed = m_endings.isMixed() && m_endings.lines() == m_document->lines();
-    const QString usual = LineEndings::text(m_endings.usual());
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     QByteArray bytes = m_file.byteOrderMark;
     const int lines = m_document->lines();
@@ -116,8 +125,7 @@ std::optional<QByteArray> EngineEditor::encodedText(QString *errorString)
             }
             return std::nullopt;
         }
-        if (i < lines - 1)
-            line += mixed ? m_endings.textAfter(i) : usual;
+        line += LineEndings::text(endingAfter(i));
         bytes += codec->fromUnicode(line.constData(), line.size(), &state);
     }
     return bytes;
@@ -175,8 +183,12 @@ bool EngineEditor::saveAs(const QString &fileName, QString *errorString)
 {
     if (!write(fileName, errorString))
         return false;
+    // What is to be decided about the other file is decided when it is opened.
+    delete m_keptMessage;
+    m_keptText.reset();
     DocumentAccess::markSavedAs(m_document.get(), fileName);
     m_fileName = fileName;
+    applyReadOnly();
     watch(fileName);
     showFileName();
     updateStatus();
@@ -211,14 +223,15 @@ void EngineEditor::checkDisk()
 
 void EngineEditor::showDiskChange(DiskState::Change change)
 {
+    // The text is the only copy then, so it counts as unsaved.
+    if (change == DiskState::Change::Deleted && m_document->isReadWrite())
+        m_document->setModified(true);
     // One notice is enough while nothing new has happened.
     if (m_diskMessage && m_shownChange == change)
         return;
     delete m_diskMessage;
     m_shownChange = change;
     if (change == DiskState::Change::Deleted) {
-        // The text is the only copy now, so it counts as unsaved.
-        m_document->setModified(true);
         m_diskMessage =
             showMessage(tr("Another program has deleted this file. The text is still here; saving "
                            "writes the file again."),
@@ -244,12 +257,17 @@ KTextEditor::Message *EngineEditor::showMessage(const QString &text,
                                                 KTextEditor::Message::MessageType type,
                                                 const QList<QAction *> &actions)
 {
+    return showQuestion(text, type, actions + QList<QAction *>{new QAction(tr("Close"), this)});
+}
+
+KTextEditor::Message *EngineEditor::showQuestion(const QString &text,
+                                                 KTextEditor::Message::MessageType type,
+                                                 const QList<QAction *> &actions)
+{
     auto *message = new KTextEditor::Message(text.toHtmlEscaped(), type);
     message->setWordWrap(true);
     for (QAction *action : actions)
         message->addAction(action);
-    auto *close = new QAction(tr("Close"), message);
-    message->addAction(close);
     message->setView(m_view);
     m_document->postMessage(message);
     return message;

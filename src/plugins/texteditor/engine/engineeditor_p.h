@@ -8,11 +8,13 @@
 #include <texteditor/engine/diskstate_p.h>
 #include <texteditor/engine/lineendings_p.h>
 #include <texteditor/engine/textfile_p.h>
+#include <texteditor/engine/textjournal_p.h>
 
 #include <KTextEditor/Message>
 
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -25,14 +27,15 @@ class View;
 
 namespace TextEditor {
 
+class KeptText;
 class ViewKeys;
 
 /// An editor on a KTextEditor document and its one view.
 ///
-/// KTextEditor loads, shows and changes the text and keeps what is unsaved for
-/// recovery. The bytes are read for their encoding and written here, so that
-/// only what the user changed changes in the file, and so that a save happens
-/// as a whole or not at all.
+/// KTextEditor loads, shows and changes the text. The bytes are read for their
+/// encoding and written here, so that only what the user changed changes in the
+/// file, and so that a save happens as a whole or not at all. What is unsaved is
+/// kept in a journal, which outlives the process and then is offered.
 class EngineEditor final : public AbstractTextEditor
 {
     Q_OBJECT
@@ -75,7 +78,21 @@ private:
     /// which the message owns, and one to close it.
     KTextEditor::Message *showMessage(const QString &text, KTextEditor::Message::MessageType type,
                                       const QList<QAction *> &actions = {});
+    /// The same without the button to close it.
+    KTextEditor::Message *showQuestion(const QString &text, KTextEditor::Message::MessageType type,
+                                       const QList<QAction *> &actions);
     void watch(const QString &fileName);
+    [[nodiscard]] LineEndings::Ending endingAfter(int line) const;
+
+    // Recovery
+    void connectJournal();
+    /// Keeps what @p change tells the journal, or all where it is not active.
+    void keep(const std::function<void()> &change);
+    void beginJournal();
+    void flushJournal();
+    void offerKeptText();
+    void recover();
+    void giveUpKeptText();
 
     // State
     void applyReadOnly();
@@ -101,6 +118,11 @@ private:
     DiskState m_disk;
     QPointer<KTextEditor::Message> m_diskMessage;
     DiskState::Change m_shownChange = DiskState::Change::None;
+    TextJournal m_journal;
+    bool m_journalFailed = false;
+    // Unsaved text of an earlier process that the user has to decide about.
+    std::unique_ptr<KeptText> m_keptText;
+    QPointer<KTextEditor::Message> m_keptMessage;
     QPointer<KTextEditor::Message> m_encodingMessage;
     // The text is not what the file says: writing it would lose something.
     bool m_inexact = false;

@@ -68,11 +68,9 @@ void applyToDocuments(KConfigGroup group)
     group.writeEntry("Auto Save", false);
     group.writeEntry("Backup Local", false);
     group.writeEntry("Auto Reload If State Is In Version Control", false);
-    // Unsaved text is kept out of the user's folders: they may be under version
-    // control, shared or write protected.
-    group.writeEntry("Swap File Mode", 2);
-    group.writeEntry("Swap Directory", recoveryFolder());
-    group.writeEntry("Swap Sync Interval", 1);
+    // Unsaved text is kept in another way, which offers it also when the file
+    // has changed meanwhile.
+    group.writeEntry("Swap File Mode", 0);
 }
 
 void applyToViews(KConfigGroup group)

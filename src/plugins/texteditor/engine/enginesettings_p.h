@@ -17,7 +17,8 @@ void apply();
 /// settings under the theme of the application.
 [[nodiscard]] QString currentTheme();
 
-/// The folder that keeps unsaved text.
+/// The folder that keeps unsaved text. Not one of the user's folders, which may
+/// be under version control, shared or write protected.
 [[nodiscard]] QString recoveryFolder();
 
 } // namespace EngineSettings
