@@ -111,10 +111,9 @@ Q_SIGNALS:
     void viewClosed(Core::IView *view);
 
 private:
-    /// The view for which @p window was made is destroyed; the window may be gone.
-    void onViewDestroyed(Utils::MdiSubWindow *window);
-    /// @p window is no more than a widget by now.
-    void onSubWindowDestroyed(QObject *window);
+    /// @p window or its view is being destroyed, or the view was taken out of it,
+    /// and nobody was asked.
+    void onSubWindowLost(Utils::MdiSubWindow *window);
 };
 
 } // namespace Core

@@ -51,7 +51,8 @@ public:
     IdeMainWindow *mainWindow = nullptr;
     Utils::MdiArea *mdiArea = nullptr;
     /// In the order in which the views were first shown. Tells which views
-    /// exist; a window leaves it when it closes, is taken out or is destroyed.
+    /// exist; a window leaves it when it closes, is taken out, or it or its view is
+    /// destroyed.
     QList<Utils::MdiSubWindow *> subWindows;
     QPointer<QWidget> currentView;
     /// Counts the reports of the current window, so that one can tell that

@@ -4,7 +4,6 @@
 #include "support/testview.h"
 
 #include <QCloseEvent>
-#include <QMetaMethod>
 
 TestView::TestView(const QString &title, QStringList *journal)
     : m_journal(journal)
@@ -13,15 +12,12 @@ TestView::TestView(const QString &title, QStringList *journal)
     setShortTitle(title);
 }
 
-bool TestView::isWatched() const
-{
-    return isSignalConnected(QMetaMethod::fromSignal(&QObject::destroyed));
-}
-
 void TestView::onActivated()
 {
     ++activated;
     note("activated");
+    if (whileActivated)
+        whileActivated();
 }
 
 void TestView::onDeactivated()

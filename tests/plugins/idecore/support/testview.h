@@ -22,14 +22,12 @@ public:
     bool refuseClose = false;
     /// Runs inside the close handling, before the answer is given.
     std::function<void()> whileClosing;
-    /// Runs inside onDeactivated().
+    /// Run inside onActivated() and onDeactivated().
+    std::function<void()> whileActivated;
     std::function<void()> whileDeactivated;
     int activated = 0;
     int deactivated = 0;
     int asked = 0;
-
-    /// True while somebody waits for the view to be destroyed.
-    [[nodiscard]] bool isWatched() const;
 
     void onActivated() override;
     void onDeactivated() override;

@@ -9,6 +9,7 @@
 #include "support/messagerecorder.h"
 
 #include <idecore/actions/actionmanager.h>
+#include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
 #include <utils/mdisubwindow.h>
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void viewRemovesAnotherWhileClosing();
     void viewsCloseOneAnother();
     void viewClosedByWhoeverIsToldOfItsActivation();
+    void viewClosedInTheCommandByWhoeverIsToldOfItsActivation();
     void windowDestroyedByWhoeverIsToldOfItsActivation();
     void viewClosedWhileAnotherIsDeactivated();
     void viewShownWhileAnotherIsDeactivated();
@@ -72,12 +74,15 @@ private Q_SLOTS:
     void destroyedCurrentSubWindow();
     void destroyedLastSubWindow();
     void viewTakenOutByANewParent();
+    void viewTakenOutIsForgottenAtOnce();
+    void viewTakenOutIntoTheMainWindow();
+    void windowWithoutAWidgetIsNotListed();
     void removedViewDestroyedAtOnce();
     void destroyedInEveryOrder_data();
     void destroyedInEveryOrder();
     void entryOfADestroyedWindowInAnOpenMenu();
+    void viewShownAgainAtOnceAfterItWasTakenOut();
     void viewShownAgainAfterItWasTakenOut();
-    void viewThatWasTakenOutIsNoLongerWatched();
     void removedViewOutlivesTheManager();
 
 private:
@@ -243,6 +248,24 @@ void TestLostViews::viewClosedByWhoeverIsToldOfItsActivation()
     QCOMPARE(first->asked, 1);
     QCOMPARE(m_closed, QList<IView *>{first});
     QCOMPARE(listedViews(), texts({"[x] second"}));
+}
+
+void TestLostViews::viewClosedInTheCommandByWhoeverIsToldOfItsActivation()
+{
+    TestView *first = showTestView("first");
+    TestView *second = showTestView("second");
+    second->refuseClose = true;
+    bool told = false; // closing activates once more
+    connect(ViewManager::instance(), &ViewManager::viewActiveted, this, [&](IView *view) {
+        if (view == first && !std::exchange(told, true))
+            ViewManager::closeView(first);
+    });
+
+    closeAllCommand();
+
+    QCOMPARE(first->asked, 1);
+    QCOMPARE(second->asked, 1);
+    QCOMPARE(m_closed, QList<IView *>{first});
 }
 
 void TestLostViews::windowDestroyedByWhoeverIsToldOfItsActivation()
@@ -458,6 +481,38 @@ void TestLostViews::viewTakenOutByANewParent()
     QCOMPARE(listedViews(), texts({"[x] first"}));
 }
 
+void TestLostViews::viewTakenOutIsForgottenAtOnce()
+{
+    const std::unique_ptr<TestView> view(showTestView("view"));
+
+    view->setParent(nullptr);
+
+    QVERIFY(!ViewManager::closeView(view.get()));
+    QCOMPARE(view->asked, 0);
+    QCOMPARE(listedViews(), QStringList());
+    QVERIFY(!closeAllAction()->isEnabled());
+}
+
+void TestLostViews::viewTakenOutIntoTheMainWindow()
+{
+    const QPointer<TestView> view = showTestView("view");
+    view->setParent(ViewManager::mainWindow());
+
+    m_core.reset();
+
+    QVERIFY(!view);
+}
+
+void TestLostViews::windowWithoutAWidgetIsNotListed()
+{
+    const std::unique_ptr<TestView> view(showTestView("view"));
+    showTestView("other");
+
+    windowOf(view.get())->setWidget(nullptr);
+
+    QCOMPARE(listedViews(), texts({"[x] other"}));
+}
+
 void TestLostViews::removedViewDestroyedAtOnce()
 {
     showTestView("first");
@@ -516,9 +571,26 @@ void TestLostViews::entryOfADestroyedWindowInAnOpenMenu()
     QCOMPARE(entry->text(), QStringLiteral("first"));
 
     delete first;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     entry->trigger();
 
     QCOMPARE(ViewManager::currentView(), second);
+}
+
+void TestLostViews::viewShownAgainAtOnceAfterItWasTakenOut()
+{
+    TestView *view = showTestView("view");
+    view->setParent(nullptr);
+    QCOMPARE(listedViews(), QStringList());
+    QVERIFY(!closeAllAction()->isEnabled());
+
+    ViewManager::showView(view);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    QCOMPARE(listedViews(), texts({"[x] view"}));
+    QCOMPARE(ViewManager::currentView(), view);
+    QVERIFY(closeAllAction()->isEnabled());
+    QVERIFY(ViewManager::closeView(view));
 }
 
 void TestLostViews::viewShownAgainAfterItWasTakenOut()
@@ -532,18 +604,6 @@ void TestLostViews::viewShownAgainAfterItWasTakenOut()
     QCOMPARE(listedViews(), texts({"[x] view"}));
     QVERIFY(ViewManager::closeView(view));
     QCOMPARE(m_closed, QList<IView *>{view});
-}
-
-void TestLostViews::viewThatWasTakenOutIsNoLongerWatched()
-{
-    const std::unique_ptr<TestView> view(showTestView("view"));
-    QVERIFY(view->isWatched());
-    view->setParent(nullptr);
-
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-
-    // Another window may lie where its own did, and would go with it.
-    QVERIFY(!view->isWatched());
 }
 
 void TestLostViews::removedViewOutlivesTheManager()

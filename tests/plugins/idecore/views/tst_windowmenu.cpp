@@ -61,6 +61,7 @@ private Q_SLOTS:
     void entriesBelongToTheManager();
     void choosingAnEntryMakesItsViewCurrent();
     void choosingTheCheckedEntryActivatesItAgain();
+    void togglingAnEntryMakesItsViewCurrent();
     void withoutCurrentViewNoneIsChecked();
     void mappingNothingDoesNothing();
     void mappingAForeignWidgetDoesNothing();
@@ -169,6 +170,17 @@ void TestWindowMenu::choosingTheCheckedEntryActivatesItAgain()
     QCOMPARE(ViewManager::currentView(), view);
     QCOMPARE(view->deactivated, 1);
     QCOMPARE(view->activated, 2);
+}
+
+void TestWindowMenu::togglingAnEntryMakesItsViewCurrent()
+{
+    TestView *first = showTestView("first");
+    showTestView("second");
+    listedViews();
+
+    windowMenu()->actions().at(9)->toggle();
+
+    QCOMPARE(ViewManager::currentView(), first);
 }
 
 void TestWindowMenu::withoutCurrentViewNoneIsChecked()
