@@ -48,49 +48,51 @@ void MdiArea::Private::connectWindow(MdiSubWindow *window)
     connect(window, &MdiSubWindow::appearanceChanged, tabBar, &DocumentTabBar::updateDocument);
 }
 
-void MdiArea::Private::makeCurrent(MdiSubWindow *window, bool keepFocus)
+void MdiArea::Private::makeCurrent(MdiSubWindow *window, Reason reason)
 {
-    MdiSubWindow *const previous = current;
     {
         const QScopedValueRollback<bool> guard(busy, true);
-        const QPointer<QWidget> focus(keepFocus ? QApplication::focusWidget() : nullptr);
-        const QPointer<MdiSubWindow> alive(window);
+        const QPointer<QWidget> focus(reason == Reason::ChosenByKey ? QApplication::focusWidget()
+                                                                    : nullptr);
+        MdiSubWindow *const previous = current;
         current = window;
         history.removeOne(window);
         history.append(window);
         tabBar->setCurrentDocument(window);
-        if (tabbed) {
-            // The new one first, so that the focus never has to look for a place.
-            fill();
-            window->setDormant(false);
-            window->show();
-        } else {
-            showWindowed(window);
-        }
-        // Focus handlers are foreign code: any window may be gone now.
-        if (!alive || current != window)
-            return;
-        q->setActiveSubWindow(window);
-        if (!alive || current != window)
-            return;
-        if (tabbed && previous && previous != window && creation.contains(previous))
+        showCurrent(reason);
+        // Only then, so that the focus never has to look for a place; and also when
+        // what reacts to the focus has gone on to another document.
+        if (tabbed && previous != current && creation.contains(previous))
             putToSleep(previous);
+        if (current != window)
+            return;
         if (focus)
             focus->setFocus();
         else
             giveFocus(window);
-        if (!alive || current != window)
+        if (current != window)
             return;
     }
     Q_EMIT q->currentWindowChanged(window);
 }
 
-void MdiArea::Private::showWindowed(MdiSubWindow *window)
+void MdiArea::Private::showCurrent(Reason reason)
 {
-    if (window->isMinimized())
-        window->showNormal();
-    window->show();
-    window->raise();
+    MdiSubWindow *const window = current;
+    if (tabbed) {
+        fill();
+        window->setDormant(false);
+    } else {
+        // One that is activated as it lies there, is to lie there.
+        if (window->isMinimized() && reason != Reason::ActivatedByArea)
+            window->showNormal();
+        window->raise();
+    }
+    // The focus moves when all is shown, not in between: whatever reacts to it may
+    // go on to another document.
+    window->showQuietly();
+    if (current == window)
+        q->setActiveSubWindow(window);
 }
 
 void MdiArea::Private::putToSleep(MdiSubWindow *window)
@@ -271,13 +273,13 @@ void MdiArea::Private::onActivatedByArea(QMdiSubWindow *window)
     if (busy || !document || document == current || document->isHidden()
         || !creation.contains(document))
         return;
-    makeCurrent(document);
+    makeCurrent(document, Reason::ActivatedByArea);
 }
 
 void MdiArea::Private::onDocumentChosen(MdiSubWindow *window, bool byKey)
 {
     if (window != current)
-        makeCurrent(window, byKey);
+        makeCurrent(window, byKey ? Reason::ChosenByKey : Reason::Chosen);
     else if (!byKey)
         giveFocus(window);
 }

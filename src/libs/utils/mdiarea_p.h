@@ -32,7 +32,12 @@ public:
     /// Apart from the constructor, because events reach the area's filter from
     /// the first child widget on.
     void setUp();
-    void makeCurrent(MdiSubWindow *window, bool keepFocus = false);
+    enum class Reason {
+        Chosen,
+        ChosenByKey,     // in the tab bar, which keeps the focus
+        ActivatedByArea, // by a click on it, or because it was shown or minimised
+    };
+    void makeCurrent(MdiSubWindow *window, Reason reason = Reason::Chosen);
     void setTabbed(bool tabbed);
     void connectWindow(MdiSubWindow *window);
     /// Takes @p window out of all lists; the caller picks the next one.
@@ -66,7 +71,7 @@ public:
 
 private:
     static void putToSleep(MdiSubWindow *window);
-    void showWindowed(MdiSubWindow *window);
+    void showCurrent(Reason reason);
 };
 
 } // namespace Utils

@@ -4,10 +4,12 @@
 #ifndef TESTS_LIBS_UTILS_DOCUMENT_H
 #define TESTS_LIBS_UTILS_DOCUMENT_H
 
+#include <QEvent>
 #include <QVector>
 #include <QWidget>
 
 #include <functional>
+#include <utility>
 
 class QLineEdit;
 class QMainWindow;
@@ -38,6 +40,29 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+};
+
+/// Does something when a watched object gets an event, before the object does.
+class OnEvent final : public QObject
+{
+    Q_OBJECT
+public:
+    OnEvent(QEvent::Type type, std::function<void()> what)
+        : m_type(type)
+        , m_what(std::move(what))
+    {
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            m_what();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    const QEvent::Type m_type;
+    const std::function<void()> m_what;
 };
 
 /// A main window with an area, and what the area has reported.

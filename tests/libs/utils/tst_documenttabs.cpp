@@ -14,6 +14,7 @@
 #include <QDesktopServices>
 #include <QHelpEvent>
 #include <QIcon>
+#include <QImage>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
@@ -255,6 +256,71 @@ private Q_SLOTS:
         QVERIFY(QToolTip::text().contains(QStringLiteral("/work/dir/a.v")));
         QVERIFY(QToolTip::text().contains(QStringLiteral("whole &lt;b&gt;title")));
         QToolTip::hideText();
+    }
+
+    void toolTipGoesBesideTheTabs()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        QTabBar *tabs = tabsOf(f);
+        const QPoint pos = tabs->tabRect(0).center();
+        QHelpEvent over(QEvent::ToolTip, pos, tabs->mapToGlobal(pos));
+        QApplication::sendEvent(tabs, &over);
+        QTRY_VERIFY(QToolTip::isVisible());
+
+        const QPoint beside(tabs->width() - 5, 5);
+        QHelpEvent away(QEvent::ToolTip, beside, tabs->mapToGlobal(beside));
+        QApplication::sendEvent(tabs, &away);
+
+        QTRY_VERIFY(!QToolTip::isVisible());
+    }
+
+    void closeButtonUnderTheMouseIsMarked()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        QTabBar *tabs = tabsOf(f);
+        const QPoint pos = closeButton(tabs, 0);
+        const QImage plain = tabs->grab().toImage();
+
+        QMouseEvent move(QEvent::MouseMove, pos, tabs->mapToGlobal(pos), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(tabs, &move);
+        const QImage marked = tabs->grab().toImage();
+        QTest::mousePress(tabs, Qt::LeftButton, Qt::NoModifier, pos);
+        const QImage pressed = tabs->grab().toImage();
+        QTest::mouseRelease(tabs, Qt::LeftButton, Qt::NoModifier, tabs->tabRect(0).center());
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(tabs, &leave);
+
+        QVERIFY(marked != plain);
+        QVERIFY(pressed != marked);
+        QCOMPARE(tabs->grab().toImage(), plain);
+    }
+
+    void clickBesideTheTabsDoesNothing()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.currents.clear();
+        const QPoint beside(tabsOf(f)->width() - 5, 5);
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton})
+            QTest::mouseClick(tabsOf(f), button, Qt::NoModifier, beside);
+        QVERIFY(f.closed.isEmpty());
+        QVERIFY(f.currents.isEmpty());
+    }
+
+    void middleButtonReleasedOverAnotherTabDoesNothing()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        QTest::mousePress(tabsOf(f), Qt::MiddleButton, Qt::NoModifier,
+                          tabsOf(f)->tabRect(0).center());
+        QTest::mouseRelease(tabsOf(f), Qt::MiddleButton, Qt::NoModifier,
+                            tabsOf(f)->tabRect(1).center());
+        QVERIFY(f.closed.isEmpty());
     }
 
     void menuCloses()

@@ -8,11 +8,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QBrush>
 #include <QDialog>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QMouseEvent>
+#include <QPalette>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTabBar>
@@ -36,28 +37,6 @@ Titles titles(const QList<MdiSubWindow *> &windows)
         result.append(window->shortTitle());
     return result;
 }
-
-/// Destroys a window from within an event.
-class Destroyer final : public QObject
-{
-public:
-    Destroyer(QEvent::Type type, const QPointer<MdiSubWindow> &victim)
-        : m_type(type)
-        , m_victim(victim)
-    {
-    }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == m_type)
-            delete m_victim;
-        return false;
-    }
-
-private:
-    const QEvent::Type m_type;
-    const QPointer<MdiSubWindow> m_victim;
-};
 } // namespace
 
 class TestMdiArea : public QObject
@@ -415,136 +394,165 @@ private Q_SLOTS:
         QCOMPARE(f.currents, Titles{QStringLiteral("a")});
     }
 
-    void tileShowsAllAsWindowsSideBySide()
+    void closeAllPassesOverWhatAnotherDocumentClosed()
     {
-        AreaFixture f;
-        const Document *a = f.open(QStringLiteral("a"));
-        const Document *b = f.open(QStringLiteral("b"));
-        f.currents.clear();
-        f.area->tileSubWindows();
-        QVERIFY(!f.area->isTabbed());
-        QVERIFY(a->isVisible());
-        QVERIFY(b->isVisible());
-        QVERIFY(!AreaFixture::windowOf(a)->isMaximized());
-        QVERIFY(
-            !AreaFixture::windowOf(a)->geometry().intersects(AreaFixture::windowOf(b)->geometry()));
-        QVERIFY(!f.area->findChild<QTabBar *>(QStringLiteral("documentTabBar"))->isVisible());
-        QVERIFY(f.currents.isEmpty());
-        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
-        QVERIFY(b->edit->hasFocus());
-    }
-
-    void cascadeShowsAllAsWindowsOverlapping()
-    {
-        AreaFixture f;
-        const Document *a = f.open(QStringLiteral("a"));
-        const Document *b = f.open(QStringLiteral("b"));
-        f.area->cascadeSubWindows();
-        QVERIFY(a->isVisible() && b->isVisible());
-        QVERIFY(
-            AreaFixture::windowOf(a)->geometry().intersects(AreaFixture::windowOf(b)->geometry()));
-        QVERIFY(AreaFixture::windowOf(a)->pos() != AreaFixture::windowOf(b)->pos());
-        QVERIFY(AreaFixture::windowOf(a)->width() >= f.area->width() / 2);
-        QVERIFY(AreaFixture::windowOf(a)->height() >= f.area->height() / 2);
-    }
-
-    void tileAndCascadeWithoutDocumentsKeepTheTabs()
-    {
-        AreaFixture f;
-        f.area->tileSubWindows();
-        f.area->cascadeSubWindows();
-        QVERIFY(f.area->isTabbed());
-    }
-
-    void documentMayDestroyAWindowWhenItIsShownOrHidden_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::newRow("shown") << int(QEvent::Show);
-        QTest::newRow("hidden") << int(QEvent::Hide);
-    }
-
-    void documentMayDestroyAWindowWhenItIsShownOrHidden()
-    {
-        QFETCH(int, type);
         AreaFixture f;
         Document *a = f.open(QStringLiteral("a"));
-        const QPointer<MdiSubWindow> b(AreaFixture::windowOf(f.open(QStringLiteral("b"))));
+        const Document *b = f.open(QStringLiteral("b"));
         f.open(QStringLiteral("c"));
-        Destroyer destroyer(QEvent::Type(type), b);
-        a->installEventFilter(&destroyer);
-
-        f.area->tileSubWindows();
-        f.area->showTabs();
-
-        QVERIFY(!b);
-        QCOMPARE(f.area->subWindows().size(), 2);
-        QCOMPARE(f.area->currentWindow()->shortTitle(), QStringLiteral("c"));
+        a->onClose = [b] { AreaFixture::windowOf(b)->close(); };
+        QVERIFY(f.area->closeAll());
+        QCOMPARE(f.closed, (Titles{QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("c")}));
+        QCOMPARE(f.currents.constLast(), QStringLiteral("-"));
     }
 
-    void clickActivatesATiledWindow()
-    {
-        AreaFixture f;
-        const Document *a = f.open(QStringLiteral("a"));
-        f.open(QStringLiteral("b"));
-        f.area->tileSubWindows();
-        f.currents.clear();
-        QTest::mouseClick(a->edit, Qt::LeftButton);
-        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
-        QVERIFY(a->edit->hasFocus());
-    }
-
-    void maximisingBringsTheTabsBack()
-    {
-        AreaFixture f;
-        const Document *a = f.open(QStringLiteral("a"));
-        const Document *b = f.open(QStringLiteral("b"));
-        f.area->tileSubWindows();
-        f.currents.clear();
-        AreaFixture::windowOf(a)->showMaximized();
-        QVERIFY(f.area->isTabbed());
-        QVERIFY(f.area->findChild<QTabBar *>(QStringLiteral("documentTabBar"))->isVisible());
-        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
-        QVERIFY(!b->isVisible());
-        QCOMPARE(AreaFixture::windowOf(a)->geometry(), f.area->viewport()->rect());
-        QTRY_VERIFY(a->edit->hasFocus());
-    }
-
-    void doubleClickOnATitleBarBringsTheTabsBack()
-    {
-        AreaFixture f;
-        const Document *a = f.open(QStringLiteral("a"));
-        f.open(QStringLiteral("b"));
-        f.area->tileSubWindows();
-        MdiSubWindow *window = AreaFixture::windowOf(a);
-        const QPoint bar(window->width() / 2, 10);
-        QMouseEvent move(QEvent::MouseMove, bar, window->mapToGlobal(bar), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(window, &move);
-        QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, bar);
-        QVERIFY(f.area->isTabbed());
-        QCOMPARE(f.area->currentWindow(), window);
-    }
-
-    void openingWhileTiledAddsAWindow()
+    void nextOneMayBeAskedForWhenAClosingIsReported()
     {
         AreaFixture f;
         f.open(QStringLiteral("a"));
-        f.area->tileSubWindows();
-        const Document *b = f.open(QStringLiteral("b"));
-        QVERIFY(!f.area->isTabbed());
-        QVERIFY(!AreaFixture::windowOf(b)->isMaximized());
-        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
-    }
-
-    void afterTheLastTiledWindowTheNextLiesUnderTabs()
-    {
-        AreaFixture f;
-        f.open(QStringLiteral("a"));
-        f.area->tileSubWindows();
+        f.open(QStringLiteral("b"));
+        f.currents.clear();
+        connect(f.area, &MdiArea::windowClosed, f.area, &MdiArea::onSubWindowActivated);
         f.area->closeCurrent();
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+    }
+
+    void askedForTheNextOneWithTheCurrentThereReportsNothing()
+    {
+        AreaFixture f;
+        f.area->onSubWindowActivated();
+        f.open(QStringLiteral("a"));
+        f.currents.clear();
+        f.area->onSubWindowActivated();
+        QVERIFY(f.currents.isEmpty());
+    }
+
+    void leftDocumentMayCloseTheOneGoneTo()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const QPointer<MdiSubWindow> b(AreaFixture::windowOf(f.open(QStringLiteral("b"))));
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QTRY_VERIFY(a->edit->hasFocus());
+        OnEvent closes(QEvent::FocusOut, [&b] {
+            if (b)
+                b->close();
+        });
+        a->edit->installEventFilter(&closes);
+        f.area->setCurrentSubWindow(b);
+        QCOMPARE(f.closed, Titles{QStringLiteral("b")});
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QVERIFY(a->isVisible());
+        QTRY_VERIFY(!b);
+    }
+
+    void documentGoneToMayDestroyTheOneLeft()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const QPointer<MdiSubWindow> b(AreaFixture::windowOf(f.open(QStringLiteral("b"))));
+        OnEvent destroyer(QEvent::FocusIn, [&b] { delete b; });
+        a->edit->installEventFilter(&destroyer);
+        f.currents.clear();
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QVERIFY(!b);
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QCOMPARE(f.currents, Titles{QStringLiteral("a")});
+        QVERIFY(a->isVisible());
+    }
+
+    void documentGoneToMayGoOnToAnother_data()
+    {
+        QTest::addColumn<bool>("tiled");
+        QTest::newRow("tabs") << false;
+        QTest::newRow("tiled") << true;
+    }
+
+    void documentGoneToMayGoOnToAnother()
+    {
+        QFETCH(bool, tiled);
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        const Document *c = f.open(QStringLiteral("c"));
+        if (tiled)
+            f.area->tileSubWindows();
+        OnEvent goesOn(QEvent::FocusIn,
+                       [&f, b] { f.area->setCurrentSubWindow(AreaFixture::windowOf(b)); });
+        a->edit->installEventFilter(&goesOn);
+        f.currents.clear();
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QCOMPARE(f.currents, Titles{QStringLiteral("b")});
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(b));
+        QVERIFY(b->isVisible());
+        QCOMPARE(a->isVisible(), tiled);
+        QCOMPARE(c->isVisible(), tiled);
+        QTRY_VERIFY(b->edit->hasFocus());
+    }
+
+    void reportMayGoOnToAnother()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
         f.open(QStringLiteral("b"));
-        QVERIFY(f.area->isTabbed());
-        QVERIFY(f.area->currentWindow()->isMaximized());
+        connect(f.area, &MdiArea::currentWindowChanged, this, [&f, a](MdiSubWindow *window) {
+            if (window && window->shortTitle() == QLatin1String("c"))
+                f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        });
+        const Document *c = f.open(QStringLiteral("c"));
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QVERIFY(a->isVisible());
+        QVERIFY(!c->isVisible());
+    }
+
+    void madeCurrentWhileHiddenIsTheActiveOneOnceShown()
+    {
+        AreaFixture f;
+        const Document *a = f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.main->hide();
+        f.area->setCurrentSubWindow(AreaFixture::windowOf(a));
+        QVERIFY(f.show());
+        QCOMPARE(f.area->activeSubWindow(), AreaFixture::windowOf(a));
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QCOMPARE(f.main->focusWidget(), a->edit);
+    }
+
+    void backgroundFollowsThePalette()
+    {
+        AreaFixture f;
+        QPalette dark;
+        dark.setColor(QPalette::Dark, Qt::darkBlue);
+        f.main->setPalette(dark);
+        QCOMPARE(f.area->background().color(), QColor(Qt::darkBlue));
+    }
+
+    void widgetTakenOutTakesItsWindowAlong()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        Document *b = f.open(QStringLiteral("b"));
+        const QPointer<MdiSubWindow> window(AreaFixture::windowOf(b));
+        b->setParent(nullptr);
+        QCOMPARE(f.currents.constLast(), QStringLiteral("a"));
+        QTRY_VERIFY(!window);
+        QCOMPARE(b->closes, 0);
+        delete b;
+    }
+
+    void windowTakenOutMayBeAddedAgain()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        const Document *b = f.open(QStringLiteral("b"));
+        MdiSubWindow *window = AreaFixture::windowOf(b);
+        f.area->removeSubWindow(window);
+        f.area->addSubWindow(window);
+        QCOMPARE(f.area->currentWindow(), window);
+        QVERIFY(b->isVisible());
+        QCOMPARE(window->geometry(), f.area->viewport()->rect());
+        QVERIFY(window->close());
+        QCOMPARE(f.closed, Titles{QStringLiteral("b")});
     }
 
     void documentUnderTabsCannotBeMadeSmaller()
