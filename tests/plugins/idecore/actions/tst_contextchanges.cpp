@@ -9,12 +9,15 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 
+#include <QMenu>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVector>
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -36,6 +39,20 @@ QAction *add(const QString &text, const QString &id, const QString &context)
     auto *action = new QAction(text);
     ActionManager::registerAction(action, id, context)->setTextUpdated(true);
     return action;
+}
+
+/// A row for each order of the numbers below @p count.
+void orders(int count)
+{
+    QTest::addColumn<QVector<int>>("order");
+    QVector<int> order(count);
+    std::iota(order.begin(), order.end(), 0);
+    do {
+        QString name;
+        for (const int number : qAsConst(order))
+            name += QString::number(number);
+        QTest::newRow(qPrintable(name)) << order;
+    } while (std::next_permutation(order.begin(), order.end()));
 }
 
 QString text(const QString &id = Command)
@@ -80,6 +97,12 @@ private Q_SLOTS:
     void handlerMayDestroyTheRegistry();
 
     void twoContextsMayFightForACommand();
+    void anotherActionTakesAContextGivenUp();
+    void actionOfTheFirstContextFightsAgainFromItsHandler();
+    void actionsGoInEveryOrderAndTheNextInLineServes_data();
+    void actionsGoInEveryOrderAndTheNextInLineServes();
+    void everythingMayGoInEveryOrder_data();
+    void everythingMayGoInEveryOrder();
     void actionsAndProxiesMayGoInAnyOrder_data();
     void actionsAndProxiesMayGoInAnyOrder();
     void registryMayGoFirst();
@@ -460,6 +483,121 @@ void TestContextChanges::twoContextsMayFightForACommand()
 
     QCOMPARE(a.count(), 50);
     QCOMPARE(b.count(), 50);
+}
+
+void TestContextChanges::anotherActionTakesAContextGivenUp()
+{
+    const QSignalSpy a(add(QStringLiteral("a"), Command, FirstContext), &QAction::triggered);
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::unregisterAction(Command, FirstContext);
+    const QSignalSpy b(add(QStringLiteral("b"), Command, FirstContext), &QAction::triggered);
+
+    ActionManager::action(Command)->trigger();
+    QCOMPARE(a.count(), 1);
+    ActionManager::setCurrentContexts({FirstContext});
+    ActionManager::action(Command)->trigger();
+
+    QCOMPARE(a.count(), 1);
+    QCOMPARE(b.count(), 1);
+    QCOMPARE(text(), QStringLiteral("b"));
+}
+
+void TestContextChanges::actionOfTheFirstContextFightsAgainFromItsHandler()
+{
+    // Each one, when it is triggered, hands the command to the other.
+    QAction *a = add(QStringLiteral("a"), Command, FirstContext);
+    QAction *b = add(QStringLiteral("b"), Command, SecondContext);
+    connect(a, &QAction::triggered, this, [] {
+        ActionManager::setCurrentContexts({SecondContext, FirstContext});
+    });
+    connect(b, &QAction::triggered, this, [] {
+        ActionManager::setCurrentContexts({FirstContext, SecondContext});
+    });
+    const QSignalSpy aTriggered(a, &QAction::triggered);
+    const QSignalSpy bTriggered(b, &QAction::triggered);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
+
+    for (int i = 0; i < 10; ++i)
+        ActionManager::action(Command)->trigger();
+
+    QCOMPARE(aTriggered.count(), 5);
+    QCOMPARE(bTriggered.count(), 5);
+}
+
+void TestContextChanges::actionsGoInEveryOrderAndTheNextInLineServes_data()
+{
+    orders(4);
+}
+
+void TestContextChanges::actionsGoInEveryOrderAndTheNextInLineServes()
+{
+    QFETCH(QVector<int>, order);
+    QStringList contexts;
+    std::vector<QPointer<QAction>> actions;
+    std::vector<int> triggered(4);
+    for (int i = 0; i < 4; ++i) {
+        contexts.append(QStringLiteral("Test.Context.%1").arg(i));
+        QAction *action = add(QString::number(i), Command, contexts.last());
+        actions.emplace_back(action);
+        connect(action, &QAction::triggered, this,
+                [&triggered, i] { ++triggered.at(static_cast<std::size_t>(i)); });
+    }
+    const auto server = [&] {
+        std::fill(triggered.begin(), triggered.end(), 0);
+        ActionManager::action(Command)->trigger();
+        return QVector<int>(triggered.cbegin(), triggered.cend());
+    };
+    const auto onlyFirstAlive = [&actions] {
+        QVector<int> expected(4);
+        const auto alive = std::find_if(actions.cbegin(), actions.cend(),
+                                        [](const QPointer<QAction> &action) { return action; });
+        if (alive != actions.cend())
+            expected[static_cast<int>(alive - actions.cbegin())] = 1;
+        return expected;
+    };
+    ActionManager::setCurrentContexts(contexts);
+    QCOMPARE(server(), onlyFirstAlive());
+
+    for (const int gone : qAsConst(order)) {
+        delete actions.at(static_cast<std::size_t>(gone));
+        ActionManager::setCurrentContexts(contexts);
+        QCOMPARE(server(), onlyFirstAlive());
+    }
+
+    QVERIFY(!ActionManager::action(Command)->isEnabled());
+}
+
+void TestContextChanges::everythingMayGoInEveryOrder_data()
+{
+    orders(5);
+}
+
+void TestContextChanges::everythingMayGoInEveryOrder()
+{
+    QFETCH(QVector<int>, order);
+    const QPointer<ActionManager> registry = new ActionManager;
+    const QPointer<QAction> a = add(QStringLiteral("a"), Command, FirstContext);
+    const QPointer<QAction> b = add(QStringLiteral("b"), Command, SecondContext);
+    const QPointer<IAction> proxy = ActionManager::action(Command);
+    const QPointer<QMenu> menu = new QMenu;
+    menu->addAction(proxy);
+    // So that each goes on its own, not with the registry.
+    a->setParent(nullptr);
+    b->setParent(nullptr);
+    ActionManager::setCurrentContexts({FirstContext, SecondContext});
+    const std::vector<QPointer<QObject>> objects{registry.data(), a.data(), b.data(), proxy.data(),
+                                                 menu.data()};
+
+    for (const int gone : qAsConst(order)) {
+        delete objects.at(static_cast<std::size_t>(gone));
+        ActionManager::setCurrentContexts({SecondContext, FirstContext});
+        if (proxy)
+            proxy->trigger();
+        QCOMPARE(ActionManager::action(Command), proxy.data());
+        if (menu)
+            QCOMPARE(menu->actions().size(), proxy ? 1 : 0);
+        QVERIFY(registry || !proxy);
+    }
 }
 
 void TestContextChanges::actionsAndProxiesMayGoInAnyOrder_data()

@@ -91,6 +91,7 @@ private Q_SLOTS:
     void destroyedActionHidesAtTheNextUpdateIfAsked();
     void destroyedActionLeavesTheProxyVisibleUnlessAsked();
     void unboundProxyIsHiddenOnlyIfAsked();
+    void hiddenProxyShowsAgainWithTheNextAction();
 
     void stateIsMirroredAtOnce_data();
     void stateIsMirroredAtOnce();
@@ -555,6 +556,19 @@ void TestIAction::unboundProxyIsHiddenOnlyIfAsked()
     bound.proxy.update();
 
     QVERIFY(!bound.proxy.isVisible());
+}
+
+void TestIAction::hiddenProxyShowsAgainWithTheNextAction()
+{
+    Bound bound;
+    bound.proxy.setHideWhenDeactivated(true);
+    bound.proxy.setCurrentContexts({});
+    QVERIFY(!bound.proxy.isVisible());
+
+    bound.proxy.setCurrentContexts({SecondContext});
+
+    QVERIFY(bound.proxy.isVisible());
+    QVERIFY(bound.proxy.isEnabled());
 }
 
 void TestIAction::stateIsMirroredAtOnce_data()
