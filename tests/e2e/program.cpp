@@ -92,6 +92,21 @@ void Program::click(int x, int y, int button)
          QStringLiteral("click"), QString::number(button)});
 }
 
+void Program::moveMainWindow(const QRect &place)
+{
+    const QString id = mainWindowId();
+    run(QStringLiteral("wmctrl"),
+        {QStringLiteral("-i"), QStringLiteral("-r"), id, QStringLiteral("-b"),
+         QStringLiteral("remove,maximized_vert,maximized_horz")});
+    run(QStringLiteral("wmctrl"),
+        {QStringLiteral("-i"), QStringLiteral("-r"), id, QStringLiteral("-e"),
+         QStringLiteral("0,%1,%2,%3,%4")
+             .arg(place.x())
+             .arg(place.y())
+             .arg(place.width())
+             .arg(place.height())});
+}
+
 void Program::closeMainWindow()
 {
     run(QStringLiteral("wmctrl"), {QStringLiteral("-i"), QStringLiteral("-c"), mainWindowId()});

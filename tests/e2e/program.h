@@ -40,6 +40,9 @@ public:
     void type(const QString &text);
     /// Clicks at a place of the screen.
     void click(int x, int y, int button = 1);
+    /// Makes the main window a normal one at a place of the screen, as a person
+    /// drags it there.
+    void moveMainWindow(const QRect &place);
     /// Asks the main window to close, as its close button does.
     void closeMainWindow();
     void kill(int signal);

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRect>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -23,14 +24,26 @@ private Q_SLOTS:
         QVERIFY(m_dir->isValid());
     }
 
-    void theFirstStartIsMaximisedAndTheNextHasTheSavedGeometry()
+    void theWindowIsMaximisedAtFirstAndComesBackWhereItWasUntilTheBuildChanges()
     {
+        QRect left;
         {
             Program program;
             QCOMPARE(program.start(), QString());
             program.picture(QStringLiteral("first-start"));
-            QTRY_VERIFY(program.mainWindowProperty(QStringLiteral("_NET_WM_STATE"))
-                            .contains(QLatin1String("MAXIMIZED_VERT")));
+            QTRY_VERIFY(isMaximised(program));
+            program.moveMainWindow(QRect(180, 120, 900, 620));
+            QTRY_VERIFY(!isMaximised(program));
+            QTRY_COMPARE(program.mainWindowGeometry().size(), QSize(900, 620));
+            left = program.mainWindowGeometry();
+            end(program);
+        }
+        {
+            Program program;
+            QCOMPARE(program.start(), QString());
+            QTRY_COMPARE(program.mainWindowGeometry(), left);
+            program.picture(QStringLiteral("second-start"));
+            QVERIFY(!isMaximised(program));
             end(program);
         }
         QSettings settings(settingsFile(QStringLiteral("IDE_GUI")), QSettings::IniFormat);
@@ -42,8 +55,7 @@ private Q_SLOTS:
         {
             Program program;
             QCOMPARE(program.start(), QString());
-            QTRY_VERIFY(program.mainWindowProperty(QStringLiteral("_NET_WM_STATE"))
-                            .contains(QLatin1String("MAXIMIZED_VERT")));
+            QTRY_VERIFY(isMaximised(program));
             end(program);
         }
     }
@@ -244,6 +256,12 @@ private Q_SLOTS:
     }
 
 private:
+    static bool isMaximised(const Program &program)
+    {
+        return program.mainWindowProperty(QStringLiteral("_NET_WM_STATE"))
+            .contains(QLatin1String("MAXIMIZED_VERT"));
+    }
+
     /// Closes the program, which has nothing unsaved, and checks its end.
     void end(Program &program)
     {
