@@ -158,7 +158,7 @@ void TestTextJournal::endingsFollowTheirLines()
         TextJournal journal(folder());
         const QVector<Ending> endings{Ending::CrLf, Ending::Lf, Ending::None, Ending::None};
         QVERIFY(journal.begin(FILE_NAME, {{}, Ending::CrLf, 4}, [&endings](int line) {
-            return TextJournal::Line{QString(QLatin1Char(static_cast<char>('a' + line))),
+            return TextJournal::Line{QString(QLatin1Char(static_cast<char>('A' + line))),
                                      endings.at(line)};
         }));
         // Line c was broken for display; breaking it in earnest ends it as most.
@@ -172,7 +172,9 @@ void TestTextJournal::endingsFollowTheirLines()
     const std::unique_ptr<KeptText> kept = find();
 
     QVERIFY(kept);
-    QCOMPARE(kept->text(), QStringLiteral("a\nb\nc\r\nd"));
+    const QStringList pieces{QStringLiteral("A\n"), QStringLiteral("B\n"), QStringLiteral("C\r\n"),
+                             QStringLiteral("D")};
+    QCOMPARE(kept->text(), pieces.join(QString()));
 }
 
 void TestTextJournal::changesNotFlushedAreNotPromised()
