@@ -880,7 +880,8 @@ void TestOpenEditor::stepsOfOpeningInOrder()
     const QString registered =
         QStringLiteral("register context: %1 \"Core.EditorManager.Context\"").arg(logged(editor));
     QStringList steps;
-    for (const QString &line : log.lines(QtDebugMsg)) {
+    const QStringList lines = log.lines(QtDebugMsg);
+    for (const QString &line : lines) {
         for (const char *start : {"open editor for:", "create editor:", "register context:",
                                   "show view:", "current view:"}) {
             if (line.startsWith(QLatin1String(start)))
