@@ -5,6 +5,15 @@
 
 #include <QCloseEvent>
 
+namespace {
+/// On a copy, because @p function may take itself away.
+void run(std::function<void()> function)
+{
+    if (function)
+        function();
+}
+} // namespace
+
 TestView::TestView(const QString &title, QStringList *journal)
     : m_journal(journal)
 {
@@ -16,16 +25,14 @@ void TestView::onActivated()
 {
     ++activated;
     note("activated");
-    if (whileActivated)
-        whileActivated();
+    run(whileActivated);
 }
 
 void TestView::onDeactivated()
 {
     ++deactivated;
     note("deactivated");
-    if (whileDeactivated)
-        whileDeactivated();
+    run(whileDeactivated);
 }
 
 void TestView::closeEvent(QCloseEvent *event)
@@ -33,8 +40,7 @@ void TestView::closeEvent(QCloseEvent *event)
     ++asked;
     note("asked");
     const bool accept = !refuseClose;
-    if (whileClosing)
-        whileClosing(); // may destroy this view
+    run(whileClosing); // may destroy this view
     event->setAccepted(accept);
 }
 
