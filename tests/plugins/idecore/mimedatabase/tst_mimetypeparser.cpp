@@ -212,6 +212,9 @@ private Q_SLOTS:
     void predefinedEntitiesAreRead();
     void deepNestingIsRefused_data();
     void deepNestingIsRefused();
+    void declaredPrefixesAreRead();
+    void undeclaredPrefixIsRefused_data();
+    void undeclaredPrefixIsRefused();
 };
 
 void TestMimeTypeParser::nextStage_data()
@@ -816,6 +819,12 @@ void TestMimeTypeParser::entityDeclarationsAreRefused_data()
     QTest::newRow("in a default")
         << bomb + "<!ENTITY a \"\"><!ATTLIST glob pattern CDATA \"&a11;\">";
     QTest::newRow("external") << QByteArray("<!ENTITY a SYSTEM \"file:///etc/passwd\">");
+    // Expanded before the declarations are known.
+    for (const char *piece : {" ", "<!-- -->", "<!ATTLIST glob a CDATA \"\">"}) {
+        QTest::addRow("parameter %s", piece)
+            << "<!ENTITY % p '" + QByteArray(piece).repeated(4000 / int(qstrlen(piece))) + "'>"
+                   + QByteArray("%p;").repeated(30000);
+    }
 }
 
 void TestMimeTypeParser::entityDeclarationsAreRefused()
@@ -867,6 +876,42 @@ void TestMimeTypeParser::deepNestingIsRefused()
                                                   : "Elements are nested too deeply"));
     QVERIFY(device.given() < 1024 * 1024);
     QVERIFY(peakMemory() - before < 16);
+}
+
+void TestMimeTypeParser::declaredPrefixesAreRead()
+{
+    const Result result =
+        parse("<m:mime-info xmlns:m=\"urn:m\" xmlns=\"urn:n\">"
+              "<m:mime-type type=\"a/b\" x:a=\"\" xmlns:x=\"urn:x\">"
+              "<x:comment xml:lang=\"de\" y:a=\"\" xmlns:y=\"urn:y\">Text</x:comment>"
+              "<x:glob pattern=\"*.c\"/></m:mime-type></m:mime-info>");
+
+    QVERIFY2(result.ok, qPrintable(result.message));
+    QCOMPARE(result.type().localeComment(QStringLiteral("de")), QStringLiteral("Text"));
+    QCOMPARE(result.type().suffixes(), QStringList(QStringLiteral("c")));
+}
+
+void TestMimeTypeParser::undeclaredPrefixIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("element") << QByteArray("<x:glob/>");
+    QTest::newRow("ignored element") << QByteArray("<x:icon/>");
+    QTest::newRow("attribute") << QByteArray("<glob x:pattern=\"*.c\"/>");
+    QTest::newRow("declared by a closed element")
+        << QByteArray("<x:icon xmlns:x=\"urn:x\"/><x:glob/>");
+    QTest::newRow("declared by a closed comment")
+        << QByteArray("<comment xmlns:x=\"urn:x\">Text</comment><x:glob/>");
+}
+
+void TestMimeTypeParser::undeclaredPrefixIsRefused()
+{
+    QFETCH(QByteArray, content);
+
+    const Result result = parseType(content);
+
+    QVERIFY(!result.ok);
+    QCOMPARE(result.message, locatedError(3, "Namespace prefix 'x' not declared"));
+    QVERIFY(result.types.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestMimeTypeParser)
