@@ -230,7 +230,7 @@ void MdiArea::showEvent(QShowEvent *event)
         d->fill();
     QMdiArea::showEvent(event);
     if (d->current && activeSubWindow() != d->current)
-        setActiveSubWindow(d->current);
+        d->activate(d->current);
 }
 
 } // namespace Utils

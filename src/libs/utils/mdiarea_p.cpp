@@ -90,17 +90,28 @@ void MdiArea::Private::showCurrent(Reason reason)
     }
     // The focus moves when all is shown, not in between: whatever reacts to it may
     // go on to another document.
-    window->showQuietly();
+    window->setShownQuietly(true);
     if (current == window)
-        q->setActiveSubWindow(window);
+        activate(window);
 }
 
 void MdiArea::Private::putToSleep(MdiSubWindow *window)
 {
     const QPointer<MdiSubWindow> alive(window);
-    window->hide();
+    window->setShownQuietly(false);
     if (alive)
         window->setDormant(true);
+}
+
+void MdiArea::Private::activate(MdiSubWindow *window)
+{
+    // For a maximised one QMdiSubWindow would see to buttons in the menu bar, have
+    // that painted anew and filter the events of the main window from now on.
+    const QPointer<MdiSubWindow> alive(window);
+    window->markMaximized(false);
+    q->setActiveSubWindow(window);
+    if (alive)
+        window->markMaximized(true);
 }
 
 void MdiArea::Private::giveFocus(MdiSubWindow *window) const
@@ -163,7 +174,7 @@ void MdiArea::Private::setTabbed(bool on)
         window->setFramed(!on);
         if (!on && window != current) {
             window->setDormant(false);
-            window->showQuietly();
+            window->setShownQuietly(true);
         }
     }
     if (current) {

@@ -32,6 +32,7 @@ public:
     /// Apart from the constructor, because events reach the area's filter from
     /// the first child widget on.
     void setUp();
+    void activate(MdiSubWindow *window);
     enum class Reason {
         Chosen,
         ChosenByKey,     // in the tab bar, which keeps the focus

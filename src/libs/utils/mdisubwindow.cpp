@@ -37,7 +37,7 @@ public:
     DormantShortcuts shortcuts;
     bool framed = true;
     bool entering = false;
-    bool showingQuietly = false;
+    bool quiet = false; // shown and hidden by the area, which does the rest itself
 };
 
 MdiSubWindow::MdiSubWindow(QWidget *parent)
@@ -180,10 +180,19 @@ void MdiSubWindow::resizeEvent(QResizeEvent *event)
 void MdiSubWindow::showEvent(QShowEvent *event)
 {
     // QMdiSubWindow activates itself here.
-    if (d->showingQuietly)
+    if (d->quiet)
         QWidget::showEvent(event); // NOLINT(bugprone-parent-virtual-call)
     else
         QMdiSubWindow::showEvent(event);
+}
+
+void MdiSubWindow::hideEvent(QHideEvent *event)
+{
+    // QMdiSubWindow clears the menu bar of buttons that were never put there.
+    if (d->quiet)
+        QWidget::hideEvent(event); // NOLINT(bugprone-parent-virtual-call)
+    else
+        QMdiSubWindow::hideEvent(event);
 }
 
 bool MdiSubWindow::event(QEvent *event)
@@ -199,7 +208,7 @@ bool MdiSubWindow::eventFilter(QObject *object, QEvent *event)
 {
     if (!object || object != widget())
         return QMdiSubWindow::eventFilter(object, event);
-    if (d->showingQuietly && event->type() == QEvent::Show)
+    if (d->quiet && event->type() == QEvent::Show)
         return false;
     const bool filtered = QMdiSubWindow::eventFilter(object, event);
     switch (event->type()) {
@@ -263,11 +272,20 @@ void MdiSubWindow::takeIcon()
         setWindowIcon(icon);
 }
 
-void MdiSubWindow::showQuietly()
+void MdiSubWindow::setShownQuietly(bool shown)
 {
-    d->showingQuietly = true;
-    show();
-    d->showingQuietly = false;
+    const QPointer<MdiSubWindow> alive(this);
+    d->quiet = true;
+    setVisible(shown);
+    if (alive)
+        d->quiet = false;
+}
+
+void MdiSubWindow::markMaximized(bool maximized)
+{
+    if (!d->framed)
+        overrideWindowState((windowState() & ~Qt::WindowMaximized)
+                            | (maximized ? Qt::WindowMaximized : Qt::WindowNoState));
 }
 
 } // namespace Utils

@@ -60,6 +60,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void childEvent(QChildEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
     bool event(QEvent *event) override;
@@ -71,7 +72,10 @@ private:
     void enter(QWidget *viewport, bool framed);
     void entered();
     void setFramed(bool framed);
-    void showQuietly();
+    /// Shows or hides without activation.
+    void setShownQuietly(bool shown);
+    /// Under tabs alone: what a document says of itself, nothing is laid out.
+    void markMaximized(bool maximized);
     void takeIcon();
     void setDormant(bool dormant);
 
