@@ -19,6 +19,8 @@
 #include <QTabBar>
 #include <QTest>
 
+#include <memory>
+
 using Utils::MdiArea;
 using Utils::MdiSubWindow;
 
@@ -347,6 +349,36 @@ private Q_SLOTS:
         QVERIFY(!window->isVisible());
         QCOMPARE(f.currents.constLast(), QStringLiteral("a"));
         QCOMPARE(f.area->subWindows().size(), 1);
+    }
+
+    void removedWindowIsWholeAgain()
+    {
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        auto *own = new QAction(a);
+        own->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));
+        a->addAction(own);
+        f.open(QStringLiteral("b"));
+        QVERIFY(own->shortcut().isEmpty());
+        const std::unique_ptr<MdiSubWindow> window(AreaFixture::windowOf(a));
+
+        f.area->removeSubWindow(window.get());
+
+        QCOMPARE(own->shortcut(), QKeySequence(QStringLiteral("Ctrl+J")));
+        QVERIFY(!window->isMaximized());
+        QVERIFY(!window->windowFlags().testFlag(Qt::FramelessWindowHint));
+    }
+
+    void areaMayBeDestroyedWhenAClosingIsReported()
+    {
+        AreaFixture f;
+        f.open(QStringLiteral("a"));
+        f.open(QStringLiteral("b"));
+        f.currents.clear();
+        connect(f.area, &MdiArea::windowClosed, f.main, [&f] { delete f.area; });
+        f.area->closeCurrent();
+        QVERIFY(!f.main->findChild<MdiArea *>());
+        QVERIFY(f.currents.isEmpty());
     }
 
     void openingBeforeTheWindowIsShownIsReported()
