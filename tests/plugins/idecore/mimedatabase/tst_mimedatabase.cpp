@@ -11,10 +11,16 @@
 #include <QDebug>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+#include <iterator>
+
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using Core::MimeDatabase;
 using Core::MimeGlobPattern;
@@ -87,6 +93,8 @@ private Q_SLOTS:
     void builtInContent_data();
     void builtInContent();
     void suffixDecidesWithoutTheFile();
+    void fileIsOpenedOnceAtMost_data();
+    void fileIsOpenedOnceAtMost();
     void fifoAndDeviceAreNotOpened();
 
     void missingDefinitionFile();
@@ -527,6 +535,49 @@ void TestMimeDatabase::suffixDecidesWithoutTheFile()
     QCOMPARE(database.findByFile(QFileInfo(s("/missing/notes.txt"))).type(), s("text/plain"));
     QCOMPARE(database.findByFile(QFileInfo(s("top.v"))).type(), s("text/verilog"));
     QVERIFY(database.findByFile(QFileInfo(s("/missing/README"))).isNull());
+}
+
+void TestMimeDatabase::fileIsOpenedOnceAtMost_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("openings");
+    QTest::newRow("suffix that decides") << s("a.final") << 0;
+    QTest::newRow("suffix that leaves it open") << s("a.light") << 1;
+    QTest::newRow("content alone") << s("README") << 1;
+}
+
+void TestMimeDatabase::fileIsOpenedOnceAtMost()
+{
+    QFETCH(QString, name);
+    MimeDatabase database;
+    MimeType bottom = makeType("bottom", {s("middle")}, "*.final", 100);
+    MimeType middle = makeType("middle", {s("top")}, "*.light", 99);
+    MimeType top = makeType("top");
+    for (MimeType *type : {&bottom, &middle, &top}) {
+        addMagic(*type, "other", 200);
+        addMagic(*type, "more", 1);
+        QVERIFY(database.addMimeType(*type));
+    }
+    const QTemporaryDir dir;
+    QFile file(dir.filePath(name));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("magic") == 5);
+    file.close();
+    const int watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    QVERIFY(watch >= 0);
+    const auto closeWatch = qScopeGuard([watch] { ::close(watch); });
+    QVERIFY(::inotify_add_watch(watch, QFile::encodeName(file.fileName()).constData(),
+                                IN_OPEN | IN_CLOSE)
+            >= 0);
+
+    (void)database.findByFile(QFileInfo(file.fileName()));
+
+    // The closing keeps two openings from being told as one.
+    inotify_event events[8] = {};
+    const auto size = ::read(watch, events, sizeof events);
+    const auto *end = events + (size > 0 ? size / qint64(sizeof(inotify_event)) : 0);
+    QTEST(int(std::count_if(std::cbegin(events), end,
+                            [](const inotify_event &event) { return event.mask & IN_OPEN; })),
+          "openings");
 }
 
 void TestMimeDatabase::fifoAndDeviceAreNotOpened()

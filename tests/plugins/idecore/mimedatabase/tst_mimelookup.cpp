@@ -469,6 +469,13 @@ void TestMimeLookup::threadsShareTypesAndDatabase()
                         == QStringLiteral("thread/%1").arg(t));
                 }
                 expect(!database.filterForFileDialog(true).isEmpty());
+                const QString suffix = i % 2 == 0 ? QStringLiteral("vhd") : QStringLiteral("vhdl");
+                expect(database.setPreferredSuffix(QStringLiteral("text/vhdl"), suffix));
+                expect(database.preferredSuffixByFile(QFileInfo(QStringLiteral("a.vhd")))
+                           .startsWith(QLatin1String("vhd")));
+                expect(database.preferredSuffixByType(QStringLiteral("text/vhdl"))
+                           .startsWith(QLatin1String("vhd")));
+                expect(database.suffixes().contains(suffix));
             }
         });
     }

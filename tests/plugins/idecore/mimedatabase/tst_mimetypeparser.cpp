@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QTest>
 #include <QTranslator>
+#include <QVector>
 #include <QXmlStreamAttributes>
 
 #include <functional>
@@ -156,6 +157,7 @@ class TestMimeTypeParser : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void stagesHaveTheirValues();
     void nextStage_data();
     void nextStage();
 
@@ -212,10 +214,24 @@ private Q_SLOTS:
     void predefinedEntitiesAreRead();
     void deepNestingIsRefused_data();
     void deepNestingIsRefused();
+    void builtInTypesComeInOrder();
     void declaredPrefixesAreRead();
     void undeclaredPrefixIsRefused_data();
     void undeclaredPrefixIsRefused();
 };
+
+void TestMimeTypeParser::stagesHaveTheirValues()
+{
+    using P = BaseMimeTypeParser;
+    const QVector<int> stages{P::ParseBeginning,      P::ParseMimeInfo,
+                              P::ParseMimeType,       P::ParseComment,
+                              P::ParseGlobPattern,    P::ParseSubClass,
+                              P::ParseAlias,          P::ParseMagic,
+                              P::ParseMagicMatchRule, P::ParseOtherMimeTypeSubTag,
+                              P::ParseError};
+
+    QCOMPARE(stages, QVector<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
+}
 
 void TestMimeTypeParser::nextStage_data()
 {
@@ -876,6 +892,42 @@ void TestMimeTypeParser::deepNestingIsRefused()
                                                   : "Elements are nested too deeply"));
     QVERIFY(device.given() < 1024 * 1024);
     QVERIFY(peakMemory() - before < 16);
+}
+
+void TestMimeTypeParser::builtInTypesComeInOrder()
+{
+    QFile file(QStringLiteral(":/core/ide.mimetype.xml"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray xml = file.peek(file.size());
+
+    const Result result = parse(file);
+
+    QVERIFY2(result.ok, qPrintable(result.message));
+    QStringList types;
+    for (const MimeType &type : result.types)
+        types.append(type.type() + QLatin1String(": ") + type.comment());
+    QCOMPARE(types, QStringList({
+                        QStringLiteral("text/plain: Plain Text File"),
+                        QStringLiteral("text/html: HTML Document File"),
+                        QStringLiteral("application/km-ide-project: "
+                                       "KELMO FPGA Designer Project File"),
+                        QStringLiteral("text/verilog: Verilog HDL File"),
+                        QStringLiteral("text/vhdl: VHDL File"),
+                        QStringLiteral("text/ksc: KELMO Synthesis Constraints File"),
+                        QStringLiteral("text/pcn: KELMO Physical Constraints File"),
+                        QStringLiteral("text/sdc: KELMO Timing Constraints File"),
+                        QStringLiteral("text/kao: KELMO Oscilloscope Config File"),
+                        QStringLiteral("text/fdc: FPGA Design Constraints File"),
+                        QStringLiteral("text/adc: Analysis Design Constraints File"),
+                        QStringLiteral("text/kpa: KELMO Power Analyzer Conifg File"),
+                        QStringLiteral("text/fcx: KELMO Firm Core File"),
+                        QStringLiteral("text/mnx: Memory Initialization File"),
+                        QStringLiteral("text/ufx: User Flash Initialization File"),
+                        QStringLiteral("text/ksc: KELMO Synthesize Constraints File"),
+                        QStringLiteral("text/kvio: KELMO Virtual Input/Output Config File"),
+                    }));
+    for (const char *inactive : {"vm", "vma", "vmd", "vho", "ucf", "scf"})
+        QVERIFY(xml.contains("<!-- <glob pattern=\"*." + QByteArray(inactive) + "\"/> -->"));
 }
 
 void TestMimeTypeParser::declaredPrefixesAreRead()
