@@ -56,6 +56,8 @@ bool toLatin1(const QString &text, Latin1 &latin1)
     for (; i + 4 <= size; i += 4) {
         quint64 four;
         std::memcpy(&four, units + i, sizeof four);
+        if (four & 0xff00ff00ff00ff00)
+            return false;
         bits |= four;
         for (int k = 0; k < 4; ++k)
             bytes[i + k] = char(units[i + k].unicode());
@@ -223,7 +225,8 @@ struct BaseMimeTypeParser::Run
 private:
     static bool isBuiltIn(const QStringRef &prefix)
     {
-        return prefix.isEmpty() || (prefix.size() == 3 && prefix == QLatin1String("xml"));
+        return prefix.isEmpty()
+               || (prefix.size() == 3 && std::equal(prefix.begin(), prefix.end(), u"xml"));
     }
     bool isDeclared(const QStringRef &prefix)
     {
