@@ -211,7 +211,8 @@ public:
 
     bool failed() const { return m_failed; }
 
-    /// One line of the table; false when a figure is missing or over its limit.
+    /// One line of the table; false when the figure is over its limit. None, and
+    /// true, when a filter left out one of the two.
     bool ratio(const char *name, const char *ours, const char *peer, double limit) const
     {
         const auto a = m_best.find(ours);
