@@ -172,10 +172,7 @@ void ViewManager::showView(IView *view)
     window->setWidget(view);
     window->setShortTitle(view->shortTitle());
     connect(view, &IView::shortTitleChanged, window, &Utils::MdiSubWindow::setShortTitle);
-    connect(view, &IView::shortTitleChanged, window, [view] {
-        if (m_instance && view == currentView())
-            updateActions();
-    });
+    connect(view, &IView::shortTitleChanged, m_instance, &ViewManager::updateActions);
     // Before the document area learns of it and reports what is current instead.
     connect(window, &Utils::MdiSubWindow::documentLost, m_instance, &ViewManager::onSubWindowLost);
     connect(window, &Utils::MdiSubWindow::aboutToBeDestroyed, m_instance,

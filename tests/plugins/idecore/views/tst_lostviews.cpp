@@ -69,6 +69,7 @@ private Q_SLOTS:
     void destroyedView();
     void destroyedCurrentView();
     void destroyedLastView();
+    void destroyedLastViewBehindAnotherWindow();
     void destroyedViewIsNotReportedAsClosed();
     void destroyedSubWindow();
     void destroyedCurrentSubWindow();
@@ -423,6 +424,16 @@ void TestLostViews::destroyedLastView()
     QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
+void TestLostViews::destroyedLastViewBehindAnotherWindow()
+{
+    TestView *view = showTestView("view");
+    documentArea()->addSubWindow(new Utils::MdiSubWindow);
+
+    delete view;
+
+    QVERIFY(!closeAllAction()->isEnabled());
+}
+
 void TestLostViews::destroyedViewIsNotReportedAsClosed()
 {
     TestView *view = showTestView("view");
@@ -613,6 +624,7 @@ void TestLostViews::removedViewOutlivesTheManager()
 
     m_core.reset();
     QVERIFY(view);
+    view->setShortTitle(QStringLiteral("nobody follows this"));
 
     QTRY_VERIFY(!view);
 }
