@@ -269,6 +269,33 @@ private Q_SLOTS:
             QVERIFY2(proxy(command.id)->isEnabled() != command.placeholder, command.id);
     }
 
+    void theCommandsAreMadeInTheOrderOfTheMenus()
+    {
+        QStringList expected;
+        for (const Command &command : commands())
+            expected.append(text(command.text));
+        // The registry has taken them over.
+        QStringList texts;
+        const QList<QAction *> owned = ActionManager::instance()->findChildren<QAction *>(
+            QString(), Qt::FindDirectChildrenOnly);
+        for (const QAction *action : owned) {
+            if (!qobject_cast<const IAction *>(action) && !action->isSeparator())
+                texts.append(action->text());
+        }
+        QCOMPARE(texts.mid(0, expected.size()), expected);
+    }
+
+    void thePlainEntriesAreMadeInTheOrderOfTheMenus()
+    {
+        QStringList texts;
+        const QList<QAction *> owned = ViewManager::mainWindow()->findChildren<QAction *>(
+            QString(), Qt::FindDirectChildrenOnly);
+        for (const QAction *action : owned)
+            texts.append(action->text());
+        QCOMPARE(texts, list({"&Exit", "&Options...", "&Full Screen", "Tile", "Cascade",
+                              "View Help", "Contact Us", "About..."}));
+    }
+
     void aPlaceholderIsEnabledByAContextThatBringsAnAction()
     {
         auto *print = new QAction(ViewManager::mainWindow());
