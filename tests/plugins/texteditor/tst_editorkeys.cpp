@@ -8,14 +8,22 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/views/viewmanager.h>
 #include <texteditor/abstracttexteditor.h>
+#include <utils/mdiarea.h>
 
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QKeySequence>
 #include <QLineEdit>
+#include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 using TextEditor::AbstractTextEditor;
@@ -39,12 +47,23 @@ private Q_SLOTS:
     void commandsFollowTheFocusedOfTwoEditors();
     void enabledStatesFollowTheEditor();
     void readOnlyEditorOffersNoChange();
+    void contextMenuHoldsTheCommandsOfTheEditor();
     void commandsServeTheFindField();
     void commandsAreDisabledWhenTheEditorIsGone();
 
 private:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void focus(AbstractTextEditor *editor) const;
+    /// The action of the main window with that shortcut, which has no id.
+    static QAction *windowAction(const QKeySequence &keys)
+    {
+        const QList<QAction *> actions = Core::ViewManager::mainWindow()->findChildren<QAction *>();
+        for (QAction *action : actions) {
+            if (action->shortcut() == keys)
+                return action;
+        }
+        return nullptr;
+    }
     static Core::IAction *command(const char *id)
     {
         return Core::ActionManager::action(QLatin1String(id));
@@ -84,23 +103,47 @@ void TestEditorKeys::focus(AbstractTextEditor *editor) const
 void TestEditorKeys::keyRunsItsCommandOnce_data()
 {
     QTest::addColumn<QString>("id");
-    QTest::addColumn<int>("key");
+    QTest::addColumn<QKeySequence>("keys");
+    QTest::addColumn<bool>("tiled");
 
-    // New, Open and Print open dialogs; their proxies are watched instead.
-    QTest::newRow("save") << QString::fromLatin1(C::A_FILE_SAVE) << int(Qt::Key_S);
-    QTest::newRow("undo") << QString::fromLatin1(C::A_EDIT_UNDO) << int(Qt::Key_Z);
-    QTest::newRow("redo") << QString::fromLatin1(C::A_EDIT_REDO) << int(Qt::Key_Y);
-    QTest::newRow("cut") << QString::fromLatin1(C::A_EDIT_CUT) << int(Qt::Key_X);
-    QTest::newRow("copy") << QString::fromLatin1(C::A_EDIT_COPY) << int(Qt::Key_C);
-    QTest::newRow("paste") << QString::fromLatin1(C::A_EDIT_PASTE) << int(Qt::Key_V);
-    QTest::newRow("select all") << QString::fromLatin1(C::A_EDIT_SELECTALL) << int(Qt::Key_A);
-    QTest::newRow("find") << QString::fromLatin1(C::A_EDIT_FIND) << int(Qt::Key_F);
+    struct Row
+    {
+        const char *id;
+        QKeySequence keys;
+    };
+    const Row rows[] = {{C::A_FILE_NEW, QKeySequence::New},
+                        {C::A_FILE_OPEN, QKeySequence::Open},
+                        {C::A_FILE_SAVE, QKeySequence::Save},
+                        {C::A_FILE_SAVEALL, QKeySequence(QStringLiteral("Ctrl+Shift+S"))},
+                        {C::A_FILE_PRINT, QKeySequence::Print},
+                        {C::A_EDIT_UNDO, QKeySequence::Undo},
+                        {C::A_EDIT_REDO, QKeySequence(QStringLiteral("Ctrl+Y"))},
+                        {C::A_EDIT_CUT, QKeySequence::Cut},
+                        {C::A_EDIT_COPY, QKeySequence::Copy},
+                        {C::A_EDIT_PASTE, QKeySequence::Paste},
+                        {C::A_EDIT_SELECTALL, QKeySequence::SelectAll},
+                        {C::A_EDIT_FIND, QKeySequence::Find},
+                        {"", QKeySequence(QStringLiteral("F11"))}};
+    for (const bool tiled : {false, true}) {
+        for (const Row &row : rows) {
+            QTest::addRow("%s%s", qPrintable(row.keys.toString()), tiled ? " tiled" : "")
+                << QString::fromLatin1(row.id) << row.keys << tiled;
+        }
+    }
 }
 
 void TestEditorKeys::keyRunsItsCommandOnce()
 {
     QFETCH(QString, id);
-    QFETCH(int, key);
+    QFETCH(QKeySequence, keys);
+    QFETCH(bool, tiled);
+    AbstractTextEditor *const other = m_fixture->open(QStringLiteral("b.txt"), "other\n");
+    QVERIFY(other);
+    if (tiled)
+        Core::ViewManager::mainWindow()->findChild<Utils::MdiArea *>()->tileSubWindows();
+    QTRY_COMPARE(m_editor->isVisible() && other->isVisible(), tiled);
+    Core::ViewManager::showView(m_editor);
+    focus(m_editor);
     // A state in which every command has something to do.
     TextEditorFixture::type(m_editor, QStringLiteral("ab"));
     m_editor->perform(Command::SelectAll);
@@ -109,13 +152,25 @@ void TestEditorKeys::keyRunsItsCommandOnce()
         m_editor->perform(Command::Undo);
     if (id == QLatin1String(C::A_EDIT_CUT) || id == QLatin1String(C::A_EDIT_COPY))
         m_editor->perform(Command::SelectAll);
-    Core::IAction *const proxy = Core::ActionManager::action(id);
-    QTRY_VERIFY(proxy->isEnabled());
-    QSignalSpy triggered(proxy, &QAction::triggered);
+    QAction *const action = id.isEmpty() ? windowAction(keys) : Core::ActionManager::action(id);
+    QVERIFY(action);
+    QTRY_VERIFY(action->isEnabled());
+    QSignalSpy triggered(action, &QAction::triggered);
+    // Some commands open dialogs, which are not looked at here.
+    QTimer closer;
+    connect(&closer, &QTimer::timeout, &closer, [] {
+        if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    closer.start(10);
 
-    press(key, Qt::ControlModifier);
+    const int key = keys[0];
+    press(key & ~int(Qt::KeyboardModifierMask),
+          Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
 
     QCOMPARE(triggered.count(), 1);
+    QVERIFY(!other->isModified());
+    QCOMPARE(TextEditorFixture::text(other), QStringLiteral("other\n"));
 }
 
 void TestEditorKeys::undoAndRedoTakeOneStepEach()
@@ -242,6 +297,30 @@ void TestEditorKeys::readOnlyEditorOffersNoChange()
     QVERIFY(command(C::A_EDIT_COPY)->isEnabled());
     TextEditorFixture::type(m_editor, QStringLiteral("b"));
     QCOMPARE(TextEditorFixture::text(m_editor), QStringLiteral("aone\ntwo\n"));
+}
+
+void TestEditorKeys::contextMenuHoldsTheCommandsOfTheEditor()
+{
+    QApplication::clipboard()->clear();
+    QWidget *const text = TextEditorFixture::textWidget(m_editor);
+    press(Qt::Key_A, Qt::ControlModifier);
+    QContextMenuEvent ask(QContextMenuEvent::Keyboard, QPoint(5, 5), text->mapToGlobal({5, 5}));
+    QApplication::sendEvent(text, &ask);
+    const auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+
+    QVector<QAction *> shown;
+    for (QAction *action : menu->actions()) {
+        if (!action->isSeparator() && action->isVisible())
+            shown.append(action);
+    }
+    QCOMPARE(shown, (QVector<QAction *>{command(C::A_EDIT_UNDO), command(C::A_EDIT_REDO),
+                                        command(C::A_EDIT_CUT), command(C::A_EDIT_COPY),
+                                        command(C::A_EDIT_PASTE), command(C::A_EDIT_SELECTALL),
+                                        command(C::A_EDIT_FIND)}));
+    QVERIFY(command(C::A_EDIT_COPY)->isEnabled());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_C);
+    QTRY_COMPARE(QApplication::clipboard()->text(), QStringLiteral("one\ntwo\n"));
 }
 
 void TestEditorKeys::commandsServeTheFindField()

@@ -5,6 +5,12 @@
 
 #include <texteditor/engine/engineeditor_p.h>
 
+#include <idecore/actions/actionmanager.h>
+#include <idecore/actions/iaction.h>
+#include <idecore/core/constants.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/views/viewmanager.h>
+
 #include <KTextEditor/Document>
 #include <KTextEditor/View>
 
@@ -15,9 +21,35 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 
 namespace TextEditor {
+
+namespace {
+
+/// One for all editors: a menu of each would have to follow every change of the
+/// commands.
+QMenu *contextMenu()
+{
+    namespace C = Core::Constants;
+    static QPointer<QMenu> menu;
+    if (menu)
+        return menu;
+    menu = new QMenu(Core::ViewManager::mainWindow());
+    menu->setObjectName(QStringLiteral("texteditorContextMenu"));
+    for (const char *id : {C::A_EDIT_UNDO, C::A_EDIT_REDO, "", C::A_EDIT_CUT, C::A_EDIT_COPY,
+                           C::A_EDIT_PASTE, "", C::A_EDIT_SELECTALL, "", C::A_EDIT_FIND}) {
+        if (*id == '\0')
+            menu->addSeparator();
+        else if (Core::IAction *command = Core::ActionManager::action(QLatin1String(id)))
+            menu->addAction(command);
+    }
+    return menu;
+}
+
+} // namespace
 
 void EngineEditor::connectCommands()
 {
@@ -27,6 +59,7 @@ void EngineEditor::connectCommands()
     }
     connect(m_view, &KTextEditor::View::selectionChanged, this,
             &AbstractTextEditor::commandsChanged);
+    m_view->setContextMenu(contextMenu());
 }
 
 QLineEdit *EngineEditor::focusedField() const
