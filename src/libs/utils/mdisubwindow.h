@@ -37,11 +37,11 @@ public:
     /// As QMdiSubWindow::setWidget(), and keeps an eye on @p widget.
     void setWidget(QWidget *widget);
 
-public Q_SLOTS:
-    void setShortTitle(const QString &title);
-
     /// At least two thirds of the area.
     [[nodiscard]] QSize sizeHint() const override;
+
+public Q_SLOTS:
+    void setShortTitle(const QString &title);
 
 Q_SIGNALS:
     void shortTitleChanged(const QString &title);
