@@ -9,12 +9,42 @@
 #include <texteditor/abstracttexteditor.h>
 
 #include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using TextEditor::AbstractTextEditor;
+
+namespace {
+
+/// Nothing is unreadable to the superuser, who is somebody else in this scope.
+class Unprivileged final
+{
+public:
+    explicit Unprivileged(const QString &folder)
+        : m_superuser(::geteuid() == 0)
+    {
+        ::chmod(QFile::encodeName(folder).constData(), 0755);
+        if (m_superuser && ::seteuid(65534) != 0)
+            qFatal("the superuser cannot become nobody");
+    }
+    ~Unprivileged()
+    {
+        if (m_superuser && ::seteuid(0) != 0)
+            qFatal("nobody cannot become the superuser again");
+    }
+    Q_DISABLE_COPY(Unprivileged)
+
+private:
+    const bool m_superuser;
+};
+
+} // namespace
 
 class TestEngineEditor final : public QObject
 {
@@ -96,9 +126,19 @@ void TestEngineEditor::refusedFileIsTold_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("folder") << QDir::tempPath() << QStringLiteral("It is a folder.");
+    QTest::newRow("missing") << QStringLiteral("none.v") << QStringLiteral("does not exist.");
+    QTest::newRow("folder") << QStringLiteral("folder.v") << QStringLiteral("It is a folder.");
     QTest::newRow("device") << QStringLiteral("/dev/zero")
                             << QStringLiteral("It is a device, not a file.");
+    QTest::newRow("pipe") << QStringLiteral("pipe.v")
+                          << QStringLiteral("It is a named pipe, not a file.");
+    // Its type is looked for in its contents, which nobody writes.
+    QTest::newRow("pipe of no type")
+        << QStringLiteral("pipe") << QStringLiteral("It is a named pipe, not a file.");
+    QTest::newRow("no permission")
+        << QStringLiteral("secret.v") << QStringLiteral("Permission denied");
+    QTest::newRow("2 GiB") << QStringLiteral("huge.v")
+                           << QStringLiteral("128.00 MiB is the limit.");
 }
 
 void TestEngineEditor::refusedFileIsTold()
@@ -106,6 +146,19 @@ void TestEngineEditor::refusedFileIsTold()
     QFETCH(QString, path);
     QFETCH(QString, reason);
     TextEditorFixture fixture;
+    if (!path.startsWith(QLatin1Char('/')))
+        path = fixture.path(path);
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("folder.v"))));
+    for (const char *pipe : {"pipe", "pipe.v"})
+        QCOMPARE(::mkfifo(QFile::encodeName(fixture.path(QLatin1String(pipe))).constData(), 0600),
+                 0);
+    // No disk is taken by the hole.
+    QVERIFY(QFile::resize(fixture.put(QStringLiteral("huge.v"), {}), qint64(2) << 30));
+    QCOMPARE(
+        ::chmod(QFile::encodeName(fixture.put(QStringLiteral("secret.v"), "x")).constData(), 0), 0);
+    std::unique_ptr<Unprivileged> unprivileged;
+    if (path.endsWith(QLatin1String("secret.v")))
+        unprivileged = std::make_unique<Unprivileged>(fixture.path(QStringLiteral(".")));
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
     QVERIFY(!TextEditorFixture::open(path));
