@@ -24,14 +24,11 @@ qint64 timeOf(const struct stat &status)
 
 } // namespace
 
-DiskState::DiskState(const QString &fileName, const QByteArray &digest)
+DiskState::DiskState(const struct stat &status, const QByteArray &digest)
     : m_digest(digest)
+    , m_size(status.st_size)
+    , m_time(timeOf(status))
 {
-    struct stat status = {};
-    if (!readStatus(fileName, &status))
-        return;
-    m_size = status.st_size;
-    m_time = timeOf(status);
 }
 
 QByteArray DiskState::digestOf(const QByteArray &contents)

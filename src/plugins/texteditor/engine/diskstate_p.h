@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QString>
 
+struct stat;
+
 namespace TextEditor {
 
 /// What an editor knows of its file on disk, to tell whether another program
@@ -17,8 +19,10 @@ public:
     enum class Change { None, Modified, Deleted };
 
     DiskState() = default;
-    /// Of @p fileName now, whose contents have the digest @p digest.
-    DiskState(const QString &fileName, const QByteArray &digest);
+    /// Of a file with the digest @p digest, which had @p status before its
+    /// contents were read, or when they had been written: what another program
+    /// does meanwhile is a change.
+    DiskState(const struct stat &status, const QByteArray &digest);
 
     static QByteArray digestOf(const QByteArray &contents);
 

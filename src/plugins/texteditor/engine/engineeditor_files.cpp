@@ -154,9 +154,8 @@ bool EngineEditor::write(const QString &fileName, QString *errorString)
         }
         return false;
     }
-    if (!FileWriter::write(fileName, *bytes, errorString))
+    if (!FileWriter::write(fileName, *bytes, errorString, &m_disk))
         return false;
-    m_disk = DiskState(fileName, DiskState::digestOf(*bytes));
     delete m_diskMessage;
     return true;
 }

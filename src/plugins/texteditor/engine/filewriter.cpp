@@ -39,7 +39,8 @@ QString systemError()
 
 } // namespace
 
-bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString *errorString)
+bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString *errorString,
+                       DiskState *written)
 {
     const auto fail = [errorString](const QString &reason) {
         if (errorString)
@@ -84,8 +85,14 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
         }
         done += taken;
     }
+    // Before others can see the file.
+    struct stat status = {};
+    if (::fstat(file.handle(), &status) != 0)
+        return fail(systemError());
     if (!file.commit())
         return fail(file.errorString());
+    if (written)
+        *written = DiskState(status, DiskState::digestOf(bytes));
     return true;
 }
 

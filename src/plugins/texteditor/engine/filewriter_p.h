@@ -4,6 +4,8 @@
 #ifndef TEXTEDITOR_ENGINE_FILEWRITER_P_H
 #define TEXTEDITOR_ENGINE_FILEWRITER_P_H
 
+#include <texteditor/engine/diskstate_p.h>
+
 #include <QCoreApplication>
 #include <QString>
 
@@ -18,7 +20,9 @@ public:
     /// Gives @p fileName the contents @p bytes. A link stays and the file it
     /// leads to is replaced; permissions stay, and owner and group where the
     /// system allows it. On failure false and the reason in @p errorString.
-    static bool write(const QString &fileName, const QByteArray &bytes, QString *errorString);
+    /// @p written gets the state of the file as it was written.
+    static bool write(const QString &fileName, const QByteArray &bytes, QString *errorString,
+                      DiskState *written = nullptr);
 };
 
 } // namespace TextEditor

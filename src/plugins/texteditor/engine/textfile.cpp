@@ -127,7 +127,7 @@ std::optional<TextFile> TextFile::read(const QString &fileName, QString *errorSt
         return fail(file.errorString());
 
     TextFile result;
-    result.disk = DiskState(fileName, DiskState::digestOf(bytes));
+    result.disk = DiskState(status, DiskState::digestOf(bytes));
     result.decode(bytes);
     return result;
 }
