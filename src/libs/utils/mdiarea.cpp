@@ -12,6 +12,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 
@@ -193,7 +194,15 @@ bool MdiArea::event(QEvent *event)
     default:
         break;
     }
-    return QMdiArea::event(event);
+    if (event->type() != QEvent::WindowActivate || !d->current)
+        return QMdiArea::event(event);
+    // The base activates the current window.
+    const QPointer<MdiSubWindow> window(d->current);
+    window->markMaximized(false);
+    const bool handled = QMdiArea::event(event);
+    if (window)
+        window->markMaximized(true);
+    return handled;
 }
 
 bool MdiArea::eventFilter(QObject *object, QEvent *event)

@@ -27,6 +27,14 @@ QString withoutPlaceholder(QString title)
 // has to stay above it when it is raised.
 constexpr Qt::WindowFlags tabbedFlags =
     Qt::SubWindow | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+
+// What a maximised QMdiSubWindow would pass on to the main window, which has a
+// title and a modified sign of its own.
+bool reachesMainWindow(const QEvent *event)
+{
+    return event->type() == QEvent::WindowTitleChange || event->type() == QEvent::ModifiedChange
+           || event->type() == QEvent::Show;
+}
 } // namespace
 
 class MdiSubWindow::Private
@@ -58,6 +66,11 @@ MdiSubWindow::MdiSubWindow(QWidget *parent)
 MdiSubWindow::~MdiSubWindow()
 {
     Q_EMIT aboutToBeDestroyed(this);
+    // Out of the main window, whose menu bar and title QMdiSubWindow would set.
+    if (!d->framed) {
+        d->entering = true;
+        setParent(nullptr, tabbedFlags);
+    }
 }
 
 QString MdiSubWindow::shortTitle() const
@@ -180,19 +193,22 @@ void MdiSubWindow::resizeEvent(QResizeEvent *event)
 void MdiSubWindow::showEvent(QShowEvent *event)
 {
     // QMdiSubWindow activates itself here.
-    if (d->quiet)
+    if (d->quiet) {
         QWidget::showEvent(event); // NOLINT(bugprone-parent-virtual-call)
-    else
-        QMdiSubWindow::showEvent(event);
+        return;
+    }
+    markMaximized(false);
+    QMdiSubWindow::showEvent(event);
+    markMaximized(true);
 }
 
 void MdiSubWindow::hideEvent(QHideEvent *event)
 {
     // QMdiSubWindow clears the menu bar of buttons that were never put there.
-    if (d->quiet)
-        QWidget::hideEvent(event); // NOLINT(bugprone-parent-virtual-call)
-    else
+    if (d->framed)
         QMdiSubWindow::hideEvent(event);
+    else
+        QWidget::hideEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool MdiSubWindow::event(QEvent *event)
@@ -201,7 +217,12 @@ bool MdiSubWindow::event(QEvent *event)
     // have the menu bar painted anew.
     if (d->entering && event->type() == QEvent::ParentChange)
         return QWidget::event(event); // NOLINT(bugprone-parent-virtual-call)
-    return QMdiSubWindow::event(event);
+    if (!isMaximized() || !reachesMainWindow(event))
+        return QMdiSubWindow::event(event);
+    markMaximized(false);
+    const bool handled = QMdiSubWindow::event(event);
+    markMaximized(true);
+    return handled;
 }
 
 bool MdiSubWindow::eventFilter(QObject *object, QEvent *event)
@@ -210,7 +231,12 @@ bool MdiSubWindow::eventFilter(QObject *object, QEvent *event)
         return QMdiSubWindow::eventFilter(object, event);
     if (d->quiet && event->type() == QEvent::Show)
         return false;
+    const bool apart = isMaximized() && reachesMainWindow(event);
+    if (apart)
+        markMaximized(false);
     const bool filtered = QMdiSubWindow::eventFilter(object, event);
+    if (apart)
+        markMaximized(true);
     switch (event->type()) {
     case QEvent::WindowIconChange:
         takeIcon();
