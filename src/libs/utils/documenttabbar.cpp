@@ -140,13 +140,21 @@ QSize DocumentTabBar::tabSizeHint(int index) const
     // The base asks for every tab on every change of any.
     const Tab &tab = m_tabs.at(index);
     if (tab.width == 0) {
-        const QSize hint = QTabBar::tabSizeHint(index);
+        // As QTabBar::tabSizeHint() does, which keeps every title there ever was.
+        QStyleOptionTab option;
+        initTabLook(&option, index);
         const int text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
         // Neither too small to hit beside its button nor all there is to see.
         const int character = fontMetrics().averageCharWidth();
         const int room = qBound(character * minimumTitleChars, text, character * maximumTitleChars);
-        tab.width = hint.width() - text + room + spacing + buttonSize;
-        m_height = std::max({m_height, hint.height(), buttonSize + 8});
+        const QSize icon = option.icon.isNull() ? QSize(0, 0) : option.iconSize + QSize(spacing, 0);
+        const QSize contents(room + icon.width()
+                                 + style()->pixelMetric(QStyle::PM_TabBarTabHSpace, &option, this),
+                             std::max(fontMetrics().height(), icon.height())
+                                 + style()->pixelMetric(QStyle::PM_TabBarTabVSpace, &option, this));
+        const QSize size = style()->sizeFromContents(QStyle::CT_TabBarTab, &option, contents, this);
+        tab.width = size.width() + spacing + buttonSize;
+        m_height = std::max({m_height, size.height(), buttonSize + 8});
     }
     return {tab.width, m_height};
 }
@@ -308,18 +316,23 @@ void DocumentTabBar::wheelEvent(QWheelEvent *event)
         button->click();
 }
 
-void DocumentTabBar::initTabOption(QStyleOptionTab *option, int index) const
+void DocumentTabBar::initTabLook(QStyleOptionTab *option, int index) const
 {
     // As initStyleOption() does, which would cut every title anew.
     option->initFrom(this);
     option->state &= ~(QStyle::State_HasFocus | QStyle::State_MouseOver);
     if (index == currentIndex())
         option->state |= QStyle::State_Selected;
-    option->rect = tabRect(index);
     option->shape = shape();
     option->documentMode = documentMode();
     option->icon = tabIcon(index);
     option->iconSize = iconSize();
+}
+
+void DocumentTabBar::initTabOption(QStyleOptionTab *option, int index) const
+{
+    initTabLook(option, index);
+    option->rect = tabRect(index);
     option->rightButtonSize = QSize(buttonSize, buttonSize);
     const Tab &tab = m_tabs.at(index);
     const int room = style()->subElementRect(QStyle::SE_TabBarTabText, option, this).width();

@@ -72,6 +72,7 @@ private:
         }
     };
 
+    void initTabLook(QStyleOptionTab *option, int index) const;
     void initTabOption(QStyleOptionTab *option, int index) const;
     void paintTab(QPainter &painter, int index) const;
     void paintCloseButton(QPainter &painter, int index) const;
