@@ -92,7 +92,6 @@ void Host::show(QWidget *middle)
     m_window->setCentralWidget(middle);
     m_window->resize(1200, 800);
     m_window->show();
-    m_window->activateWindow();
     const auto isOnScreen = [this] {
         return m_window->isActiveWindow() && m_window->windowHandle()->isExposed();
     };
@@ -100,7 +99,9 @@ void Host::show(QWidget *middle)
     waited.start();
     while (!isOnScreen() && !waited.hasExpired(10000)) {
         QApplication::processEvents();
-        QThread::msleep(1);
+        QThread::msleep(10);
+        // Asked too early, the window manager may have missed it.
+        m_window->activateWindow();
     }
     // A window that is not painted would look cheap.
     if (!isOnScreen())
