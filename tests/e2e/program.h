@@ -30,7 +30,8 @@ public:
     {
         return m_process.exitStatus() == QProcess::NormalExit;
     }
-    [[nodiscard]] QString errorOutput() const { return m_errors; }
+    /// Without what Qt says of windows of others that went while it asked for them.
+    [[nodiscard]] QString errorOutput() const;
     [[nodiscard]] qint64 pid() const { return m_process.processId(); }
 
     /// Presses keys of the active window, given as xdotool names ("ctrl+s").
