@@ -73,7 +73,7 @@ bool TextJournal::begin(const QString &fileName, const Base &base,
     for (int i = 0; i < base.lines; ++i) {
         const Line entry = line(i);
         m_stream << entry.text << static_cast<quint8>(entry.ending);
-        if (m_pending.pos() > 64 * 1024 && !flush())
+        if (m_pending.pos() > qint64(64) * 1024 && !flush())
             return false;
     }
     return flush();
