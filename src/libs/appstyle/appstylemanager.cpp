@@ -10,6 +10,7 @@
 #include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTimer>
 #include <QToolTip>
 #include <QVariant>
 
@@ -87,7 +88,9 @@ void AppStyleManager::setAppStyle(const QString &theme)
     QApplication::setPalette(palette);
     // Tool tips keep a palette of their own, taken from the desktop.
     QToolTip::setPalette(palette);
-    setIconTheme(d->theme);
+    // Later: at the start nothing shows these icons, and searching them takes
+    // longer than all the rest of it.
+    QTimer::singleShot(0, this, [this] { setIconTheme(d->shown); });
     const QString fusion = QStringLiteral("fusion");
     if (QApplication::style()->objectName().compare(fusion, Qt::CaseInsensitive) != 0)
         QApplication::setStyle(QStyleFactory::create(fusion));

@@ -190,10 +190,10 @@ void TestAppStyleManager::iconsAreDrawnForTheTheme()
                                                          QStandardPaths::LocateDirectory));
     QIcon::setThemeName(QStringLiteral("hicolor"));
     AppStyleManager::instance()->setAppStyle(THEME_DARK);
-    QCOMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze-dark"));
+    QTRY_COMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze-dark"));
     const QImage dark = QIcon::fromTheme(QStringLiteral("document-save")).pixmap(16).toImage();
     AppStyleManager::instance()->setAppStyle(THEME_CLASSIC);
-    QCOMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze"));
+    QTRY_COMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze"));
     const QImage light = QIcon::fromTheme(QStringLiteral("document-save")).pixmap(16).toImage();
     QVERIFY(!dark.isNull());
     QVERIFY(dark != light);
