@@ -146,6 +146,8 @@ void TestEngineEditor::refusedFileIsTold()
     QFETCH(QString, path);
     QFETCH(QString, reason);
     TextEditorFixture fixture;
+    // The engine is loaded with the first editor, while its folder may be read.
+    QVERIFY(fixture.open(QStringLiteral("first.txt"), "x"));
     if (!path.startsWith(QLatin1Char('/')))
         path = fixture.path(path);
     QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("folder.v"))));
@@ -164,7 +166,7 @@ void TestEngineEditor::refusedFileIsTold()
     QVERIFY(!TextEditorFixture::open(path));
 
     QVERIFY2(box.text().endsWith(reason), qPrintable(box.text()));
-    QVERIFY(Core::EditorManager::allEditors().isEmpty());
+    QCOMPARE(Core::EditorManager::allEditors().size(), 1);
 }
 
 void TestEngineEditor::unmodifiedEditorClosesUnasked()
