@@ -20,7 +20,7 @@ public:
     /// The plugin files of @p folders, in the order of the folders and of the
     /// names within; a file that can be reached twice comes once.
     [[nodiscard]] static QStringList files(const QStringList &folders);
-    /// Never null: what is wrong with the file stands in the spec.
+    /// Never null: what is wrong with the file is the error() of what is returned.
     [[nodiscard]] static std::unique_ptr<PluginSpec> read(const QString &filePath);
 
 private:

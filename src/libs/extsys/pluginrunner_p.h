@@ -8,8 +8,8 @@
 
 namespace ExtSys {
 
-/// The steps of one plugin's life. What goes wrong stands in the spec
-/// afterwards; no exception leaves.
+/// The steps of one plugin's life. What goes wrong is the error() of its
+/// PluginSpec afterwards; no exception leaves.
 class PluginRunner final
 {
 public:

@@ -247,13 +247,13 @@ private Q_SLOTS:
         AreaFixture f;
         Document *a = f.open(QStringLiteral("a"));
         a->setWindowTitle(QStringLiteral("whole <b>title</b>[*]"));
-        a->setWindowFilePath(QStringLiteral("/work/dir/a.v"));
+        a->setWindowFilePath(QStringLiteral("/designs/a.v"));
         QTabBar *tabs = tabsOf(f);
         const QPoint pos = tabs->tabRect(0).center();
         QHelpEvent event(QEvent::ToolTip, pos, tabs->mapToGlobal(pos));
         QApplication::sendEvent(tabs, &event);
         QTRY_VERIFY(QToolTip::isVisible());
-        QVERIFY(QToolTip::text().contains(QStringLiteral("/work/dir/a.v")));
+        QVERIFY(QToolTip::text().contains(QStringLiteral("/designs/a.v")));
         QVERIFY(QToolTip::text().contains(QStringLiteral("whole &lt;b&gt;title")));
         QToolTip::hideText();
     }

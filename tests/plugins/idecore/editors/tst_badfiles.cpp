@@ -116,7 +116,7 @@ private:
 void TestBadFiles::init()
 {
     // Not below the folder of the test run, where no other user may look.
-    m_folder = std::make_unique<QTemporaryDir>(QStringLiteral(P_tmpdir "/tst_badfiles-XXXXXX"));
+    m_folder = std::make_unique<QTemporaryDir>(QStringLiteral(P_tmpdir "/tst_badfiles"));
     QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
     m_core = std::make_unique<CoreFixture>();
     m_factory = std::make_unique<TestEditorFactory>(texts({"text/plain"}));
