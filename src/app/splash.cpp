@@ -38,14 +38,11 @@ void Splash::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), background);
     painter.fillRect(QRect(0, 0, 6, height()), accent);
     const QRect inner = rect().adjusted(28, 24, -24, -20);
-    QFont title = font();
-    title.setPointSizeF(title.pointSizeF() * 1.6);
-    painter.setFont(title);
+    // One font for both: each further one is searched, loaded and rendered anew.
     painter.setPen(Qt::white);
     painter.drawText(inner, Qt::AlignTop | Qt::AlignLeft,
                      QCoreApplication::applicationName() + QLatin1Char(' ')
                          + QCoreApplication::applicationVersion());
-    painter.setFont(font());
     painter.setPen(QColor(0xc0, 0xc8, 0xd0));
     painter.drawText(inner, Qt::AlignBottom | Qt::AlignLeft, m_message);
 }

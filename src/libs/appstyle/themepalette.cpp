@@ -19,7 +19,6 @@ struct Colours
     QRgb disabledText;
     QRgb placeholder;
     QRgb highlight;
-    QRgb inactiveHighlight;
     QRgb disabledHighlight;
     QRgb link;
     QRgb linkVisited;
@@ -33,14 +32,12 @@ struct Colours
     QRgb shadow;
 };
 
-constexpr Colours classic{0xffefefef, 0xffffffff, 0xfff5f6f7, 0xfff4f4f4, 0xff1d1f23,
-                          0xff85898f, 0xff666b72, 0xff1f6fb8, 0xff5a6b7d, 0xffb4bac1,
-                          0xff1a5fa8, 0xff6b3fa0, 0xffffffe1, 0xffb3261e, 0xffffffff,
-                          0xffe4e5e7, 0xffb9bcc0, 0xff9da1a6, 0xff6c7075};
-constexpr Colours nightly{0xff2b2d31, 0xff1d1f23, 0xff232529, 0xff36393f, 0xffe6e7e9,
-                          0xff7b8088, 0xff9aa0a8, 0xff2a6cab, 0xff4a5666, 0xff43474e,
-                          0xff6cb2f5, 0xffbd9bf0, 0xff3c4047, 0xffff8a80, 0xff4c5058,
-                          0xff3f434a, 0xff25272b, 0xff1b1c1f, 0xff0e0f11};
+constexpr Colours classic{0xffefefef, 0xffffffff, 0xfff5f6f7, 0xfff4f4f4, 0xff1d1f23, 0xff85898f,
+                          0xff666b72, 0xff1f6fb8, 0xffb4bac1, 0xff1a5fa8, 0xff6b3fa0, 0xffffffe1,
+                          0xffb3261e, 0xffffffff, 0xffe4e5e7, 0xffb9bcc0, 0xff9da1a6, 0xff6c7075};
+constexpr Colours nightly{0xff2b2d31, 0xff1d1f23, 0xff232529, 0xff36393f, 0xffe6e7e9, 0xff7b8088,
+                          0xff9aa0a8, 0xff2a6cab, 0xff43474e, 0xff6cb2f5, 0xffbd9bf0, 0xff3c4047,
+                          0xffff8a80, 0xff4c5058, 0xff3f434a, 0xff25272b, 0xff1b1c1f, 0xff0e0f11};
 
 void fill(QPalette &palette, QPalette::ColorGroup group, const Colours &colours, QRgb text,
           QRgb highlight, QRgb highlightedText)
@@ -77,7 +74,9 @@ QPalette paletteOf(const Colours &colours)
     constexpr QRgb white = 0xffffffff;
     QPalette palette;
     fill(palette, QPalette::Active, colours, colours.text, colours.highlight, white);
-    fill(palette, QPalette::Inactive, colours, colours.text, colours.inactiveHighlight, white);
+    // The same as the active group: where they differ, every widget of a window is
+    // painted anew whenever the window becomes the active one.
+    fill(palette, QPalette::Inactive, colours, colours.text, colours.highlight, white);
     fill(palette, QPalette::Disabled, colours, colours.disabledText, colours.disabledHighlight,
          colours.text);
     return palette;
