@@ -65,7 +65,9 @@ ViewManager::ViewManager()
 ViewManager::~ViewManager()
 {
     // The main window goes first, and with it every document inside: while the
-    // contexts and the list of views are still there to be told.
+    // contexts and the list of views are still there to be told. No dock is taken
+    // out of a window that is going.
+    d->docks.clear();
     delete d->mainWindow;
     delete d->signalMapper;
     delete d;
@@ -246,8 +248,6 @@ void ViewManager::onActCloseAll()
             window->close();
     }
 }
-
-void ViewManager::onActResetLayout() {}
 
 void ViewManager::onCurrentSubWindowChanged(Utils::MdiSubWindow *window)
 {

@@ -17,13 +17,14 @@ class MdiSubWindow;
 
 namespace Core {
 
+class IPanel;
 class IView;
 class IdeMainWindow;
 
 /// Context ids, the most specific first; may hold repeats.
 using ContextList = QStringList;
 
-/// Owns the main window, shows documents in it, and follows the keyboard focus
+/// Owns the main window, shows documents and panels in it, and follows the keyboard focus
 /// to tell which contexts, and so which commands, are current.
 ///
 /// GUI thread only; valid between the construction by IdeCore and its shut-down.
@@ -70,6 +71,25 @@ public:
     /// Asks all views but those to be kept open, the most recently used first,
     /// and stops with false at the first that refuses.
     static bool closeAllViews();
+
+    /// Docks @p panel in its area and lays the area out anew; from then on its
+    /// dock owns it. A panel already docked is brought forward.
+    static void addPanel(IPanel *panel);
+    /// Takes @p panel away. It is destroyed, with its dock, when control returns
+    /// to the event loop; added again before, it lives on.
+    static void removePanel(IPanel *panel);
+    /// Shows the dock of @p panel and brings it forward; ignores a panel that has
+    /// none.
+    static void showPanel(IPanel *panel);
+    static void hidePanel(IPanel *panel);
+    /// As above, for the panel of that name; of several, the one added first.
+    static void showPanel(const QString &name);
+    static void hidePanel(const QString &name);
+    /// Lays out all areas as resetDockLayout() does.
+    static void resetLayout();
+    /// Puts the panels that belong into @p area back there, shown, as one group
+    /// of tabs in the order of their priorities.
+    void resetDockLayout(Qt::DockWidgetArea area);
 
     /// Shows @p message in the status bar for @p timeout milliseconds, 0
     /// meaning until it is replaced.
