@@ -10,6 +10,7 @@
 #include <idecore/interfaces/iproject.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
+#include <idecore/newdialog/thenewdialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
@@ -194,7 +195,10 @@ void IdeMainWindow::onOpenFiles()
         openFile(file);
 }
 
-void IdeMainWindow::onNewFiles() {}
+void IdeMainWindow::onNewFiles()
+{
+    TheNewDialog::showAllWizards();
+}
 
 void IdeMainWindow::onShowOptionDialog() {}
 
