@@ -53,6 +53,7 @@ bool EngineEditor::load(const QString &fileName, QString *errorString)
         // Broken lines and wrong characters are dealt with here.
         if (m_document->openingError())
             DocumentAccess::dismissMessages(m_view);
+        DocumentAccess::highlightConstraints(m_document.get(), fileName);
     }
     const bool whole = m_endings.match(file->text, m_document->lines(),
                                        [this](int line) { return m_document->line(line); });
