@@ -41,11 +41,13 @@ bool EngineEditor::load(const QString &fileName, QString *errorString)
     {
         const QScopedValueRollback<bool> loading(m_loading, true);
         const bool again = !m_fileName.isEmpty();
-        m_document->setModified(false);
+        const bool wasModified = isModified();
+        m_document->setModified(false); // or KTextEditor would ask about it
         m_document->setEncoding(QString::fromLatin1(file->codec));
         const bool loaded = again ? m_document->documentReload()
                                   : m_document->openUrl(QUrl::fromLocalFile(fileName));
         if (!loaded) {
+            m_document->setModified(wasModified);
             if (errorString)
                 *errorString = m_document->openingErrorMessage();
             return false;
