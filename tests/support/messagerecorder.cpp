@@ -22,6 +22,14 @@ MessageRecorder::~MessageRecorder()
     s_recorder = nullptr;
 }
 
+QStringList MessageRecorder::texts() const
+{
+    QStringList all;
+    for (const Message &message : m_messages)
+        all.append(message.text);
+    return all;
+}
+
 QStringList MessageRecorder::lines(QtMsgType type) const
 {
     return lines(type, QString());

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_MESSAGERECORDER_H
-#define TESTS_IDECORE_SUPPORT_MESSAGERECORDER_H
+#ifndef TESTS_SUPPORT_MESSAGERECORDER_H
+#define TESTS_SUPPORT_MESSAGERECORDER_H
 
 #include <QDebug>
 #include <QList>
@@ -27,6 +27,8 @@ public:
     MessageRecorder &operator=(const MessageRecorder &) = delete;
 
     [[nodiscard]] const QList<Message> &messages() const { return m_messages; }
+    /// What they say, in order.
+    [[nodiscard]] QStringList texts() const;
     /// The lines of that level, in order.
     [[nodiscard]] QStringList lines(QtMsgType type) const;
     /// Those of them that start with @p start.
@@ -53,4 +55,4 @@ QString logged(T *object)
     return text.trimmed();
 }
 
-#endif // TESTS_IDECORE_SUPPORT_MESSAGERECORDER_H
+#endif // TESTS_SUPPORT_MESSAGERECORDER_H
