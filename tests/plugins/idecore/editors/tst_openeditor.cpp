@@ -20,6 +20,7 @@
 #include <QImage>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
