@@ -188,12 +188,12 @@ bool EngineEditor::saveAs(const QString &fileName, QString *errorString)
     // What is to be decided about the other file is decided when it is opened.
     delete m_keptMessage;
     m_keptText.reset();
-    DocumentAccess::markSavedAs(m_document.get(), fileName);
+    // Whoever is told that it is unmodified now finds its new name.
     m_fileName = fileName;
+    showFileName();
+    DocumentAccess::markSavedAs(m_document.get(), fileName);
     applyReadOnly();
     watch(fileName);
-    showFileName();
-    updateStatus();
     Q_EMIT saved();
     return true;
 }
