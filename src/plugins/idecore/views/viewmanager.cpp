@@ -64,6 +64,10 @@ ViewManager::ViewManager()
 
 ViewManager::~ViewManager()
 {
+    // By the names that the signals have them under, so that these can be queued
+    // and recorded.
+    qRegisterMetaType<ContextList>("Core::ContextList");
+    qRegisterMetaType<IView *>("Core::IView*");
     // The main window goes first, and with it every document inside: while the
     // contexts and the list of views are still there to be told.
     delete d->mainWindow;

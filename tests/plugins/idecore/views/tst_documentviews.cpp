@@ -21,6 +21,7 @@
 #include <QMetaMethod>
 #include <QPointer>
 #include <QSet>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -89,6 +90,7 @@ private Q_SLOTS:
 
     void interfaceByName_data();
     void interfaceByName();
+    void reportsCanBeQueuedByName();
     void mainWindowHasNoParent();
     void fileMenu();
     void windowMenu();
@@ -170,6 +172,24 @@ void TestDocumentViews::interfaceByName()
 
     QVERIFY(index >= 0);
     QCOMPARE(int(meta.method(index).methodType()), type);
+}
+
+void TestDocumentViews::reportsCanBeQueuedByName()
+{
+    MessageRecorder log;
+    const ViewManager *manager = ViewManager::instance();
+    QSignalSpy contexts(manager, SIGNAL(contextsChanged(Core::ContextList)));
+    QSignalSpy activated(manager, SIGNAL(viewActiveted(Core::IView *)));
+    QSignalSpy closed(manager, SIGNAL(viewClosed(Core::IView *)));
+
+    ViewManager::addGlobalContext(QStringLiteral("X"));
+    IView *view = showTestView("view");
+    ViewManager::closeView(view);
+
+    QVERIFY(log.lines(QtWarningMsg).isEmpty());
+    QCOMPARE(contexts.first().first().toStringList(), texts({"X", "Core.Context.Global"}));
+    QCOMPARE(activated.first().first().value<IView *>(), view);
+    QCOMPARE(closed.first().first().value<IView *>(), view);
 }
 
 void TestDocumentViews::mainWindowHasNoParent()
