@@ -22,6 +22,17 @@
 using Core::IView;
 using Core::ViewManager;
 
+namespace {
+int s_askedForTheNextOne = 0;
+}
+
+// Stands in for the area's own, which has nothing to do where an area has seen to
+// it by itself, so that its being called would not show.
+void Utils::MdiArea::onSubWindowActivated()
+{
+    ++s_askedForTheNextOne;
+}
+
 class TestClosingViews final : public QObject
 {
     Q_OBJECT
@@ -51,6 +62,8 @@ private Q_SLOTS:
     void closeAllViewsClosesWindowsWithoutAView();
     void closeAllViewsWithoutViews();
     void closeAllViewsWhileMinimised();
+    void closeAllViewsAsksForTheNextOneAfterEachClosedWhileMinimised();
+    void closeAllViewsDoesNotAskForTheNextOneWhileShown();
     void closeAllCommandGoesInOrderOfShowing();
     void closeAllCommandMakesEachViewCurrentFirst();
     void closeAllCommandDoesNotStopAtARefusal();
@@ -67,6 +80,7 @@ private:
 void TestClosingViews::init()
 {
     m_core = std::make_unique<CoreFixture>();
+    s_askedForTheNextOne = 0;
 }
 
 void TestClosingViews::cleanup()
@@ -330,6 +344,31 @@ void TestClosingViews::closeAllViewsWhileMinimised()
 
     QCOMPARE(ViewManager::currentView(), kept);
     QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"kept\""));
+}
+
+void TestClosingViews::closeAllViewsAsksForTheNextOneAfterEachClosedWhileMinimised()
+{
+    m_core->show();
+    showTestView("first")->refuseClose = true;
+    showTestView("second")->keepOpen = true;
+    showTestView("third");
+    showTestView("fourth");
+    ViewManager::mainWindow()->showMinimized();
+    QTRY_VERIFY(ViewManager::mainWindow()->isMinimized());
+
+    QVERIFY(!ViewManager::closeAllViews());
+
+    QCOMPARE(s_askedForTheNextOne, 2);
+}
+
+void TestClosingViews::closeAllViewsDoesNotAskForTheNextOneWhileShown()
+{
+    m_core->show();
+    showTestView("first");
+
+    QVERIFY(ViewManager::closeAllViews());
+
+    QCOMPARE(s_askedForTheNextOne, 0);
 }
 
 void TestClosingViews::closeAllCommandGoesInOrderOfShowing()
