@@ -56,19 +56,18 @@ ViewManagerPrivate *ViewManagerPrivate::get()
 
 Utils::MdiSubWindow *ViewManagerPrivate::subWindow(const IView *view) const
 {
-    for (Utils::MdiSubWindow *window : subWindows) {
-        if (window->widget() == view)
-            return window;
-    }
-    return nullptr;
+    // Its parent, not a search: with hundreds of documents open that would be
+    // felt at every opening.
+    auto *window = view ? qobject_cast<Utils::MdiSubWindow *>(view->parentWidget()) : nullptr;
+    return window && window->widget() == view && subWindows.contains(window) ? window : nullptr;
 }
 
 ViewManager::ViewManager()
+{
     // By the names that the signals have them under, so that these can be queued
     // and recorded.
     qRegisterMetaType<ContextList>("Core::ContextList");
     qRegisterMetaType<IView *>("Core::IView*");
-{
     m_instance = this;
     d = new ViewManagerPrivate;
     d->mainWindow = new IdeMainWindow;
