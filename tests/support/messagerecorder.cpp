@@ -30,6 +30,24 @@ QStringList MessageRecorder::texts() const
     return all;
 }
 
+QStringList MessageRecorder::labelled() const
+{
+    QStringList all;
+    for (const Message &message : m_messages) {
+        const char *label = message.type == QtWarningMsg    ? "warning: "
+                            : message.type == QtCriticalMsg ? "critical: "
+                                                            : "other: ";
+        all.append(QLatin1String(label) + message.text);
+    }
+    return all;
+}
+
+QString MessageRecorder::only() const
+{
+    const QStringList all = labelled();
+    return all.size() == 1 ? all.constFirst() : QString();
+}
+
 QStringList MessageRecorder::lines(QtMsgType type) const
 {
     return lines(type, QString());

@@ -29,6 +29,10 @@ public:
     [[nodiscard]] const QList<Message> &messages() const { return m_messages; }
     /// What they say, in order.
     [[nodiscard]] QStringList texts() const;
+    /// The same with the level in front: "warning: text".
+    [[nodiscard]] QStringList labelled() const;
+    /// The one of labelled(); empty when there are none or several.
+    [[nodiscard]] QString only() const;
     /// The lines of that level, in order.
     [[nodiscard]] QStringList lines(QtMsgType type) const;
     /// Those of them that start with @p start.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/caughtmessages.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/interfaces/ieditor.h>
 #include <idecore/interfaces/ieditorfactory.h>
@@ -196,7 +196,7 @@ private Q_SLOTS:
     void destroyingAViewIsLoggedOnce()
     {
         auto view = std::make_unique<IView>();
-        const CaughtMessages log;
+        const MessageRecorder log;
         view.reset();
         QCOMPARE(log.texts(), QStringList{QStringLiteral("IView:  destoryed")});
     }
