@@ -191,8 +191,13 @@ void IdeMainWindow::onOpenFiles()
     }
     const QStringList files = QFileDialog::getOpenFileNames(
         this, tr("Open File"), start, IdeCore::mimeDatabase()->filterForFileDialog(true));
-    for (const QString &file : files)
+    const bool shown = isVisible();
+    for (const QString &file : files) {
+        // The user may have closed the window between two of them.
+        if (shown && !isVisible())
+            return;
         openFile(file);
+    }
 }
 
 void IdeMainWindow::onNewFiles()
