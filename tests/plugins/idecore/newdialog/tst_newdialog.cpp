@@ -89,7 +89,7 @@ void click(const QWidget *dialog, const QModelIndex &index)
 }
 
 /// As a person does it: a click is part of it.
-void doubleClick(const QWidget *dialog, const QModelIndex &index)
+void clickTwice(const QWidget *dialog, const QModelIndex &index)
 {
     click(dialog, index);
     QTreeView *tree = treeOf(dialog);
@@ -394,7 +394,7 @@ private Q_SLOTS:
         FileWizard file(QStringLiteral("1"));
         TheNewDialog dialog({&file});
         show(&dialog);
-        doubleClick(&dialog, category(&dialog, 0));
+        clickTwice(&dialog, category(&dialog, 0));
         QVERIFY(file.runs.isEmpty());
         QVERIFY(dialog.isVisible());
         QVERIFY(treeOf(&dialog)->isExpanded(category(&dialog, 0)));
@@ -406,7 +406,7 @@ private Q_SLOTS:
         FileWizard second(QStringLiteral("2"), QStringLiteral("2"));
         TheNewDialog dialog({&first, &second});
         show(&dialog);
-        doubleClick(&dialog, wizard(&dialog, 0, 1));
+        clickTwice(&dialog, wizard(&dialog, 0, 1));
         QVERIFY(first.runs.isEmpty());
         QCOMPARE(second.runs.size(), 1);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
