@@ -308,12 +308,32 @@ private Q_SLOTS:
         QCOMPARE(pictureOf(wizard(&dialog, 1, 1)), pictureOf(redIcon()));
     }
 
-    void categoriesArePaintedAsIfTheyWereEnabled_data()
+    void theIconOfASelectedWizardStandsOut_data() { themeRows(); }
+
+    void theIconOfASelectedWizardStandsOut()
     {
-        QTest::addColumn<QString>("theme");
-        for (const QString &theme : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK})
-            QTest::newRow(qPrintable(theme)) << theme;
+        QFETCH(const QString, theme);
+        APPSTYLE::AppStyleManager::instance()->setAppStyle(theme);
+        FileWizard file(QStringLiteral("file"));
+        const TheNewDialog dialog({&file});
+        const QRgb text = dialog.palette().color(QPalette::HighlightedText).rgb();
+        APPSTYLE::AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_CLASSIC);
+        const QIcon icon = wizard(&dialog, 0, 0).data(Qt::DecorationRole).value<QIcon>();
+        const QImage image =
+            icon.pixmap(24, 24, QIcon::Selected).toImage().convertToFormat(QImage::Format_ARGB32);
+        int lines = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (qAlpha(image.pixel(x, y)) < 255)
+                    continue;
+                ++lines;
+                QCOMPARE(image.pixel(x, y), text);
+            }
+        }
+        QVERIFY(lines > 20);
     }
+
+    void categoriesArePaintedAsIfTheyWereEnabled_data() { themeRows(); }
 
     void categoriesArePaintedAsIfTheyWereEnabled()
     {
@@ -571,6 +591,13 @@ private Q_SLOTS:
     }
 
 private:
+    static void themeRows()
+    {
+        QTest::addColumn<QString>("theme");
+        for (const QString &theme : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK})
+            QTest::newRow(qPrintable(theme)) << theme;
+    }
+
     static void show(QWidget *dialog)
     {
         dialog->show();
