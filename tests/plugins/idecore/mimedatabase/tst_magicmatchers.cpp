@@ -39,6 +39,7 @@ private Q_SLOTS:
     void byteRuleReadsHexadecimal();
     void textHeuristic_data();
     void textHeuristic();
+    void textHeuristicLooksAtEveryByte();
     void prioritiesOfTheFallbacks();
     void binaryMatchesEverything();
     void ruleMatcherStartsWithTheHighestPriority();
@@ -202,6 +203,22 @@ void TestMagicMatchers::textHeuristic()
 
     QTEST(HeuristicTextMagicMatcher::isTextFile(data), "expected");
     QTEST(HeuristicTextMagicMatcher().matches(data), "expected");
+}
+
+void TestMagicMatchers::textHeuristicLooksAtEveryByte()
+{
+    for (int value = 0; value <= 0xff; ++value) {
+        for (int size = 1; size <= 20; ++size) {
+            for (const char other : {'\x09', '\x80', '\xff'}) {
+                for (int at = 0; at < size; ++at) {
+                    QByteArray data(size, other);
+                    data[at] = char(value);
+                    QVERIFY2(HeuristicTextMagicMatcher::isTextFile(data) == (value > 8),
+                             data.toHex().constData());
+                }
+            }
+        }
+    }
 }
 
 void TestMagicMatchers::prioritiesOfTheFallbacks()

@@ -99,6 +99,7 @@ private Q_SLOTS:
 
     void missingDefinitionFile();
     void brokenDefinitionsKeepWhatWasRead();
+    void definitionFileIsReadInTextMode();
     void streamIsNamedInMessages();
     void freedesktopTypes();
 };
@@ -621,6 +622,24 @@ void TestMimeDatabase::brokenDefinitionsKeepWhatWasRead()
         QStringLiteral("An error has been encountered at line 2 of %1: Missing 'type'-attribute:")
             .arg(file.fileName()));
     QVERIFY(!database.findByType(s("a/b")).isNull());
+}
+
+void TestMimeDatabase::definitionFileIsReadInTextMode()
+{
+    // More of them in a row than are read at once.
+    const QByteArray returns(100000, '\r');
+    const QTemporaryDir dir;
+    QFile file(dir.filePath(s("types.xml")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("\r<mime-info>\r\n<mime-type type=\"a/b\">" + returns + "<comment>one\r\ntwo"
+               + returns + "three\r</comment>\r\n</mime-type></mime-info>\r");
+    file.close();
+    MimeDatabase database;
+    QString message;
+
+    QVERIFY2(database.addMimeTypes(file.fileName(), &message), qPrintable(message));
+
+    QCOMPARE(database.findByType(s("a/b")).comment(), s("one\ntwothree"));
 }
 
 void TestMimeDatabase::streamIsNamedInMessages()
