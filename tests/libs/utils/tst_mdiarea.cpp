@@ -84,6 +84,17 @@ private Q_SLOTS:
         QCOMPARE(f.currents, Titles{QStringLiteral("a")});
     }
 
+    void reportsCanBeQueuedByName()
+    {
+        AreaFixture f;
+        QSignalSpy current(f.area, SIGNAL(currentWindowChanged(Utils::MdiSubWindow *)));
+        QSignalSpy closed(f.area, SIGNAL(windowClosed(Utils::MdiSubWindow *)));
+        MdiSubWindow *window = AreaFixture::windowOf(f.open(QStringLiteral("a")));
+        f.area->closeCurrent();
+        QCOMPARE(current.first().first().value<MdiSubWindow *>(), window);
+        QCOMPARE(closed.first().first().value<MdiSubWindow *>(), window);
+    }
+
     void addedTwiceIsMadeCurrentOnly()
     {
         AreaFixture f;
