@@ -21,6 +21,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -55,6 +56,7 @@ private Q_SLOTS:
 
     void editorGetsTheAbsolutePath();
     void editorIsCurrentAndListed();
+    void currentEditorCanBeQueuedByName();
     void readOnlyIsPassedOn();
     void openingOrder();
     void editorWithoutAnIconGetsTheDefaultOne();
@@ -114,6 +116,16 @@ void TestOpenEditor::editorIsCurrentAndListed()
     QCOMPARE(EditorManager::currentEditor(), second);
     QCOMPARE(ViewManager::currentView(), second);
     QCOMPARE(subWindowCount(), 2);
+}
+
+void TestOpenEditor::currentEditorCanBeQueuedByName()
+{
+    QSignalSpy spy(EditorManager::instance(), SIGNAL(currentEditorChanged(Core::IEditor *)));
+
+    IEditor *editor = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")));
+
+    QVERIFY(editor);
+    QCOMPARE(spy.constLast().constFirst().value<IEditor *>(), editor);
 }
 
 void TestOpenEditor::readOnlyIsPassedOn()
