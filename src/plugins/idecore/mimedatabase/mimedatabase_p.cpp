@@ -108,16 +108,15 @@ bool MimeDatabasePrivate::addMimeTypes(QIODevice *device, const QString &fileNam
     return parser.parse(device, fileName, errorMessage);
 }
 
-const MimeMapEntry *MimeDatabasePrivate::find(const QString &typeOrAlias) const
+int MimeDatabasePrivate::indexOf(const QString &typeOrAlias) const
 {
-    const int index = typeMimeTypeMap.value(aliasMap.value(typeOrAlias, typeOrAlias), -1);
-    return index < 0 ? nullptr : &entries[size_t(index)];
+    return typeMimeTypeMap.value(aliasMap.value(typeOrAlias, typeOrAlias), -1);
 }
 
 MimeType MimeDatabasePrivate::findByType(const QString &typeOrAlias) const
 {
-    const MimeMapEntry *entry = find(typeOrAlias);
-    return entry ? entry->type : MimeType();
+    const int index = indexOf(typeOrAlias);
+    return index < 0 ? MimeType() : entries[size_t(index)].type;
 }
 
 MimeType MimeDatabasePrivate::findByFile(const QFileInfo &fileInfo, unsigned *priority)
@@ -187,7 +186,7 @@ void MimeDatabasePrivate::buildIndex()
 
 bool MimeDatabasePrivate::setPreferredSuffix(const QString &typeOrAlias, const QString &suffix)
 {
-    const int index = typeMimeTypeMap.value(aliasMap.value(typeOrAlias, typeOrAlias), -1);
+    const int index = indexOf(typeOrAlias);
     return index >= 0 && entries[size_t(index)].type.setPreferredSuffix(suffix);
 }
 
