@@ -41,6 +41,7 @@ private Q_SLOTS:
     void rootMayBeAMimeType();
     void readsTypesInOrderAndForgetsEach();
     void fileWithoutATypeIsGood();
+    void endOfAnInnerTypeForgetsTheOuterOne();
     void missingTypeAttribute_data();
     void missingTypeAttribute();
     void unexpectedElement_data();
@@ -180,6 +181,22 @@ void TestMimeTypeParser::fileWithoutATypeIsGood()
     QVERIFY(result.types.isEmpty());
 }
 
+void TestMimeTypeParser::endOfAnInnerTypeForgetsTheOuterOne()
+{
+    const Result result =
+        parse("<mime-type type=\"a/b\"><comment>A</comment><comment xml:lang=\"de\">B</comment>"
+              "<glob pattern=\"*.a\"/><mime-type type=\"c/d\"/></mime-type>");
+
+    QVERIFY(result.ok);
+    QCOMPARE(result.types.size(), 2);
+    QCOMPARE(result.types.at(0).type(), QStringLiteral("c/d"));
+    QCOMPARE(result.types.at(0).localeComment(QStringLiteral("de")), QStringLiteral("B"));
+    QCOMPARE(result.types.at(0).suffixes(), QStringList(QStringLiteral("a")));
+    QVERIFY(result.types.at(1).isNull());
+    QCOMPARE(result.types.at(1).localeComment(QStringLiteral("de")), QString());
+    QVERIFY(result.types.at(1).globPatterns().isEmpty());
+}
+
 void TestMimeTypeParser::missingTypeAttribute_data()
 {
     QTest::addColumn<QByteArray>("xml");
@@ -295,7 +312,7 @@ void TestMimeTypeParser::commentWithoutTranslationStays_data()
     QTest::newRow("latin-1 that looks like UTF-8") << QString::fromUtf8("DonnÃ©es");
     QTest::newRow("beyond latin-1") << QString::fromUtf8("雅達利 2600 ROM");
     QTest::newRow("both") << QString::fromUtf8("é 雅");
-    QTest::newRow("markup") << QString::fromUtf8("a b");
+    QTest::newRow("blank") << QString::fromUtf8("a b");
 }
 
 void TestMimeTypeParser::commentWithoutTranslationStays()
