@@ -95,6 +95,20 @@ private Q_SLOTS:
         QCOMPARE(closed.first().first().value<MdiSubWindow *>(), window);
     }
 
+    void shortTitleIsToldOnlyWhenItIsNew()
+    {
+        MdiSubWindow window;
+        window.setShortTitle(QStringLiteral("a"));
+        const QSignalSpy title(&window, &MdiSubWindow::shortTitleChanged);
+        const QSignalSpy appearance(&window, &MdiSubWindow::appearanceChanged);
+        window.setShortTitle(QStringLiteral("a"));
+        QCOMPARE(title.count(), 0);
+        QCOMPARE(appearance.count(), 0);
+        window.setShortTitle(QStringLiteral("b"));
+        QCOMPARE(title, (QList<QVariantList>{{QStringLiteral("b")}}));
+        QCOMPARE(appearance.count(), 1);
+    }
+
     void addedTwiceIsMadeCurrentOnly()
     {
         AreaFixture f;
