@@ -40,6 +40,7 @@ private Q_SLOTS:
     void readsEverythingOfAType();
     void rootMayBeAMimeType();
     void readsTypesInOrderAndForgetsEach();
+    void localeCommentsOfATypeAreForgotten();
     void fileWithoutATypeIsGood();
     void endOfAnInnerTypeForgetsTheOuterOne();
     void missingTypeAttribute_data();
@@ -171,6 +172,18 @@ void TestMimeTypeParser::readsTypesInOrderAndForgetsEach()
     QCOMPARE(result.types.at(1).type(), QStringLiteral("c/d"));
     QCOMPARE(result.types.at(1).comment(), QString());
     QVERIFY(result.types.at(1).globPatterns().isEmpty());
+}
+
+void TestMimeTypeParser::localeCommentsOfATypeAreForgotten()
+{
+    const Result result =
+        parse("<mime-info><mime-type type=\"a/b\"><comment xml:lang=\"de\">A</comment></mime-type>"
+              "<mime-type type=\"c/d\"><comment xml:lang=\"de_AT\">B</comment></mime-type>"
+              "</mime-info>");
+
+    QCOMPARE(result.types.size(), 2);
+    QCOMPARE(result.types.at(1).localeComment(QStringLiteral("de_AT")), QStringLiteral("B"));
+    QCOMPARE(result.types.at(1).localeComment(QStringLiteral("de")), QString());
 }
 
 void TestMimeTypeParser::fileWithoutATypeIsGood()
