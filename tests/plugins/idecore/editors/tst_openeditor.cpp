@@ -83,6 +83,7 @@ private Q_SLOTS:
     void failedEditorIsDestroyed();
     void openErrorUsesNativeSeparators();
     void openErrorsParentIsTheMainWindow();
+    void openErrorsParentIsTheMainWindowUnderAModalDialog();
     void currentEditorFollowsTheViews();
     void otherViewClearsTheCurrentEditor();
     void currentEditorIsReported();
@@ -482,6 +483,24 @@ void TestOpenEditor::openErrorsParentIsTheMainWindow()
 
     QCOMPARE(box.parentOfDialog(), ViewManager::mainWindow());
     QCOMPARE(buttons, QMessageBox::Ok);
+}
+
+void TestOpenEditor::openErrorsParentIsTheMainWindowUnderAModalDialog()
+{
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    QWidget *parent = nullptr;
+    // Only the message box is to be met, the dialog is modal before it.
+    QTimer::singleShot(0, this, [&parent] {
+        QWidget *box = QApplication::activeModalWidget();
+        parent = box->parentWidget();
+        ModalDialog::press(QMessageBox::Ok)(box);
+    });
+
+    Core::private_impl::openError(QStringLiteral("/a/b"), QString());
+
+    QCOMPARE(parent, ViewManager::mainWindow());
 }
 
 void TestOpenEditor::currentEditorFollowsTheViews()
