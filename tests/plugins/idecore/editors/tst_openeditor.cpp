@@ -72,6 +72,7 @@ private Q_SLOTS:
     void letterCaseMakesAnotherFile();
     void linkIsAnotherFile();
     void editorForFileFollowsARename();
+    void editorForFileIsTheFirstOfTwo();
     void editorForFileOfNone();
     void editorWithoutAFile();
     void missingFile();
@@ -80,7 +81,7 @@ private Q_SLOTS:
     void factoryThatMakesNothing();
     void failedOpen();
     void failedOpenWithoutAReason();
-    void failedEditorIsDestroyed();
+    void failedEditorIsDestroyedBehindTheMessage();
     void openErrorUsesNativeSeparators();
     void openErrorsParentIsTheMainWindow();
     void openErrorsParentIsTheMainWindowUnderAModalDialog();
@@ -88,6 +89,7 @@ private Q_SLOTS:
     void otherViewClearsTheCurrentEditor();
     void currentEditorIsReported();
     void savedIsReported();
+    void savedBeforeItStandsOpenIsNotReported();
     void savedByNoEditorIsIgnored();
     void logLines();
     void stepsOfOpeningInOrder();
@@ -329,6 +331,16 @@ void TestOpenEditor::editorForFileFollowsARename()
              editor);
 }
 
+void TestOpenEditor::editorForFileIsTheFirstOfTwo()
+{
+    IEditor *first = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("b.txt")), false);
+
+    m_fixture->factory.last->setFileName(first->fileName());
+
+    QCOMPARE(EditorManager::editorForFile(first->fileName()), first);
+}
+
 void TestOpenEditor::editorForFileOfNone()
 {
     QCOMPARE(EditorManager::editorForFile(m_fixture->makeFile(QStringLiteral("a.txt"))), nullptr);
@@ -446,18 +458,23 @@ void TestOpenEditor::failedOpenWithoutAReason()
     QCOMPARE(box.text(), QStringLiteral("Can not open file \"%1\"").arg(path));
 }
 
-void TestOpenEditor::failedEditorIsDestroyed()
+void TestOpenEditor::failedEditorIsDestroyedBehindTheMessage()
 {
     QPointer<TestEditor> failed;
     m_fixture->factory.prepare = [&failed](TestEditor *editor) {
         editor->failOpen = true;
         failed = editor;
     };
-    ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+    bool livesInTheBox = false;
+    ModalDialog box([&](QWidget *widget) {
+        livesInTheBox = failed;
+        ModalDialog::press(QMessageBox::Ok)(widget);
+    });
 
     EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
     QCOMPARE(m_fixture->factory.made, 1);
+    QVERIFY(livesInTheBox);
     QVERIFY(!failed);
 }
 
@@ -550,6 +567,18 @@ void TestOpenEditor::savedIsReported()
     Q_EMIT m_fixture->factory.last->saved();
 
     QCOMPARE(saved, QStringList{path});
+}
+
+void TestOpenEditor::savedBeforeItStandsOpenIsNotReported()
+{
+    int saved = 0;
+    connect(EditorManager::instance(), &EditorManager::fileSaved, this, [&saved] { ++saved; });
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this,
+            [](IEditor *editor) { Q_EMIT editor->saved(); });
+
+    QVERIFY(EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false));
+
+    QCOMPARE(saved, 0);
 }
 
 void TestOpenEditor::savedByNoEditorIsIgnored()

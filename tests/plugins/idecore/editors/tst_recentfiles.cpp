@@ -99,6 +99,7 @@ private Q_SLOTS:
     void missingKeyIsAnEmptyList();
     void longAndRepeatedListIsUsedAsItIs();
     void longListIsTrimmedByTheNextFile();
+    void everyCopyGoesWhenAFileIsAddedAgain();
     void strangeValues_data();
     void strangeValues();
     void corruptStoreIsOvercome();
@@ -376,6 +377,16 @@ void TestRecentFiles::longListIsTrimmedByTheNextFile()
     EditorManagerPrivate::get()->addRecentFile(QStringLiteral("/file1"));
 
     QCOMPARE(EditorManager::recentFiles(), numbered(15));
+}
+
+void TestRecentFiles::everyCopyGoesWhenAFileIsAddedAgain()
+{
+    CoreFixture::storeSetting(KEY, texts({"/b", "/a", "/c", "/a"}));
+    restart();
+
+    EditorManagerPrivate::get()->addRecentFile(QStringLiteral("/a"));
+
+    QCOMPARE(EditorManager::recentFiles(), texts({"/a", "/b", "/c"}));
 }
 
 void TestRecentFiles::strangeValues_data()

@@ -8,6 +8,7 @@
 #include <idecore/mimedatabase/magicrule.h>
 #include <idecore/mimedatabase/magicrulematcher.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void contextReadsNoMoreThanItsLimit();
     void contextLeavesAFifoAlone();
     void contextWarnsWhenOpeningFails();
+    void contextWarnsOfTheAbsolutePath();
 };
 
 void TestMagicMatchers::stringRule_data()
@@ -408,6 +410,21 @@ void TestMagicMatchers::contextWarnsWhenOpeningFails()
     QCOMPARE(context.state(), FileMatchContext::State::NoDataAvailable);
     QCOMPARE(context.data(), QByteArray());
     QCOMPARE(recorder.labelled().size(), 1);
+}
+
+void TestMagicMatchers::contextWarnsOfTheAbsolutePath()
+{
+    const QTemporaryDir dir;
+    const QString path = writeFile(dir, QStringLiteral("file"), "data");
+    const QFileInfo info(QDir::current().relativeFilePath(path));
+    QVERIFY(info.isRelative() && info.isFile() && info.isReadable() && info.size() > 0);
+    QVERIFY(QFile::remove(path));
+    FileMatchContext context(info);
+
+    const MessageRecorder recorder;
+    QCOMPARE(context.data(), QByteArray());
+
+    QVERIFY(recorder.only().contains(QLatin1String(" failed to open ") + info.absoluteFilePath()));
 }
 
 QTEST_GUILESS_MAIN(TestMagicMatchers)

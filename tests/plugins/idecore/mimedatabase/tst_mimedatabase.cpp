@@ -65,6 +65,8 @@ private Q_SLOTS:
     void laterAliasWins();
     void unknownNames();
     void aliasesAreResolved();
+    void aliasGoesBeforeATypeOfThatName();
+    void aliasOfAnAliasIsNotFollowed();
     void filters();
     void dump();
 
@@ -90,6 +92,7 @@ private Q_SLOTS:
     void brokenDefinitionsKeepWhatWasRead();
     void definitionFileIsReadInTextMode();
     void definitionsComeFromADevice();
+    void definitionWithoutANameIsPassedOver();
     void streamIsNamedInMessages();
     void freedesktopTypes();
 };
@@ -162,6 +165,32 @@ void TestMimeDatabase::aliasesAreResolved()
     QVERIFY(database.setPreferredSuffix(s("x/y"), s("two")));
 
     QCOMPARE(database.preferredSuffixByType(s("a/b")), s("two"));
+}
+
+void TestMimeDatabase::aliasGoesBeforeATypeOfThatName()
+{
+    MimeDatabase database;
+    MimeType type = makeType("a/b");
+    type.setAliases({s("x/y")});
+    type.setSuffixes({s("one")});
+    QVERIFY(database.addMimeType(makeType("x/y")));
+    QVERIFY(database.addMimeType(type));
+
+    QCOMPARE(database.findByType(s("x/y")).type(), s("a/b"));
+    QVERIFY(database.setPreferredSuffix(s("x/y"), s("one")));
+}
+
+void TestMimeDatabase::aliasOfAnAliasIsNotFollowed()
+{
+    MimeDatabase database;
+    MimeType first = makeType("a/b");
+    first.setAliases({s("x/y")});
+    MimeType second = makeType("x/y");
+    second.setAliases({s("p/q")});
+    QVERIFY(database.addMimeType(first));
+    QVERIFY(database.addMimeType(second));
+
+    QCOMPARE(database.findByType(s("p/q")).type(), s("x/y"));
 }
 
 void TestMimeDatabase::filters()
@@ -504,6 +533,20 @@ void TestMimeDatabase::definitionsComeFromADevice()
 
     QCOMPARE(message, s("as before"));
     QCOMPARE(database.findByType(s("a/b")).comment(), s("one"));
+}
+
+void TestMimeDatabase::definitionWithoutANameIsPassedOver()
+{
+    MimeDatabase database;
+    // The end of the inner type takes the name of the outer one along.
+    QByteArray xml("<mime-type type=\"a/b\"><mime-type type=\"c/d\"/></mime-type>");
+    QBuffer buffer(&xml);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QString message;
+
+    QVERIFY2(database.addMimeTypes(&buffer, &message), qPrintable(message));
+
+    QVERIFY(!database.findByType(s("c/d")).isNull());
 }
 
 void TestMimeDatabase::streamIsNamedInMessages()

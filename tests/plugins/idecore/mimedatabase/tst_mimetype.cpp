@@ -100,6 +100,7 @@ private Q_SLOTS:
     void localeCommentOfTheSystem_data();
     void localeCommentOfTheSystem();
     void aLaterLocaleCommentReplaces();
+    void anEmptyLocaleCommentCounts();
 
     void globKeepsWhatItIsMadeOf();
     void globsIgnoreCase_data();
@@ -274,6 +275,15 @@ void TestMimeType::aLaterLocaleCommentReplaces()
     type.setLocaleComment(QStringLiteral("de"), QStringLiteral("second"));
 
     QCOMPARE(type.localeComment(QStringLiteral("de")), QStringLiteral("second"));
+}
+
+void TestMimeType::anEmptyLocaleCommentCounts()
+{
+    MimeType type = textType();
+
+    type.setLocaleComment(QStringLiteral("de"), QString());
+
+    QCOMPARE(type.localeComment(QStringLiteral("de")), QString());
 }
 
 void TestMimeType::globKeepsWhatItIsMadeOf()

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void catalogueIsAskedWhateverTheLength_data();
     void catalogueIsAskedWhateverTheLength();
     void commentsComeInAnyOrder();
+    void emptyLocaleIsTheDefaultComment();
     void commentMustBeText();
     void builtInTypesComeInOrder();
 };
@@ -400,6 +401,13 @@ void TestMimeTypeParser::commentsComeInAnyOrder()
     QCOMPARE(result.type().localeComment(QStringLiteral("de")), QStringLiteral("zwei"));
     QCOMPARE(result.type().localeComment(QStringLiteral("fr")), QStringLiteral("Translated"));
     QCOMPARE(result.type().localeComment(QStringLiteral("it")), QStringLiteral("uno"));
+}
+
+void TestMimeTypeParser::emptyLocaleIsTheDefaultComment()
+{
+    const Result result = parseType("<comment xml:lang=\"\">Text</comment>");
+
+    QCOMPARE(result.type().comment(), QStringLiteral("Text"));
 }
 
 void TestMimeTypeParser::commentMustBeText()
