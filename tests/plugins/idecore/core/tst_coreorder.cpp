@@ -17,7 +17,6 @@
 #include <idecore/views/viewmanager.h>
 
 #include <QAction>
-#include <QDir>
 #include <QFile>
 #include <QMenu>
 #include <QPointer>
