@@ -74,7 +74,7 @@ bool Program::isRunning() const
 
 bool Program::waitForEnd()
 {
-    return QTest::qWaitFor([this] { return !isRunning(); }, 20000);
+    return waitFor([this] { return !isRunning(); });
 }
 
 QString Program::errorOutput() const
@@ -142,16 +142,6 @@ QStringList Program::windowTitles() const
     return titles;
 }
 
-bool Program::waitForWindow(const QString &part) const
-{
-    return waitFor([&] { return !windowTitles().filter(part).isEmpty(); });
-}
-
-bool Program::waitForNoWindow(const QString &part) const
-{
-    return waitFor([&] { return windowTitles().filter(part).isEmpty(); });
-}
-
 QString Program::activeTitle() const
 {
     return run(QStringLiteral("xdotool"),
@@ -165,7 +155,7 @@ bool Program::waitForActive(const QString &part) const
 
 QString Program::mainWindowId() const
 {
-    // Exactly the main window, whose title is fixed; the splash has another.
+    // The splash has the same title; its type tells it apart.
     const QStringList ids =
         lines(run(QStringLiteral("xdotool"),
                   {QStringLiteral("search"), QStringLiteral("--onlyvisible"),

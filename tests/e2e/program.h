@@ -50,11 +50,9 @@ public:
 
     /// The visible windows of the program by their titles.
     [[nodiscard]] QStringList windowTitles() const;
-    /// True when a window with a title that contains @p part came within 10 s.
-    [[nodiscard]] bool waitForWindow(const QString &part) const;
-    [[nodiscard]] bool waitForNoWindow(const QString &part) const;
     /// The title of the window that has the keyboard.
     [[nodiscard]] QString activeTitle() const;
+    /// True when a window with a title that contains @p part had it within 20 s.
     [[nodiscard]] bool waitForActive(const QString &part) const;
     /// A property of the main window as xprop prints it.
     [[nodiscard]] QString mainWindowProperty(const QString &name) const;

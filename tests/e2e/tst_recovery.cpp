@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "program.h"
+#include "support/testhome.h"
 
 #include <QDir>
 #include <QFile>
@@ -43,8 +44,8 @@ private:
 
 void TestRecovery::init()
 {
-    QDir(QDir::homePath() + QStringLiteral("/.config")).removeRecursively();
-    QDir(QDir::homePath() + QStringLiteral("/.local")).removeRecursively();
+    removeFromTestHome(QStringLiteral(".config"));
+    removeFromTestHome(QStringLiteral(".local"));
     m_dir = std::make_unique<QTemporaryDir>();
     m_path = m_dir->filePath(QStringLiteral("a.v"));
     QFile file(m_path);
@@ -75,7 +76,7 @@ void TestRecovery::killWithUnsavedText()
 
 void TestRecovery::open(Program *program)
 {
-    QFile::remove(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"));
+    removeFromTestHome(QStringLiteral(".config/KelmoWare/IDE.ini"));
     QCOMPARE(program->start({m_path}), QString());
     QTRY_COMPARE(recentFiles(), QStringList{m_path});
     program->picture(QStringLiteral("recovery-offer"));

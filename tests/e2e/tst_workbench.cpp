@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "program.h"
+#include "support/testhome.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,7 +23,7 @@ class TestWorkbench final : public QObject
 private Q_SLOTS:
     void init()
     {
-        QDir(QDir::homePath() + QStringLiteral("/.config")).removeRecursively();
+        removeFromTestHome(QStringLiteral(".config"));
         m_dir = std::make_unique<QTemporaryDir>();
         QVERIFY(m_dir->isValid());
     }

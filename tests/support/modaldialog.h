@@ -9,7 +9,6 @@
 
 #include <functional>
 
-class QMessageBox;
 class QTimer;
 class QWidget;
 
@@ -17,7 +16,8 @@ class QWidget;
 ///
 /// Make one before the call that opens the dialog; it waits for the active modal
 /// widget, hands it to the test's function (which has to close it), and fails
-/// the test when none has come by the time it is verified or destroyed.
+/// the test when none has come by the time it is destroyed. One dialog each: a
+/// second one is for another ModalDialog.
 ///
 ///     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 ///     manager.openEditor(missing, false);
@@ -32,8 +32,8 @@ public:
 
     /// True once a dialog has come and was handed over.
     [[nodiscard]] bool met() const { return m_met; }
-    /// What the met dialog showed: its window title and, of a message box, its
-    /// text and the parent it was given.
+    /// What the met dialog showed: its window title, the parent it was given and,
+    /// of a message box, its text and its icon (a QMessageBox::Icon).
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QString text() const { return m_text; }
     [[nodiscard]] QWidget *parentOfDialog() const { return m_parent; }

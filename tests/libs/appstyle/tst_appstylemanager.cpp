@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/testhome.h"
+
 #include <appstyle/appstylemanager.h>
 
 #include <QApplication>
@@ -97,7 +99,7 @@ private Q_SLOTS:
 
 void TestAppStyleManager::cleanup()
 {
-    QFile::remove(settingsFile());
+    removeFromTestHome(settingsFile());
     AppStyleManager::instance()->setAppStyle(THEME_CLASSIC);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "support/modaldialog.h"
+#include "support/testhome.h"
 
 #include <assistant/assistantproxy.h>
 
@@ -63,7 +64,7 @@ private:
 void TestAssistantProxy::init()
 {
     m_dir = std::make_unique<QTemporaryDir>();
-    QDir(userFolder()).removeRecursively();
+    removeFromTestHome(userFolder());
     writeCollection("one");
     qputenv("FAKE_VIEWER_LOG", QFile::encodeName(m_dir->filePath(QStringLiteral("log"))));
     qunsetenv("FAKE_VIEWER_MODE");

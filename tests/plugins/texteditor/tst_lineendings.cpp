@@ -19,7 +19,7 @@ QString spell(const LineEndings &endings, const QStringList &lines)
     for (int i = 0; i < lines.size(); ++i) {
         text += lines.at(i);
         if (i < lines.size() - 1)
-            text += endings.textAfter(i);
+            text += LineEndings::text(endings.after(i));
     }
     return text;
 }

@@ -121,7 +121,7 @@ void IdeCore::initialize()
 
     d->deviceDb = new DEV::DeviceDb(appDataDir() + QLatin1String("/device/device_info.csv"));
 
-    d->viewManager->initialize();
+    ViewManager::initialize();
     d->editorManager->initialize();
     d->projectManager->initialize();
 
@@ -136,7 +136,7 @@ void IdeCore::initialize()
 
 void IdeCore::extensionsInitialized()
 {
-    d->viewManager->extensionsInitialized();
+    ViewManager::extensionsInitialized();
     QTimer::singleShot(OPEN_PROJECT_DELAY_MS, this, SLOT(openProject()));
 }
 
@@ -150,7 +150,7 @@ void IdeCore::openProject()
 void IdeCore::shutdown()
 {
     ASSISTANT::AssistantProxy::instance()->stopAssistant();
-    d->viewManager->shutdown();
+    ViewManager::shutdown();
     d->userSettings->sync();
     d->userSettingsGUI->sync();
 

@@ -189,8 +189,9 @@ void IdeMainWindow::onOpenFiles()
         if (!recent.isEmpty() && QFileInfo::exists(recent.constFirst()))
             start = recent.constFirst();
     }
-    const QStringList files = QFileDialog::getOpenFileNames(
-        this, tr("Open File"), start, IdeCore::mimeDatabase()->filterForFileDialog(true));
+    const QStringList files =
+        QFileDialog::getOpenFileNames(ViewManager::dialogParent(), tr("Open File"), start,
+                                      IdeCore::mimeDatabase()->filterForFileDialog(true));
     const bool shown = isVisible();
     for (const QString &file : files) {
         // The user may have closed the window between two of them.

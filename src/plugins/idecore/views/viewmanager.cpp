@@ -131,29 +131,30 @@ void ViewManager::initialize()
     fileMenu->insertAction(printFront, closeFront);
     fileMenu->insertAction(printFront, closeBehind);
 
-    d->actClose = new QAction(tr("&Close"), this);
+    d->actClose = new QAction(tr("&Close"), m_instance);
     d->actClose->setEnabled(false);
     fileMenu->insertAction(closeBehind, d->actClose);
-    connect(d->actClose, &QAction::triggered, this, &ViewManager::onActClose);
-    d->actCloseAll = new QAction(tr("Close All"), this);
+    connect(d->actClose, &QAction::triggered, m_instance, &ViewManager::onActClose);
+    d->actCloseAll = new QAction(tr("Close All"), m_instance);
     d->actCloseAll->setEnabled(false);
     fileMenu->insertAction(closeBehind, d->actCloseAll);
-    connect(d->actCloseAll, &QAction::triggered, this, &ViewManager::onActCloseAll);
+    connect(d->actCloseAll, &QAction::triggered, m_instance, &ViewManager::onActCloseAll);
 
-    auto *resetLayout = new QAction(tr("Reset Layout"), this);
+    auto *resetLayout = new QAction(tr("Reset Layout"), m_instance);
     d->windowMenu->addAction(resetLayout);
-    connect(resetLayout, &QAction::triggered, this, &ViewManager::onActResetLayout);
+    connect(resetLayout, &QAction::triggered, m_instance, &ViewManager::onActResetLayout);
     d->windowMenu->addSeparator();
     d->panelsMenu = new QMenu(tr("Panels"), d->mainWindow);
     d->windowMenu->addMenu(d->panelsMenu);
     d->windowMenu->addSeparator();
 
-    connect(qApp, &QApplication::focusChanged, this, &ViewManager::updateFocusWidget);
-    connect(d->mdiArea, &Utils::MdiArea::currentWindowChanged, this,
+    connect(qApp, &QApplication::focusChanged, m_instance, &ViewManager::updateFocusWidget);
+    connect(d->mdiArea, &Utils::MdiArea::currentWindowChanged, m_instance,
             &ViewManager::onCurrentSubWindowChanged);
-    connect(d->mdiArea, &Utils::MdiArea::windowClosed, this, &ViewManager::onSubWindowClose);
-    connect(d->windowMenu, &QMenu::aboutToShow, this, &ViewManager::updateWindowMenu);
-    connect(d->signalMapper, &QSignalMapper::mappedWidget, this, &ViewManager::onActionMapped);
+    connect(d->mdiArea, &Utils::MdiArea::windowClosed, m_instance, &ViewManager::onSubWindowClose);
+    connect(d->windowMenu, &QMenu::aboutToShow, m_instance, &ViewManager::updateWindowMenu);
+    connect(d->signalMapper, &QSignalMapper::mappedWidget, m_instance,
+            &ViewManager::onActionMapped);
 }
 
 void ViewManager::extensionsInitialized()
@@ -163,7 +164,7 @@ void ViewManager::extensionsInitialized()
 
 void ViewManager::shutdown()
 {
-    disconnect(qApp, &QApplication::focusChanged, this, &ViewManager::updateFocusWidget);
+    disconnect(qApp, &QApplication::focusChanged, m_instance, &ViewManager::updateFocusWidget);
 }
 
 IView *ViewManager::currentView()

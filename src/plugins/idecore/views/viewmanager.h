@@ -118,11 +118,11 @@ public:
     // Called by IdeCore, once each.
 
     /// Builds the interface of the main window and begins to follow the focus.
-    void initialize();
+    static void initialize();
     /// Schedules the main window to be shown.
-    void extensionsInitialized();
+    static void extensionsInitialized();
     /// Stops following the focus; documents and windows stay until the destruction.
-    void shutdown();
+    static void shutdown();
 
 public Q_SLOTS:
     /// Forms the contexts that are current with the focus in @p now, hands them

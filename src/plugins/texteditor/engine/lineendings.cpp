@@ -66,11 +66,6 @@ LineEndings::Ending LineEndings::after(int line) const
     return index < m_endings.size() ? m_endings[index] : Ending::None;
 }
 
-QString LineEndings::textAfter(int line) const
-{
-    return text(after(line));
-}
-
 void LineEndings::split(int line)
 {
     const Ending old = after(line);

@@ -26,9 +26,8 @@ public:
     /// spell the text; then nothing is known.
     bool match(const QString &text, int lines, const std::function<QString(int)> &line);
 
-    /// The ending of @p line; of the last line it is None.
+    /// The ending of @p line, which is not the last one: that has none.
     [[nodiscard]] Ending after(int line) const;
-    [[nodiscard]] QString textAfter(int line) const;
     /// True when not all endings are the same, so that split() and join() have
     /// to be called for every line that comes and goes.
     [[nodiscard]] bool isMixed() const { return !m_endings.empty(); }

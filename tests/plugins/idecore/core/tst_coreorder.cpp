@@ -3,10 +3,12 @@
 
 #include "creationlog.h"
 #include "optionpages.h"
+#include "support/testhome.h"
 
 #include <appstyle/appstylemanager.h>
 #include <assistant/assistantproxy.h>
 #include <extsys/pluginmanager.h>
+#include <idecore/core/coreplugin.h>
 #include <idecore/core/idecore.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/mimedatabase/mimedatabase.h>
@@ -15,9 +17,9 @@
 #include <idecore/views/viewmanager.h>
 
 #include <QAction>
-#include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QPointer>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -68,7 +70,7 @@ class TestCoreOrder final : public QObject
 private Q_SLOTS:
     void init()
     {
-        QDir(QDir::homePath() + QStringLiteral("/.config/KelmoWare")).removeRecursively();
+        removeFromTestHome(QStringLiteral(".config/KelmoWare"));
         m_core = std::make_unique<IdeCore>();
     }
 
@@ -227,6 +229,26 @@ private Q_SLOTS:
         assistant->setCollectionFile(QString());
         QVERIFY(ran);
         QVERIFY(!runsStill);
+    }
+
+    void thePluginDeletesTheServicesWithItself()
+    {
+        m_core.reset();
+        QPointer<QObject> core;
+        auto plugin = std::make_unique<CorePlugin>();
+        {
+            const CreationLog log;
+            plugin->initialize();
+            for (QObject *object : log.objects()) {
+                if (qobject_cast<IdeCore *>(object))
+                    core = object;
+            }
+        }
+        plugin->shutDown();
+        const bool stood = core;
+        plugin.reset();
+        QVERIFY(stood);
+        QVERIFY(!core);
     }
 
 private:

@@ -3,12 +3,12 @@
 
 #include "creationlog.h"
 #include "heaplog.h"
+#include "support/testhome.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/idecore.h>
 #include <idecore/views/viewmanager.h>
 
-#include <QDir>
 #include <QMenu>
 #include <QSettings>
 #include <QTest>
@@ -23,7 +23,7 @@ class TestDatabaseOrder final : public QObject
 private Q_SLOTS:
     void init()
     {
-        QDir(QDir::homePath() + QStringLiteral("/.config/KelmoWare")).removeRecursively();
+        removeFromTestHome(QStringLiteral(".config/KelmoWare"));
         m_core = std::make_unique<IdeCore>();
     }
 

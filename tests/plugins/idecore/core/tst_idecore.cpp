@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "optionpages.h"
+#include "support/testhome.h"
 
 #include <devicedb/devicedb.h>
 #include <extsys/iplugin.h>
@@ -56,10 +57,7 @@ class TestIdeCore final : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        QDir(QDir::homePath() + QStringLiteral("/.config/KelmoWare")).removeRecursively();
-    }
+    void init() { removeFromTestHome(QStringLiteral(".config/KelmoWare")); }
 
     void thePluginNamesItsInterfaceAndCarriesNoFurtherData()
     {

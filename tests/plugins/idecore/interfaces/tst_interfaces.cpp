@@ -3,6 +3,7 @@
 
 #include "support/messagerecorder.h"
 
+#include <idecore/core/coreplugin.h>
 #include <idecore/interfaces/ieditor.h>
 #include <idecore/interfaces/ieditorfactory.h>
 #include <idecore/interfaces/ifilewizardfactory.h>
@@ -13,6 +14,7 @@
 #include <idecore/interfaces/iprojectwizardfactory.h>
 
 #include <QIcon>
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVector>
@@ -312,7 +314,36 @@ private Q_SLOTS:
         QVERIFY(!qobject_cast<IEditorFactory *>(static_cast<QObject *>(&page)));
     }
 
+    void signalsAreKnownByName_data()
+    {
+        QTest::addColumn<const QMetaObject *>("interface");
+        QTest::newRow("shortTitleChanged(QString)") << &IView::staticMetaObject;
+        QTest::newRow("modificationStateChanged(bool)") << &IEditor::staticMetaObject;
+        QTest::newRow("saved()") << &IEditor::staticMetaObject;
+    }
+
+    void signalsAreKnownByName()
+    {
+        QFETCH(const QMetaObject *, interface);
+        const int index = interface->indexOfSignal(QTest::currentDataTag());
+        QVERIFY(index >= interface->methodOffset());
+    }
+
     // Plugins that are built already find the operations by their places.
+
+    void theOperationsOfThePluginKeepTheirPlaces()
+    {
+        QVERIFY(standInOrder(&CorePlugin::initialize, &CorePlugin::extensionsInitialized,
+                             &CorePlugin::shutDown));
+    }
+
+    void keepOpenIsTheFirstOfAViewsOwnData()
+    {
+        const IView view;
+        const auto *start = reinterpret_cast<const char *>(&view);
+        QCOMPARE(reinterpret_cast<const char *>(&view.keepOpen) - start,
+                 std::ptrdiff_t(sizeof(QWidget)));
+    }
 
     void theOperationsOfAViewKeepTheirPlaces()
     {

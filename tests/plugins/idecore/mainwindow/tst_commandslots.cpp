@@ -126,6 +126,19 @@ private Q_SLOTS:
         QCOMPARE(s_called, QStringList{called});
     }
 
+    void theActionOfAPluginIsCalledInstead_data() { everyToolButtonCallsItsSlotOnce_data(); }
+
+    void theActionOfAPluginIsCalledInstead()
+    {
+        const QString id = QString::fromLatin1(QTest::currentDataTag());
+        auto *own = new QAction;
+        connect(own, &QAction::triggered, this, [] { s_called.append(QStringLiteral("own")); });
+        ActionManager::registerAction(own, id, QStringLiteral("Test.Context"));
+        ViewManager::addGlobalContext(QStringLiteral("Test.Context"));
+        ActionManager::action(id)->trigger();
+        QCOMPARE(s_called, QStringList{QStringLiteral("own")});
+    }
+
 private:
     std::unique_ptr<CoreFixture> m_core;
 };

@@ -207,6 +207,7 @@ void TestMimePatterns::offsets_data()
     QTest::newRow("4") << QByteArray("4") << 4 << 4;
     QTest::newRow("0:128") << QByteArray("0:128") << 0 << 128;
     QTest::newRow("negative") << QByteArray("-5:-1") << -5 << -1;
+    QTest::newRow("not octal") << QByteArray("010:020") << 10 << 20;
     QTest::newRow("limits") << QByteArray("-2147483648:2147483647") << -2147483647 - 1
                             << 2147483647;
 }
@@ -237,6 +238,7 @@ void TestMimePatterns::offsetThatIsNoNumber_data()
     QTest::newRow("cut at the first colon")
         << QByteArray("offset=\"1:2:3\"") << QStringLiteral("2:3");
     QTest::newRow("beyond") << QByteArray("offset=\"2147483648\"") << QStringLiteral("2147483648");
+    QTest::newRow("hexadecimal") << QByteArray("offset=\"0x10\"") << QStringLiteral("0x10");
 }
 
 void TestMimePatterns::offsetThatIsNoNumber()

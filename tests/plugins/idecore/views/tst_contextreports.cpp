@@ -225,7 +225,7 @@ void TestContextReports::contextAddedByACommandThatChangesIsReportedLast()
 
 void TestContextReports::shutdownEndsTheTracking()
 {
-    ViewManager::instance()->shutdown();
+    ViewManager::shutdown();
 
     FocusWindow::focus(m_window->inner);
 

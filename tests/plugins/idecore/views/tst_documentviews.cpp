@@ -590,7 +590,7 @@ void TestDocumentViews::extensionsInitializedShowsTheMainWindowLater()
     bool shownBehind = false;
     QTimer::singleShot(990, this, [&] { shownBefore = window->isVisible(); });
 
-    ViewManager::instance()->extensionsInitialized();
+    ViewManager::extensionsInitialized();
 
     // What is due behind the window at start-up finds it shown.
     QTimer::singleShot(1050, this, [&] { shownBehind = window->isVisible(); });
