@@ -5,6 +5,7 @@
 
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
+#include <idecore/core/messages_p.h>
 #include <idecore/editors/editormanager_p.h>
 #include <idecore/interfaces/ieditorfactory.h>
 #include <idecore/mainwindow/idemainwindow.h>
@@ -15,7 +16,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
-#include <QMessageBox>
 #include <QSet>
 
 #include <algorithm>
@@ -58,24 +58,6 @@ void warnOfCycle(const std::vector<Step> &path, const QString &type)
     while ((step++)->type != type);
     qWarning("%s: Inconsistent mime hierarchy detected, cycle of types: %s.", Q_FUNC_INFO,
              qUtf8Printable(names.join(QLatin1String(" > "))));
-}
-
-/// Shows a message with an "OK" button. Plain text, unlike what the static
-/// functions of QMessageBox show: a file's name may look like markup.
-void showMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title, const QString &text)
-{
-    QMessageBox box(icon, title, text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::Ok);
-    box.exec();
-}
-
-void showError(const QString &title, const QString &message, const QString &errorString)
-{
-    QString text = message;
-    if (!errorString.isEmpty())
-        text += QLatin1Char('\n') + errorString;
-    showMessage(QMessageBox::Critical, ViewManager::mainWindow(), title, text);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/constants.h>
 #include <idecore/core/idecore.h>
+#include <idecore/core/recentpaths_p.h>
 #include <idecore/editors/editormanager_p.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/mimedatabase/mimedatabase.h>
@@ -15,7 +16,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QMenu>
 #include <QSettings>
@@ -186,11 +186,7 @@ void EditorManagerPrivate::addFile(const QString &file)
 
 void EditorManagerPrivate::addRecentFile(const QString &file)
 {
-    const QString path = QDir::toNativeSeparators(file);
-    recentFiles.removeAll(path);
-    recentFiles.prepend(path);
-    while (recentFiles.size() > MAX_RECENT_FILES)
-        recentFiles.removeLast();
+    addRecentPath(&recentFiles, file, MAX_RECENT_FILES);
     storeRecentFiles();
 }
 
@@ -201,19 +197,8 @@ void EditorManagerPrivate::storeRecentFiles() const
 
 void EditorManager::showRecentMenu()
 {
-    const QList<QAction *> old = d()->recentMenu->actions();
-    qDeleteAll(old);
-    d()->recentMenu->clear();
-    for (const QString &file : qAsConst(d()->recentFiles)) {
-        auto *action = new QAction(file, d()->recentMenu);
-        d()->recentMenu->addAction(action);
-        connect(action, &QAction::triggered, this, &EditorManager::onActRecent);
-    }
-    if (!d()->recentFiles.isEmpty()) {
-        d()->recentMenu->addSeparator();
-        QAction *clear = d()->recentMenu->addAction(tr("Clear"));
-        connect(clear, &QAction::triggered, this, &EditorManager::onActClearRecent);
-    }
+    private_impl::fillRecentMenu(d()->recentMenu, d()->recentFiles, tr("Clear"), this,
+                                 &EditorManager::onActRecent, &EditorManager::onActClearRecent);
 }
 
 void EditorManager::onActRecent()

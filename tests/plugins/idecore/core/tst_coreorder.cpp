@@ -44,7 +44,7 @@ QString nameOf(const QObject *object)
     if (const auto *settings = qobject_cast<const QSettings *>(object))
         return settings->applicationName();
     if (const auto *menu = qobject_cast<const QMenu *>(object))
-        return menu->title() == QLatin1String("Recent Files") ? menu->title() : QString();
+        return menu->title().startsWith(QLatin1String("Recent ")) ? menu->title() : QString();
     if (const auto *action = qobject_cast<const QAction *>(object)) {
         const QString text = action->text();
         return text == QLatin1String("About...") || text == QLatin1String("Reset Layout")
@@ -104,8 +104,9 @@ private Q_SLOTS:
                       QStringLiteral("Core::ExternalEditorManager"),
                       // the main window's interface, then the view manager's
                       QStringLiteral("About..."), QStringLiteral("Reset Layout"),
-                      // the editor manager's
-                      QStringLiteral("Recent Files"), QStringLiteral("Core::GeneralOptionPage"),
+                      // the editor manager's, then the project manager's
+                      QStringLiteral("Recent Files"), QStringLiteral("Recent Projects"),
+                      QStringLiteral("Core::GeneralOptionPage"),
                       QStringLiteral("Core::ExternalEditorOptionPage")}));
     }
 

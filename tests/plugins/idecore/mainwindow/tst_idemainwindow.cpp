@@ -487,27 +487,16 @@ private Q_SLOTS:
     void everyFileButAProjectIsOpenedInAnEditor_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("inEditor");
-        QTest::newRow("verilog") << QStringLiteral("top.v") << true;
-        QTest::newRow("unknown") << QStringLiteral("README") << true;
-        QTest::newRow("project") << QStringLiteral("top.kprj") << false;
+        QTest::newRow("verilog") << QStringLiteral("top.v");
+        QTest::newRow("unknown") << QStringLiteral("README");
     }
 
     void everyFileButAProjectIsOpenedInAnEditor()
     {
         QFETCH(QString, name);
-        QFETCH(bool, inEditor);
         const QString path = file(name);
         window()->openFile(path);
-        QCOMPARE(openFiles(), inEditor ? QStringList{path} : QStringList());
-    }
-
-    void aProjectGoesToTheProjectManager()
-    {
-        const QString path = file(QStringLiteral("top.kprj"));
-        QTest::ignoreMessage(QtDebugMsg,
-                             qPrintable(QStringLiteral("open project: \"%1\"").arg(path)));
-        window()->openFile(path);
+        QCOMPARE(openFiles(), QStringList{path});
     }
 
     void filesAreOpenedForWriting()

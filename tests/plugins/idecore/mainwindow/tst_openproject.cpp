@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "support/corefixture.h"
+#include "support/messagerecorder.h"
 #include "support/modaldialog.h"
+#include "support/testproject.h"
 #include "support/testview.h"
 
-#include <idecore/interfaces/iproject.h>
+#include <idecore/core/idecore.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
@@ -14,63 +16,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace Core;
-
-namespace {
-
-class Project final : public IProject
-{
-public:
-    QString displayName() const override { return {}; }
-    QString fileName() const override { return directory + QStringLiteral("/elsewhere/p.kprj"); }
-    QString projectDir() const override { return directory; }
-    bool open(const QString &) override { return true; }
-    bool close() override { return true; }
-    bool canOpen(const QString &) override { return true; }
-    QStringList files() const override { return {}; }
-    bool addFiles(const QStringList &) override { return true; }
-
-    QString directory;
-};
-
-/// What the project manager says and is asked.
-struct
-{
-    IProject *project = nullptr;
-    QStringList recent;
-    bool refuses = false;
-    QStringList opened;
-    QStringList journal;
-} s_projects;
-
-} // namespace
-
-// Stand in for those of the project manager: the window is to be seen with a
-// project that is open, and with one that refuses to close.
-
-IProject *ProjectManager::currentProject()
-{
-    return s_projects.project;
-}
-
-QStringList ProjectManager::recentProjects()
-{
-    return s_projects.recent;
-}
-
-void ProjectManager::openProject(const QString &path)
-{
-    s_projects.opened.append(path);
-}
-
-bool ProjectManager::closeCurrentProject()
-{
-    s_projects.journal.append(QStringLiteral("project asked"));
-    return !s_projects.refuses;
-}
 
 /// The main window with a project.
 class TestOpenProject final : public QObject
@@ -81,41 +32,61 @@ private Q_SLOTS:
 
     void init()
     {
-        s_projects = {};
+        m_journal.clear();
         m_dir = std::make_unique<QTemporaryDir>();
+        m_factory = std::make_unique<TestProjectFactory>(QStringLiteral("FPGA"), &m_journal);
+        m_inPool = std::make_unique<InPool>(m_factory.get());
         m_core = std::make_unique<CoreFixture>();
         m_core->show();
     }
 
     void cleanup()
     {
-        s_projects.refuses = false;
+        if (TestProject *project = m_factory->last())
+            project->refuseClose = false;
+        ProjectManager::closeCurrentProject();
         m_core.reset();
+        m_inPool.reset();
     }
 
     void closingAsksTheProjectBeforeTheViews()
     {
-        ViewManager::showView(new TestView(QStringLiteral("view"), &s_projects.journal));
-        s_projects.journal.clear();
+        openProject();
+        ViewManager::showView(new TestView(QStringLiteral("view"), &m_journal));
+        m_journal.clear();
         QVERIFY(ViewManager::mainWindow()->close());
-        QCOMPARE(s_projects.journal.mid(0, 2), texts({"project asked", "view asked"}));
+        QCOMPARE(m_journal.mid(0, 3), texts({"top.kprj close", "top.kprj gone", "view asked"}));
+        QVERIFY(!ProjectManager::currentProject());
     }
 
     void aProjectThatRefusesKeepsTheWindowOpen()
     {
-        ViewManager::showView(new TestView(QStringLiteral("view"), &s_projects.journal));
-        s_projects.journal.clear();
-        s_projects.refuses = true;
+        openProject()->refuseClose = true;
+        ViewManager::showView(new TestView(QStringLiteral("view"), &m_journal));
+        m_journal.clear();
         QVERIFY(!ViewManager::mainWindow()->close());
         QVERIFY(ViewManager::mainWindow()->isVisible());
-        QCOMPARE(s_projects.journal, texts({"project asked"}));
+        QCOMPARE(m_journal, texts({"top.kprj close"}));
+        QCOMPARE(ProjectManager::currentProject(), m_factory->last());
+    }
+
+    void aViewThatRefusesKeepsTheWindowOpenWithoutTheProject()
+    {
+        openProject();
+        auto *view = new TestView(QStringLiteral("view"), &m_journal);
+        view->refuseClose = true;
+        ViewManager::showView(view);
+        QVERIFY(!ViewManager::mainWindow()->close());
+        QVERIFY(ViewManager::mainWindow()->isVisible());
+        QVERIFY(!ProjectManager::currentProject());
+        view->refuseClose = false;
     }
 
     void aProjectThatRefusesKeepsTheSettingsAsTheyAre()
     {
-        s_projects.refuses = true;
+        openProject()->refuseClose = true;
         QVERIFY(!ViewManager::mainWindow()->close());
-        m_core->shutdown();
+        Core::IdeCore::userSettingsGUI()->sync();
         for (const char *key :
              {"Core/Version", "Core/MainwindowGeometry", "Core/MainwindowState"}) {
             const QVariant stored =
@@ -126,51 +97,68 @@ private Q_SLOTS:
 
     void aProjectThatRefusesKeepsTheFullScreen()
     {
+        openProject()->refuseClose = true;
         ViewManager::mainWindow()->toggleFullScreen(true);
-        s_projects.refuses = true;
         QVERIFY(!ViewManager::mainWindow()->close());
         QVERIFY(ViewManager::mainWindow()->windowState() & Qt::WindowFullScreen);
     }
 
-    void aProjectFileGoesToTheProjectManagerAsItIsNamed()
+    void aProjectFileIsOpenedAsAProjectUnderItsNameAsItStands()
     {
         const QString path = m_dir->filePath(QStringLiteral("a b.kprj"));
-        writeFile(path);
-        ViewManager::mainWindow()->openFile(path);
-        QCOMPARE(s_projects.opened, QStringList{path});
+        writeProject(path);
+        const QString name = m_dir->filePath(QStringLiteral("./a b.kprj"));
+        const MessageRecorder log;
+        ViewManager::mainWindow()->openFile(name);
+        QCOMPARE(log.lines(QtDebugMsg, QStringLiteral("open project:")),
+                 QStringList{QStringLiteral("open project: \"%1\"").arg(name)});
+        QVERIFY(ProjectManager::currentProject());
         QVERIFY(!ViewManager::currentView());
     }
 
-    void anotherFileDoesNot()
+    void aProjectFileUnderAnotherNameIsNone()
     {
-        const QString path = m_dir->filePath(QStringLiteral("a.v"));
-        writeFile(path);
+        const QString path = m_dir->filePath(QStringLiteral("project.txt"));
+        writeProject(path);
         // No editor is there for it.
         ModalDialog box(ModalDialog::cancel());
         ViewManager::mainWindow()->openFile(path);
-        QVERIFY(s_projects.opened.isEmpty());
+        QVERIFY(m_factory->made.isEmpty());
+    }
+
+    void aProjectChosenAmongOtherFilesIsOpened()
+    {
+        const QString project = writeProject(m_dir->filePath(QStringLiteral("chosen.kprj")));
+        ModalDialog dialog([&project](QWidget *widget) {
+            auto *fileDialog = qobject_cast<QFileDialog *>(widget);
+            QVERIFY(fileDialog);
+            QVERIFY(
+                fileDialog->nameFilters().join(QLatin1Char(' ')).contains(QLatin1String("*.kprj")));
+            fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(project);
+            QTest::keyClick(fileDialog, Qt::Key_Return);
+        });
+        ViewManager::mainWindow()->onOpenFiles();
+        QVERIFY(ProjectManager::currentProject());
+        QCOMPARE(ProjectManager::currentProject()->fileName(), project);
     }
 
     void filesAreLookedForInTheFolderOfTheOpenProject()
     {
-        Project project;
-        project.directory = subFolder(QStringLiteral("open"));
-        s_projects.project = &project;
-        s_projects.recent = QStringList{recentProject(QStringLiteral("recent"))};
-        QCOMPARE(askedFolder(), project.directory);
+        openProject()->directory = subFolder(QStringLiteral("open"));
+        QCOMPARE(askedFolder(), m_factory->last()->directory);
     }
 
     void withoutAProjectFilesAreLookedForWhereTheLastOneLies()
     {
-        s_projects.recent = QStringList{recentProject(QStringLiteral("newest")),
-                                        recentProject(QStringLiteral("older"))};
-        QCOMPARE(askedFolder(), QFileInfo(s_projects.recent.constFirst()).absolutePath());
+        openedAndClosed(QStringLiteral("older"));
+        const QString newest = openedAndClosed(QStringLiteral("newest"));
+        QCOMPARE(askedFolder(), QFileInfo(newest).absolutePath());
     }
 
     void aLastProjectThatIsGoneMeansTheHomeFolder()
     {
-        s_projects.recent = QStringList{m_dir->filePath(QStringLiteral("gone/p.kprj")),
-                                        recentProject(QStringLiteral("older"))};
+        openedAndClosed(QStringLiteral("older"));
+        QVERIFY(QFile::remove(openedAndClosed(QStringLiteral("newest"))));
         QCOMPARE(askedFolder(), QDir::homePath());
     }
 
@@ -195,20 +183,23 @@ private:
         return m_dir->filePath(name);
     }
 
-    QString recentProject(const QString &name) const
+    TestProject *openProject()
     {
-        const QString path = subFolder(name) + QStringLiteral("/p.kprj");
-        writeFile(path);
+        ProjectManager::openProject(writeProject(m_dir->filePath(QStringLiteral("top.kprj"))));
+        return m_factory->last();
+    }
+
+    QString openedAndClosed(const QString &folder) const
+    {
+        const QString path = writeProject(m_dir->filePath(folder + QStringLiteral("/p.kprj")));
+        ProjectManager::openProject(path);
+        ProjectManager::closeCurrentProject();
         return path;
     }
 
-    static void writeFile(const QString &path)
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write("text\n") != 5)
-            qFatal("cannot write %s", qPrintable(path));
-    }
-
+    QStringList m_journal;
+    std::unique_ptr<TestProjectFactory> m_factory;
+    std::unique_ptr<InPool> m_inPool;
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<CoreFixture> m_core;
 };

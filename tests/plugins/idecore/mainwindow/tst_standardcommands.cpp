@@ -313,9 +313,10 @@ private Q_SLOTS:
     void theFileMenuHoldsTheStandardEntriesInOrder()
     {
         QStringList found = entries(menu("Core.Menu.File"));
-        // What the views and the editors put between them.
-        for (const QString &name : list({"Core.Sep.File.Close.F", "&Close", "Close All",
-                                         "Core.Sep.File.Close.B", "Recent Files"})) {
+        // What the views, the editors and the projects put between them.
+        for (const QString &name :
+             list({"Core.Sep.File.Close.F", "&Close", "Close All", "Core.Sep.File.Close.B",
+                   "Close Project", "Recent Files", "Recent Projects"})) {
             QVERIFY(found.removeOne(name));
         }
         QCOMPARE(found, list({"Core.Action.New", "Core.Action.Open", "Core.Sep.File.Open.B",

@@ -209,15 +209,32 @@ void TestDocumentViews::fileMenu()
 {
     const QMenu *menu = Core::ActionManager::menu(QStringLiteral("Core.Menu.File"));
 
-    QCOMPARE(menuEntries(menu), texts({"&New...", "&Open...", "--", "--", "&Save", "Save &As...",
-                                       "Save All", "--", "--", "&Close", "Close All", "--", "--",
-                                       "&Print...", "--", "> Recent Files", "--", "&Exit"}));
+    QCOMPARE(menuEntries(menu), texts({"&New...",
+                                       "&Open...",
+                                       "--",
+                                       "--",
+                                       "&Save",
+                                       "Save &As...",
+                                       "Save All",
+                                       "--",
+                                       "--",
+                                       "&Close",
+                                       "Close All",
+                                       "--",
+                                       "Close Project",
+                                       "--",
+                                       "&Print...",
+                                       "--",
+                                       "> Recent Files",
+                                       "> Recent Projects",
+                                       "--",
+                                       "&Exit"}));
     const QList<QAction *> actions = menu->actions();
     QCOMPARE(actions.at(8),
              Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.F")));
     QCOMPARE(actions.at(11),
              Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Close.B")));
-    QCOMPARE(actions.at(12),
+    QCOMPARE(actions.at(13),
              Core::ActionManager::separator(QStringLiteral("Core.Sep.File.Print.F")));
 }
 
