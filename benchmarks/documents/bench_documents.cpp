@@ -108,6 +108,7 @@ int main(int argc, char **argv)
     QLoggingCategory::setFilterRules(QStringLiteral("kf.sonnet.*=false"));
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    warmMemory();
 
     // A name of one of them runs that one alone.
     const QString only = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");

@@ -24,8 +24,12 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cstring>
 #include <ctime>
+#include <limits>
 #include <malloc.h>
+#include <memory>
+#include <vector>
 
 double cpuMilliseconds()
 {
@@ -38,6 +42,19 @@ double heapBytes()
 {
     const struct mallinfo2 info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+void warmMemory()
+{
+    constexpr std::size_t piece = std::size_t(16) << 20;
+    constexpr int pieces = 64;
+    mallopt(M_MMAP_THRESHOLD, 2 * piece);
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+    std::vector<std::unique_ptr<char[]>> memory;
+    for (int i = 0; i < pieces; ++i) {
+        memory.emplace_back(new char[piece]);
+        std::memset(memory.back().get(), i, piece);
+    }
 }
 
 double median(QVector<double> values)

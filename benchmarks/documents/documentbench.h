@@ -22,6 +22,10 @@ class MdiArea;
 /// Bytes in use on the heap.
 [[nodiscard]] double heapBytes();
 [[nodiscard]] double median(QVector<double> values);
+/// Gives the heap more memory than the documents will need. On a virtual machine
+/// the first use of a page may cost a hundred times that of the next, which
+/// would be counted as the growth of whatever runs late.
+void warmMemory();
 /// Lets everything posted happen, painting included.
 void settle();
 

@@ -26,8 +26,11 @@ constexpr int killTimeout = 2000;
 void tell(const QString &text)
 {
     QWidget *parent = QApplication::activeModalWidget();
-    QMessageBox::warning(parent ? parent : QApplication::activeWindow(), AssistantProxy::tr("Help"),
-                         text);
+    QMessageBox box(QMessageBox::Warning, AssistantProxy::tr("Help"), text, QMessageBox::Ok,
+                    parent ? parent : QApplication::activeWindow());
+    // The path of a program or manual may look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 QString findViewer()

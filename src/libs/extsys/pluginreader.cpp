@@ -11,6 +11,7 @@
 #include <QPluginLoader>
 #include <QSet>
 
+#include <algorithm>
 #include <optional>
 
 namespace ExtSys {
@@ -34,9 +35,12 @@ std::optional<QVersionNumber> toVersion(const QJsonValue &value)
     const QStringList parts = value.toString().split(QLatin1Char('.'));
     QVector<int> segments;
     for (const QString &part : parts) {
+        const bool digits = std::all_of(part.cbegin(), part.cend(), [](QChar c) {
+            return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+        });
         bool good = false;
-        segments.append(static_cast<int>(part.toUShort(&good)));
-        if (!good)
+        segments.append(part.toInt(&good));
+        if (!good || !digits)
             return std::nullopt;
     }
     return QVersionNumber(segments);

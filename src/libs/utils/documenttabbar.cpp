@@ -159,6 +159,15 @@ QSize DocumentTabBar::tabSizeHint(int index) const
     return {tab.width, m_height};
 }
 
+QSize DocumentTabBar::sizeHint() const
+{
+    if (m_tabs.isEmpty())
+        return QTabBar::sizeHint();
+    // It is given the whole width, and all tabs are of one height; the base would
+    // measure every tab, and is asked several times for each document opened.
+    return tabSizeHint(m_tabs.size() - 1);
+}
+
 QSize DocumentTabBar::minimumTabSizeHint(int index) const
 {
     return tabSizeHint(index);

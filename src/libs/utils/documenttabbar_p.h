@@ -34,6 +34,8 @@ public:
     void setCurrentDocument(const MdiSubWindow *window);
     void updateDocument(MdiSubWindow *window);
 
+    QSize sizeHint() const override;
+
 Q_SIGNALS:
     /// The user chose the tab; also when it was the current one. @p byKey when
     /// the tab bar should keep the focus.

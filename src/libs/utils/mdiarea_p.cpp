@@ -269,11 +269,13 @@ void MdiArea::Private::onMaximizeRequested(MdiSubWindow *window)
         current = window;
     }
     setTabbed(true);
-    if (other) {
+    // What reacts to being hidden may have closed it.
+    if (!creation.contains(window))
+        return;
+    if (other)
         makeCurrent(window);
-    } else {
+    else
         giveFocus(window);
-    }
 }
 
 void MdiArea::Private::onActivatedByArea(QMdiSubWindow *window)

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void missingViewerProgramIsTold();
     void viewerThatCannotStartIsTold();
     void missingCollectionIsTold();
+    void pathIsNoMarkupInAMessage();
     void viewerThatFailsIsTold();
     void viewerMayBeStartedAnewWhileItsFailureIsTold();
     void stopKeepsAFailureToItself();
@@ -261,6 +262,20 @@ void TestAssistantProxy::missingCollectionIsTold()
     QCOMPARE(box.text(),
              QStringLiteral("The help cannot be shown: the manual \"%1\" is missing.").arg(file));
     QCOMPARE(log(), QStringList());
+}
+
+void TestAssistantProxy::pathIsNoMarkupInAMessage()
+{
+    m_proxy->setCollectionFile(m_dir->filePath(QStringLiteral("<b>none<br>.qhc")));
+    Qt::TextFormat format = Qt::AutoText;
+    ModalDialog box([&format](QWidget *widget) {
+        format = static_cast<QMessageBox *>(widget)->textFormat();
+        ModalDialog::press(QMessageBox::Ok)(widget);
+    });
+
+    m_proxy->startAssistant();
+
+    QCOMPARE(format, Qt::PlainText);
 }
 
 void TestAssistantProxy::viewerThatFailsIsTold()

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/messagerecorder.h"
+
 #include <devicedb/devicedb.h>
 
 #include <QFile>
@@ -9,20 +11,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
+
 using DEV::DeviceDb;
 
 namespace {
 
 const QByteArray header = "Series,Device,Package,SpeedGrade,LogicCells,FlipFlops,BlockRamBits,"
                           "DspBlocks,Plls,UserIos\n";
-
-QStringList messages;
-
-void collect(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    if (type == QtWarningMsg)
-        messages.append(text);
-}
 
 } // namespace
 
@@ -59,19 +55,20 @@ private Q_SLOTS:
 
 private:
     QString write(const QByteArray &content);
+    [[nodiscard]] QStringList warnings() const { return m_log->lines(QtWarningMsg); }
+
     QTemporaryDir m_dir;
-    QtMessageHandler m_previous = nullptr;
+    std::unique_ptr<MessageRecorder> m_log;
 };
 
 void TestDeviceDb::init()
 {
-    messages.clear();
-    m_previous = qInstallMessageHandler(collect);
+    m_log = std::make_unique<MessageRecorder>();
 }
 
 void TestDeviceDb::cleanup()
 {
-    qInstallMessageHandler(m_previous);
+    m_log.reset();
 }
 
 QString TestDeviceDb::write(const QByteArray &content)
@@ -88,7 +85,7 @@ void TestDeviceDb::missingFileIsEmptyAndSilent()
     const DeviceDb db(m_dir.filePath(QStringLiteral("none.csv")));
 
     QVERIFY(db.isEmpty());
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::emptyFileIsEmptyAndSilent()
@@ -96,7 +93,7 @@ void TestDeviceDb::emptyFileIsEmptyAndSilent()
     const DeviceDb db(write("# nothing yet\n\n"));
 
     QVERIFY(db.isEmpty());
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::folderInPlaceOfTheFileIsNamed()
@@ -104,8 +101,8 @@ void TestDeviceDb::folderInPlaceOfTheFileIsNamed()
     const DeviceDb db(m_dir.path());
 
     QVERIFY(db.isEmpty());
-    QCOMPARE(messages.size(), 1);
-    QVERIFY(messages.first().startsWith(m_dir.path() + QStringLiteral(": ")));
+    QCOMPARE(warnings().size(), 1);
+    QVERIFY(warnings().constFirst().startsWith(m_dir.path() + QStringLiteral(": ")));
 }
 
 void TestDeviceDb::rowCarriesAllColumns()
@@ -124,7 +121,7 @@ void TestDeviceDb::rowCarriesAllColumns()
     QCOMPARE(row.dspBlocks, 4);
     QCOMPARE(row.plls, 5);
     QCOMPARE(row.userIos, 6);
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::columnsComeInAnyOrderAndCase()
@@ -142,7 +139,7 @@ void TestDeviceDb::unknownColumnIsPassedOver()
     const DeviceDb db(write("Colour," + header + "red,S,D,P,G,1,2,3,4,5,6\n"));
 
     QCOMPARE(db.series(), QStringList{QStringLiteral("S")});
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::quotedFieldKeepsCommasQuotesAndLineEnds()
@@ -162,7 +159,7 @@ void TestDeviceDb::commentsAndEmptyLinesArePassedOver()
                               "T,D,P,G,1,2,3,4,5,6\n"));
 
     QCOMPARE(db.series(), QStringList{QStringLiteral("T")});
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::lineEndsOfEveryKind_data()
@@ -183,7 +180,7 @@ void TestDeviceDb::lineEndsOfEveryKind()
 
     QCOMPARE(db.rows().size(), 2);
     QCOMPARE(db.rows().last().userIos, 7);
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::lastLineNeedsNoLineEnd()
@@ -198,7 +195,7 @@ void TestDeviceDb::byteOrderMarkIsNoPartOfTheHeader()
     const DeviceDb db(write("\xEF\xBB\xBF" + header + "S,D,P,G,1,2,3,4,5,6\n"));
 
     QCOMPARE(db.rows().size(), 1);
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
 }
 
 void TestDeviceDb::badRowIsSkippedWithFileLineAndReason_data()
@@ -236,7 +233,7 @@ void TestDeviceDb::badRowIsSkippedWithFileLineAndReason()
     QCOMPARE(db.devices(QStringLiteral("S")),
              (QStringList{QStringLiteral("first"), QStringLiteral("last")}));
     QCOMPARE(db.rows().size(), 2);
-    QCOMPARE(messages, QStringList{file + QStringLiteral(":3: ") + reason});
+    QCOMPARE(warnings(), QStringList{file + QStringLiteral(":3: ") + reason});
 }
 
 void TestDeviceDb::lineNumberCountsQuotedLineEndsAndComments()
@@ -246,9 +243,9 @@ void TestDeviceDb::lineNumberCountsQuotedLineEndsAndComments()
     const DeviceDb db(file);
 
     QCOMPARE(db.rows().size(), 1);
-    QCOMPARE(messages.size(), 1);
-    QVERIFY2(messages.first().startsWith(file + QStringLiteral(":5: ")),
-             qPrintable(messages.first()));
+    QCOMPARE(warnings().size(), 1);
+    QVERIFY2(warnings().constFirst().startsWith(file + QStringLiteral(":5: ")),
+             qPrintable(warnings().constFirst()));
 }
 
 void TestDeviceDb::headerWithoutAColumnGivesAnEmptyDatabase()
@@ -258,11 +255,12 @@ void TestDeviceDb::headerWithoutAColumnGivesAnEmptyDatabase()
     const DeviceDb db(file);
 
     QVERIFY(db.isEmpty());
-    QCOMPARE(messages, QStringList{file
-                                   + QStringLiteral(
-                                       ":1: the header row lacks the columns Package, SpeedGrade, "
-                                       "LogicCells, FlipFlops, BlockRamBits, DspBlocks, Plls, "
-                                       "UserIos")});
+    QCOMPARE(
+        warnings(),
+        QStringList{file
+                    + QStringLiteral(":1: the header row lacks the columns Package, SpeedGrade, "
+                                     "LogicCells, FlipFlops, BlockRamBits, DspBlocks, Plls, "
+                                     "UserIos")});
 }
 
 void TestDeviceDb::headerWithAColumnTwiceGivesAnEmptyDatabase()
@@ -272,7 +270,8 @@ void TestDeviceDb::headerWithAColumnTwiceGivesAnEmptyDatabase()
     const DeviceDb db(file);
 
     QVERIFY(db.isEmpty());
-    QCOMPARE(messages, QStringList{file + QStringLiteral(":1: the column Series is there twice")});
+    QCOMPARE(warnings(),
+             QStringList{file + QStringLiteral(":1: the column Series is there twice")});
 }
 
 void TestDeviceDb::namesComeOnceInTheOrderOfTheTable()
@@ -338,7 +337,7 @@ void TestDeviceDb::shippedTableReadsWithoutWarning()
 {
     const DeviceDb db(QStringLiteral(DEVICE_TABLE));
 
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(warnings(), QStringList());
     QVERIFY(db.series().contains(QStringLiteral("iCE40 HX")));
     const auto row = db.device(QStringLiteral("iCE40HX1K-TQ144"));
     QVERIFY(row.has_value());

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/caughtmessages.h"
+#include "support/messagerecorder.h"
 
 #include <extsys/pluginmanager.h>
 
@@ -245,7 +245,7 @@ void TestObjectPool::anObjectDestroyedAfterItsRemovalIsNoConcern()
     auto a = std::make_unique<QObject>();
     pool()->addObject(a.get());
     pool()->removeObject(a.get());
-    const CaughtMessages messages;
+    const MessageRecorder messages;
 
     a.reset();
 

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void aSecondCoreFails();
     void aBrokenFileTakesNoNameAway();
     void theInterfaceMustBeTheHosts();
+    void aDateMayBePartOfAVersion();
     void wrongMetadataIsNamed_data();
     void wrongMetadataIsNamed();
     void aMissingDependencyIsNamed();
@@ -283,6 +284,17 @@ void TestPluginSearch::theInterfaceMustBeTheHosts()
                                    "\"com.kelmoware.plugins.IPlugin/1.0\""));
 }
 
+void TestPluginSearch::aDateMayBePartOfAVersion()
+{
+    const PluginFolder folder({name("DateVersion")});
+
+    find({folder.path()});
+
+    const PluginSpec *plugin = spec(name("DateVersion"));
+    QCOMPARE(plugin->error(), QString());
+    QCOMPARE(plugin->version(), QVersionNumber(1, 20261121));
+}
+
 void TestPluginSearch::wrongMetadataIsNamed_data()
 {
     QTest::addColumn<QString>("plugin");
@@ -291,6 +303,7 @@ void TestPluginSearch::wrongMetadataIsNamed_data()
     QTest::newRow("no name") << name("NoName") << name("its metadata has no \"Name\"");
     QTest::newRow("no version") << name("NoVersion") << version;
     QTest::newRow("letters in version") << name("BadVersion") << version;
+    QTest::newRow("a sign in version") << name("SignVersion") << version;
     QTest::newRow("a number as version") << name("NumberVersion") << version;
     QTest::newRow("dependencies as text")
         << name("DependenciesText") << name("the \"Dependencies\" in its metadata are not a list");

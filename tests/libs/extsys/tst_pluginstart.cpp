@@ -3,7 +3,7 @@
 
 #include "pluginfolder.h"
 
-#include "support/caughtmessages.h"
+#include "support/messagerecorder.h"
 
 #include <extsys/iplugin.h>
 #include <extsys/pluginmanager.h>
@@ -244,7 +244,7 @@ void TestPluginStart::theCoreAloneCanBeStarted()
 {
     const PluginFolder folder(names({"Gamma", "NeedsCore", "TestCore", "NeedsMissing"}));
     manager()->findPlugins({folder.path()});
-    const CaughtMessages messages;
+    const MessageRecorder messages;
 
     QVERIFY(manager()->startPlugins(PluginManager::Selection::CoreOnly));
 
@@ -550,7 +550,7 @@ void TestPluginStart::objectsKeptInThePoolLeaveItAtTheEnd()
 void TestPluginStart::aCoreThatFailsStartsNothingElse()
 {
     const PluginFolder folder(names({"FalseCore", "Gamma", "NeedsMissing"}));
-    const CaughtMessages messages;
+    const MessageRecorder messages;
 
     start(folder);
 
@@ -565,7 +565,7 @@ void TestPluginStart::aCoreThatFailsStartsNothingElse()
 void TestPluginStart::aCoreThatFailsLateIsAFailedStart()
 {
     const PluginFolder folder(names({"LateThrowingCore", "Gamma"}));
-    const CaughtMessages messages;
+    const MessageRecorder messages;
 
     start(folder);
 

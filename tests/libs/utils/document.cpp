@@ -106,3 +106,11 @@ bool AreaFixture::show()
     main->activateWindow();
     return QTest::qWaitForWindowActive(main);
 }
+
+Titles titles(const QList<Utils::MdiSubWindow *> &windows)
+{
+    Titles result;
+    for (const Utils::MdiSubWindow *window : windows)
+        result.append(window->shortTitle());
+    return result;
+}

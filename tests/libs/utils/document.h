@@ -5,6 +5,7 @@
 #define TESTS_LIBS_UTILS_DOCUMENT_H
 
 #include <QEvent>
+#include <QList>
 #include <QVector>
 #include <QWidget>
 
@@ -65,6 +66,9 @@ private:
     const std::function<void()> m_what;
 };
 
+/// Short titles of documents.
+using Titles = QVector<QString>;
+
 /// A main window with an area, and what the area has reported.
 class AreaFixture final
 {
@@ -81,8 +85,10 @@ public:
 
     QMainWindow *main;
     Utils::MdiArea *area;
-    QVector<QString> currents; // short titles, "-" for none
-    QVector<QString> closed;
+    Titles currents; // "-" for none
+    Titles closed;
 };
+
+[[nodiscard]] Titles titles(const QList<Utils::MdiSubWindow *> &windows);
 
 #endif // TESTS_LIBS_UTILS_DOCUMENT_H

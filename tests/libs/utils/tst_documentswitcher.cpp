@@ -19,8 +19,6 @@
 #include <QTest>
 
 namespace {
-using Titles = QVector<QString>;
-
 QListWidget *listOf(const AreaFixture &f)
 {
     return f.area->findChild<QListWidget *>(QStringLiteral("documentSwitcher"));

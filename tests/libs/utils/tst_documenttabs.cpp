@@ -30,8 +30,6 @@
 using Utils::MdiSubWindow;
 
 namespace {
-using Titles = QVector<QString>;
-
 QIcon filled(Qt::GlobalColor colour)
 {
     QPixmap pixmap(16, 16);

@@ -29,8 +29,6 @@ Q_DECLARE_METATYPE(Shape)
 Q_DECLARE_METATYPE(Way)
 
 namespace {
-using Titles = QVector<QString>;
-
 void bring(AreaFixture &f, Shape shape)
 {
     if (shape == Shape::Tiled)

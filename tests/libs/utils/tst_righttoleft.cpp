@@ -23,8 +23,6 @@
 #include <QToolButton>
 
 namespace {
-using Titles = QVector<QString>;
-
 /// What is painted of @p tab in exactly @p colour.
 QRect painted(QTabBar *tabs, const QRect &tab, const QColor &colour)
 {

@@ -20,10 +20,6 @@
 
 using Utils::MdiSubWindow;
 
-namespace {
-using Titles = QVector<QString>;
-} // namespace
-
 class TestTiledWindows : public QObject
 {
     Q_OBJECT
@@ -120,6 +116,37 @@ private Q_SLOTS:
         QVERIFY(!b->isVisible());
         QCOMPARE(AreaFixture::windowOf(a)->geometry(), f.area->viewport()->rect());
         QTRY_VERIFY(a->edit->hasFocus());
+    }
+
+    void documentHiddenByTheTabsMayCloseTheOneMaximised_data()
+    {
+        QTest::addColumn<bool>("current");
+        QTest::newRow("the current one") << true;
+        QTest::newRow("another one") << false;
+    }
+
+    void documentHiddenByTheTabsMayCloseTheOneMaximised()
+    {
+        QFETCH(bool, current);
+        AreaFixture f;
+        Document *a = f.open(QStringLiteral("a"));
+        const QPointer<MdiSubWindow> b(AreaFixture::windowOf(f.open(QStringLiteral("b"))));
+        f.area->tileSubWindows();
+        f.area->setCurrentSubWindow(current ? b.data() : AreaFixture::windowOf(a));
+        OnEvent closes(QEvent::Hide, [&b] {
+            if (b)
+                b->close();
+        });
+        a->installEventFilter(&closes);
+
+        b->showMaximized();
+
+        QCOMPARE(f.closed, Titles{QStringLiteral("b")});
+        QCOMPARE(f.area->currentWindow(), AreaFixture::windowOf(a));
+        QVERIFY(a->isVisible());
+        QVERIFY(f.area->isTabbed());
+        QTRY_VERIFY(!b);
+        QCOMPARE(f.area->subWindows(), QList<MdiSubWindow *>{AreaFixture::windowOf(a)});
     }
 
     void doubleClickOnATitleBarBringsTheTabsBack()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void encodingBecomesUtf8WhenTheUserSaysSo();
     void failedSaveKeepsFileAndText();
     void saveAsMakesTheOtherFileTheEditorsOwn();
+    void saveAsGivesTheNewNameBeforeItTellsAnything();
     void failedSaveAsKeepsTheEditorsFile();
     void undoAfterSavingStopsAtTheSavedText();
     void changeOfAnotherProgramIsTold();
@@ -317,6 +318,27 @@ void TestEditorFiles::saveAsMakesTheOtherFileTheEditorsOwn()
     TextEditorFixture::type(editor, QStringLiteral("c"));
     QVERIFY(editor->save(nullptr));
     QCOMPARE(TextEditorFixture::contents(other), QByteArray("acb\n"));
+}
+
+void TestEditorFiles::saveAsGivesTheNewNameBeforeItTellsAnything()
+{
+    TextEditorFixture fixture;
+    AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), "b\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("a"));
+    const QString other = fixture.path(QStringLiteral("other.txt"));
+    QStringList told;
+    const auto tell = [editor, &told] {
+        told.append(editor->fileName());
+        told.append(editor->shortTitle());
+    };
+    connect(editor, &Core::IEditor::modificationStateChanged, this, tell);
+    connect(editor, &Core::IEditor::saved, this, tell);
+
+    QVERIFY(editor->saveAs(other, nullptr));
+
+    const QStringList names{other, QStringLiteral("other.txt")};
+    QCOMPARE(told, names + names);
 }
 
 void TestEditorFiles::failedSaveAsKeepsTheEditorsFile()

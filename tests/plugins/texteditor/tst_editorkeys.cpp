@@ -8,6 +8,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
+#include <idecore/editors/editormanager.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 #include <texteditor/abstracttexteditor.h>
@@ -50,6 +51,8 @@ private Q_SLOTS:
     void contextMenuHoldsTheCommandsOfTheEditor();
     void commandsServeTheFindField();
     void commandsAreDisabledWhenTheEditorIsGone();
+    void focusedOfTwoTiledEditorsMayGo_data();
+    void focusedOfTwoTiledEditorsMayGo();
 
 private:
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
@@ -347,6 +350,37 @@ void TestEditorKeys::commandsAreDisabledWhenTheEditorIsGone()
     delete m_editor;
 
     QTRY_VERIFY(!command(C::A_EDIT_UNDO)->isEnabled());
+}
+
+void TestEditorKeys::focusedOfTwoTiledEditorsMayGo_data()
+{
+    QTest::addColumn<bool>("closed");
+
+    QTest::newRow("closed") << true;
+    QTest::newRow("destroyed") << false;
+}
+
+void TestEditorKeys::focusedOfTwoTiledEditorsMayGo()
+{
+    QFETCH(bool, closed);
+    AbstractTextEditor *const other = m_fixture->open(QStringLiteral("b.txt"), "other\n");
+    QVERIFY(other);
+    TextEditorFixture::type(other, QStringLiteral("x"));
+    Core::ViewManager::mainWindow()->findChild<Utils::MdiArea *>()->tileSubWindows();
+    focus(m_editor);
+    QVERIFY(!command(C::A_FILE_SAVE)->isEnabled());
+
+    if (closed)
+        QVERIFY(Core::EditorManager::closeEditor(m_editor));
+    else
+        delete m_editor;
+
+    QTRY_COMPARE(Core::EditorManager::currentEditor(), other);
+    QTRY_VERIFY(TextEditorFixture::textWidget(other)->hasFocus());
+    QTRY_VERIFY(command(C::A_FILE_SAVE)->isEnabled());
+    QVERIFY(command(C::A_FILE_SAVE)->text().contains(QLatin1String("\"b.txt\"")));
+    command(C::A_EDIT_UNDO)->trigger();
+    QCOMPARE(TextEditorFixture::text(other), QStringLiteral("other\n"));
 }
 
 QTEST_MAIN(TestEditorKeys)

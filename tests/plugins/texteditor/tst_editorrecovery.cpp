@@ -53,6 +53,10 @@ private:
     /// Starts the process that is killed, and waits until it did @p steps.
     static bool startVictim(QProcess *process, const QString &path, const QStringList &steps);
     static void killAfter(const QString &path, const QStringList &steps);
+    /// Opens @p path; null when it is refused, or its unsaved text is not offered.
+    static AbstractTextEditor *openOffered(const QString &path);
+    /// The same, and takes the text.
+    static AbstractTextEditor *openRecovered(const QString &path);
     static QAction *button(AbstractTextEditor *editor, const char *text)
     {
         return TextEditorFixture::messageButton(editor, QLatin1String(text));
@@ -82,6 +86,22 @@ void TestEditorRecovery::killAfter(const QString &path, const QStringList &steps
     QCOMPARE(process.exitStatus(), QProcess::CrashExit);
 }
 
+AbstractTextEditor *TestEditorRecovery::openOffered(const QString &path)
+{
+    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    const bool offered =
+        editor && QTest::qWaitFor([editor] { return button(editor, "Recover Text"); });
+    return offered ? editor : nullptr;
+}
+
+AbstractTextEditor *TestEditorRecovery::openRecovered(const QString &path)
+{
+    AbstractTextEditor *const editor = openOffered(path);
+    if (editor)
+        button(editor, "Recover Text")->trigger();
+    return editor;
+}
+
 void TestEditorRecovery::unsavedTextOfAKilledProcessIsOffered()
 {
     TextEditorFixture fixture;
@@ -89,10 +109,8 @@ void TestEditorRecovery::unsavedTextOfAKilledProcessIsOffered()
     killAfter(path, {QStringLiteral("module x; ")});
     QCOMPARE(TextEditorFixture::contents(path), QByteArray("endmodule\n"));
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("module x; endmodule\n"));
     QVERIFY(editor->isModified());
@@ -105,10 +123,8 @@ void TestEditorRecovery::textTypedAfterASaveIsOffered()
     killAfter(path, {QStringLiteral("one "), QStringLiteral("--save"), QStringLiteral("two ")});
     QCOMPARE(TextEditorFixture::contents(path), QByteArray("one endmodule\n"));
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("one two endmodule\n"));
 }
@@ -118,9 +134,8 @@ void TestEditorRecovery::nothingIsTypedBeforeTheUserDecided()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openOffered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
 
     TextEditorFixture::type(editor, QStringLiteral("typed"));
 
@@ -133,9 +148,8 @@ void TestEditorRecovery::thrownAwayTextIsGone()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *editor = TextEditorFixture::open(path);
+    AbstractTextEditor *editor = openOffered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Discard"));
 
     button(editor, "Discard")->trigger();
 
@@ -149,10 +163,8 @@ void TestEditorRecovery::recoveredTextCanBeSaved()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "a\r\nb\nc\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
     QTRY_VERIFY(editor->isModified());
 
     QVERIFY(editor->save(nullptr));
@@ -194,10 +206,8 @@ void TestEditorRecovery::textTypedJustBeforeTheKillIsOffered()
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::CrashExit);
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("last words endmodule\n"));
 }
@@ -209,10 +219,8 @@ void TestEditorRecovery::textIsOfferedThoughTheFileHasChanged()
     killAfter(path, {QStringLiteral("mine ")});
     fixture.put(QStringLiteral("a.v"), "another\n");
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_VERIFY(TextEditorFixture::text(editor).contains(QLatin1String("mine ")));
 }
@@ -225,10 +233,8 @@ void TestEditorRecovery::textKeptAgainstAnothersIsOffered()
                      QStringLiteral("more ")});
     QCOMPARE(TextEditorFixture::contents(path), QByteArray("another\n"));
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("mine more endmodule\n"));
 }
@@ -239,10 +245,8 @@ void TestEditorRecovery::textTypedAfterSaveAsIsOffered()
     const QString path = fixture.put(QStringLiteral("a.v"), "endmodule\n");
     killAfter(path, {QStringLiteral("one "), QStringLiteral("--save-as"), QStringLiteral("two ")});
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path + QStringLiteral(".other"));
+    AbstractTextEditor *const editor = openRecovered(path + QStringLiteral(".other"));
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("one two endmodule\n"));
     AbstractTextEditor *const first = TextEditorFixture::open(path);
@@ -258,10 +262,8 @@ void TestEditorRecovery::textOfALongFileNameIsOffered()
     const QString path = fixture.put(QString(253, QLatin1Char('a')) + QStringLiteral(".v"), "b\n");
     killAfter(path, {QStringLiteral("x")});
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
 }
@@ -274,10 +276,8 @@ void TestEditorRecovery::textOfAReplacedLinkIsOffered()
     QVERIFY(QFile::link(target, path));
     killAfter(path, {QStringLiteral("x")});
 
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     QTRY_COMPARE(TextEditorFixture::text(editor), QStringLiteral("xb\n"));
 }
@@ -306,9 +306,8 @@ void TestEditorRecovery::saveAsBeforeTheDecisionKeepsTheOffer()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openOffered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
 
     editor->saveAs(fixture.path(QStringLiteral("other.v")), nullptr);
     QVERIFY(Core::EditorManager::closeEditor(editor));
@@ -325,9 +324,8 @@ void TestEditorRecovery::changeBeforeTheDecisionIsToldAfterIt()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openOffered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
     fixture.put(QStringLiteral("a.v"), "another\n");
     editor->onActivated();
 
@@ -421,11 +419,9 @@ void TestEditorRecovery::recoveredTextIsExactlyWhatWasTyped()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), before);
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
 
-    button(editor, "Recover Text")->trigger();
     QVERIFY(editor->save(nullptr));
 
     QVERIFY(TextEditorFixture::contents(path) == after);
@@ -441,11 +437,8 @@ void TestEditorRecovery::editingOfEveryKindIsKept()
     killAfter(path, {QStringLiteral("--edit")});
     const QByteArray expected = TextEditorFixture::contents(saved);
     QVERIFY2(expected.contains("end"), expected.constData());
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-
-    button(editor, "Recover Text")->trigger();
 
     QVERIFY(editor->save(nullptr));
     QCOMPARE(TextEditorFixture::contents(path), expected);
@@ -474,10 +467,8 @@ void TestEditorRecovery::undoOfTheRecoveryGivesTheFileBack()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "a\nb\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openRecovered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
-    button(editor, "Recover Text")->trigger();
 
     editor->perform(TextEditor::Command::Undo);
 
@@ -511,9 +502,8 @@ void TestEditorRecovery::deletionBeforeTheDecisionKeepsTheOffer()
     TextEditorFixture fixture;
     const QString path = fixture.put(QStringLiteral("a.v"), "b\n");
     killAfter(path, {QStringLiteral("x")});
-    AbstractTextEditor *const editor = TextEditorFixture::open(path);
+    AbstractTextEditor *const editor = openOffered(path);
     QVERIFY(editor);
-    QTRY_VERIFY(button(editor, "Recover Text"));
 
     QVERIFY(QFile::remove(path));
     editor->onActivated();

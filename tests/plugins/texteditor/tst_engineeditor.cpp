@@ -10,10 +10,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -44,6 +47,15 @@ private:
     const bool m_superuser;
 };
 
+/// The text that the user reads, whatever the format of the label.
+QString asShown(const QLabel *label)
+{
+    const bool rich =
+        label->textFormat() == Qt::RichText
+        || (label->textFormat() == Qt::AutoText && Qt::mightBeRichText(label->text()));
+    return rich ? QTextDocumentFragment::fromHtml(label->text()).toPlainText() : label->text();
+}
+
 } // namespace
 
 class TestEngineEditor final : public QObject
@@ -62,6 +74,7 @@ private Q_SLOTS:
     void closingAsksAndDiscards();
     void closingIsRefusedOnCancel();
     void closingIsRefusedWhenTheSaveFails();
+    void nameIsNoMarkupInTheMessagesOfClosing();
     void readOnlyIsKept();
 };
 
@@ -254,6 +267,38 @@ void TestEngineEditor::closingIsRefusedWhenTheSaveFails()
     QVERIFY(editor->isModified());
     QVERIFY2(told.contains(QLatin1String("stays open")), qPrintable(told));
     QCOMPARE(TextEditorFixture::contents(editor->fileName()), QByteArray("other\n"));
+}
+
+void TestEngineEditor::nameIsNoMarkupInTheMessagesOfClosing()
+{
+    TextEditorFixture fixture;
+    const QString name = QStringLiteral("<b>a &amp; b<br>.txt");
+    AbstractTextEditor *const editor = fixture.open(name, "a\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    fixture.put(name, "other\n");
+    QStringList shown;
+    const auto look = [&shown](QWidget *box) {
+        for (const char *part : {"qt_msgbox_label", "qt_msgbox_informativelabel"}) {
+            if (const auto *label = box->findChild<QLabel *>(QLatin1String(part)))
+                shown.append(asShown(label));
+        }
+    };
+    std::unique_ptr<ModalDialog> failure;
+    ModalDialog question([&](QWidget *widget) {
+        look(widget);
+        failure = std::make_unique<ModalDialog>([&look](QWidget *next) {
+            look(next);
+            ModalDialog::press(QMessageBox::Ok)(next);
+        });
+        ModalDialog::press(QMessageBox::Save)(widget);
+    });
+
+    QVERIFY(!Core::EditorManager::closeEditor(editor));
+
+    QCOMPARE(shown.size(), 3);
+    for (const QString &text : qAsConst(shown))
+        QVERIFY2(text.contains(name), qPrintable(text));
 }
 
 void TestEngineEditor::readOnlyIsKept()

@@ -39,15 +39,16 @@ class IDECORE_EXPORT IAction final : public QAction
     Q_OBJECT
     Q_DISABLE_COPY(IAction)
 public:
-    /// @p action gives the proxy its first presentation, see init().
+    /// @p action, not null, gives the proxy its first presentation, see init().
+    /// It is not tied to a context by that.
     IAction(const QString &id, QAction *action);
     ~IAction() override;
 
     /// The command id, also the object name.
     [[nodiscard]] QString id() const;
 
-    /// Copies the presentation of @p action, its shortcut included, and disables
-    /// the proxy: it stays so until a context makes an action current.
+    /// Copies the presentation of @p action, not null, its shortcut included, and
+    /// disables the proxy: it stays so until a context makes an action current.
     void init(QAction *action);
 
     /// Makes @p action the one of @p context, from the next setCurrentContexts()

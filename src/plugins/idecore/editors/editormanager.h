@@ -17,7 +17,11 @@ class IEditorFactory;
 class IView;
 
 /// Opens files in editors chosen by their MIME type, saves and closes them, and
-/// keeps the list of recent files. GUI thread only.
+/// keeps the list of recent files.
+///
+/// GUI thread only; valid between the construction by IdeCore and its shut-down.
+/// Editors belong to their sub-windows and go when they are closed, factories to
+/// the plugins that have put them into the pool.
 class IDECORE_EXPORT EditorManager final : public QObject
 {
     Q_OBJECT
@@ -36,7 +40,9 @@ public:
     /// The open editor showing @p file; null when there is none. Links are not
     /// resolved.
     [[nodiscard]] static IEditor *editorForFile(const QString &file);
-    /// All factories able to edit @p file, the best first.
+    /// All factories able to edit @p file, each once and the best first: those for
+    /// its type, in the order of the pool, then those for the types that it is
+    /// derived from. A file of unknown type is plain text.
     [[nodiscard]] static QList<IEditorFactory *> factoriesForFile(const QString &file);
     /// The best factory for @p file; null when there is none.
     [[nodiscard]] static IEditorFactory *factoryForFile(const QString &file);
@@ -46,6 +52,7 @@ public:
     [[nodiscard]] static QList<IEditor *> allEditors();
     /// Asks @p editor to close. False when it refused, is null or not shown.
     static bool closeEditor(IEditor *editor);
+    /// The same for the editor that shows @p file; false when there is none.
     static bool closeEditor(const QString &file);
     /// Asks all editors to close and stops with false at the first that refuses.
     static bool closeAllEditors();
@@ -53,6 +60,8 @@ public:
     /// at most 15.
     [[nodiscard]] static QStringList recentFiles();
 
+    /// Takes over the Save commands, puts the recent files into the File menu and
+    /// reads their list. Called once, by IdeCore, when the standard menus exist.
     void initialize();
 
 public Q_SLOTS:

@@ -132,10 +132,14 @@ void EditorManager::onActSaveAs()
         const WaitCursor cursor;
         ok = editor->saveAs(fileName, &errorString);
     }
-    if (ok)
-        d()->addRecentFile(fileName);
-    else
+    if (!ok) {
         private_impl::saveError(fileName, errorString);
+        return;
+    }
+    d()->addRecentFile(fileName);
+    // An editor that was unmodified before has told of no change, but goes by
+    // another name now.
+    d()->updateActions();
 }
 
 void EditorManager::onActSaveAll()

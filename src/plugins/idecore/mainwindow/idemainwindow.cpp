@@ -10,6 +10,7 @@
 #include <idecore/interfaces/iproject.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
+#include <idecore/newdialog/thenewdialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
@@ -190,11 +191,19 @@ void IdeMainWindow::onOpenFiles()
     }
     const QStringList files = QFileDialog::getOpenFileNames(
         this, tr("Open File"), start, IdeCore::mimeDatabase()->filterForFileDialog(true));
-    for (const QString &file : files)
+    const bool shown = isVisible();
+    for (const QString &file : files) {
+        // The user may have closed the window between two of them.
+        if (shown && !isVisible())
+            return;
         openFile(file);
+    }
 }
 
-void IdeMainWindow::onNewFiles() {}
+void IdeMainWindow::onNewFiles()
+{
+    TheNewDialog::showAllWizards();
+}
 
 void IdeMainWindow::onShowOptionDialog() {}
 

@@ -34,12 +34,16 @@ public:
     /// The document area; null before setupUi().
     [[nodiscard]] Utils::MdiArea *documentArea() const;
 
+    /// Builds what the window holds. Called once, by the ViewManager, when the
+    /// action registry exists and before anything below is used.
     void setupUi();
-    /// Builds the standard menus, tool bars and commands.
+    /// Builds the standard menus, tool bars and commands; the last step of
+    /// setupUi().
     void initActions();
 
     /// Opens @p fileName as a project when its type says so, otherwise in an
-    /// editor; what goes wrong is shown to the user.
+    /// editor; what goes wrong is shown to the user. Handles pending events before
+    /// it returns, so the window may be closed by then.
     Q_INVOKABLE void openFile(const QString &fileName);
 
     /// Shows @p text in the status bar for @p timeout milliseconds, 0 meaning
@@ -54,11 +58,16 @@ public Q_SLOTS:
     /// Shows the window with the geometry saved by the same build, otherwise
     /// maximised.
     void prepareToShow();
+    /// Brings the window to the front and activates it. A minimised one comes back
+    /// as it was before, maximised or full screen included.
     void raiseWindow();
+    /// Writes the build, the geometry and the state of tool bars and docks to the
+    /// settings, on disk when it returns. Closing the window does it.
     void saveWindowState();
     void onOpenKelmoHelp();
     void onAboutIde();
     void onContactUs();
+    /// Sets or clears full screen beside the other states of the window.
     void toggleFullScreen(bool b);
     void onShowOptionDialog();
     void onNewFiles();

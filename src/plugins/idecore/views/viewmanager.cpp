@@ -19,6 +19,7 @@
 #include <QSignalMapper>
 #include <QStatusBar>
 #include <QTimer>
+#include <QVector>
 
 #include <algorithm>
 
@@ -38,6 +39,14 @@ IView *viewOf(const Utils::MdiSubWindow *window)
     return window ? qobject_cast<IView *>(window->widget()) : nullptr;
 }
 
+using WatchedWindow = QPointer<Utils::MdiSubWindow>;
+
+/// For a walk during which windows may go, and others come to their addresses.
+QVector<WatchedWindow> watched(const QList<Utils::MdiSubWindow *> &windows)
+{
+    return {windows.cbegin(), windows.cend()};
+}
+
 } // namespace
 
 ViewManagerPrivate *ViewManagerPrivate::get()
@@ -47,15 +56,18 @@ ViewManagerPrivate *ViewManagerPrivate::get()
 
 Utils::MdiSubWindow *ViewManagerPrivate::subWindow(const IView *view) const
 {
-    for (Utils::MdiSubWindow *window : subWindows) {
-        if (window->widget() == view)
-            return window;
-    }
-    return nullptr;
+    // Its parent, not a search: with hundreds of documents open that would be
+    // felt at every opening.
+    auto *window = view ? qobject_cast<Utils::MdiSubWindow *>(view->parentWidget()) : nullptr;
+    return window && window->widget() == view && subWindows.contains(window) ? window : nullptr;
 }
 
 ViewManager::ViewManager()
 {
+    // By the names that the signals have them under, so that these can be queued
+    // and recorded.
+    qRegisterMetaType<ContextList>("Core::ContextList");
+    qRegisterMetaType<IView *>("Core::IView*");
     m_instance = this;
     d = new ViewManagerPrivate;
     d->mainWindow = new IdeMainWindow;
@@ -65,7 +77,9 @@ ViewManager::ViewManager()
 ViewManager::~ViewManager()
 {
     // The main window goes first, and with it every document inside: while the
-    // contexts and the list of views are still there to be told.
+    // contexts and the list of views are still there to be told. No dock is taken
+    // out of a window that is going.
+    d->docks.clear();
     delete d->mainWindow;
     delete d->signalMapper;
     delete d;
@@ -211,12 +225,12 @@ void ViewManager::removeView(IView *view)
 bool ViewManager::closeAllViews()
 {
     qDebug() << "closing all views";
-    const QList<Utils::MdiSubWindow *> history =
-        d->mdiArea->subWindows(QMdiArea::ActivationHistoryOrder);
+    const QVector<WatchedWindow> history =
+        watched(d->mdiArea->subWindows(QMdiArea::ActivationHistoryOrder));
     for (auto it = history.crbegin(); it != history.crend(); ++it) {
-        Utils::MdiSubWindow *window = *it;
+        const WatchedWindow &window = *it;
         // A view may take others with it when it closes.
-        if (!d->mdiArea->subWindows().contains(window))
+        if (!window || !d->mdiArea->subWindows().contains(window))
             continue;
         const IView *view = viewOf(window);
         if (view && view->keepOpen)
@@ -239,15 +253,13 @@ void ViewManager::onActCloseAll()
 {
     // Asks every view, whatever the others answered, but none that went with
     // another.
-    const QList<Utils::MdiSubWindow *> windows = d->subWindows;
-    for (Utils::MdiSubWindow *window : windows) {
+    const QVector<WatchedWindow> windows = watched(d->subWindows);
+    for (const WatchedWindow &window : windows) {
         d->mdiArea->setCurrentSubWindow(window);
-        if (d->subWindows.contains(window))
+        if (window && d->subWindows.contains(window))
             window->close();
     }
 }
-
-void ViewManager::onActResetLayout() {}
 
 void ViewManager::onCurrentSubWindowChanged(Utils::MdiSubWindow *window)
 {

@@ -14,6 +14,7 @@
 #include <unordered_map>
 
 class QAction;
+class QDockWidget;
 class QMenu;
 class QSignalMapper;
 
@@ -24,6 +25,7 @@ class MdiSubWindow;
 
 namespace Core {
 
+class IPanel;
 class IdeMainWindow;
 
 namespace private_impl {
@@ -40,6 +42,17 @@ public:
     /// Null also while the current view is being destroyed: it is no IView any
     /// more when its guard still holds it.
     [[nodiscard]] IView *current() const { return qobject_cast<IView *>(currentView.data()); }
+
+    /// The dock that holds @p panel; null when it has none.
+    [[nodiscard]] QDockWidget *getDock(const IPanel *panel) const;
+    /// The first dock of exactly that name; null when there is none.
+    [[nodiscard]] QDockWidget *getDock(const QString &name) const;
+    void raiseDock(QDockWidget *dock);
+    /// Ends the life of a dock, and of the panel in it; one that is not listed
+    /// any more is left alone.
+    void removeDock(QDockWidget *dock);
+    /// False when panels came or went meanwhile, and the layout is not done.
+    [[nodiscard]] bool layOutDocks(Qt::DockWidgetArea area);
 
     // Contexts
     std::unordered_map<const QWidget *, std::unique_ptr<QStringList>> widgetContexts;
@@ -61,9 +74,15 @@ public:
     QAction *actClose = nullptr;
     QAction *actCloseAll = nullptr;
     QMenu *windowMenu = nullptr;
-    QMenu *panelsMenu = nullptr;
     QList<QAction *> windowActions;
     QSignalMapper *signalMapper = nullptr;
+
+    // Panels
+    QMenu *panelsMenu = nullptr;
+    /// In the order in which the panels were added.
+    QList<QDockWidget *> docks;
+    /// Counts what comes into and leaves the list.
+    unsigned dockChanges = 0;
 };
 
 } // namespace private_impl

@@ -13,6 +13,8 @@
 
 #include <QAction>
 #include <QDebug>
+#include <QFileInfo>
+#include <QSet>
 #include <QUrl>
 #include <QWidget>
 
@@ -41,7 +43,40 @@ QObject *child(const QObject *parent, const char *className)
     return nullptr;
 }
 
+using KSyntaxHighlighting::Definition;
+
+/// The engine's own definition for @p fileName; for constraint files, which it does
+/// not know, that of the language their tools read them with.
+Definition definitionFor(const QString &fileName)
+{
+    static const QSet<QString> tcl{QStringLiteral("adc"), QStringLiteral("fdc"),
+                                   QStringLiteral("pcf"), QStringLiteral("sdc"),
+                                   QStringLiteral("xdc")};
+    const KSyntaxHighlighting::Repository &repository =
+        KTextEditor::Editor::instance()->repository();
+    const Definition own = repository.definitionForFileName(fileName);
+    if (own.isValid() || !tcl.contains(QFileInfo(fileName).suffix().toLower()))
+        return own;
+    return repository.definitionForFileName(QStringLiteral("a.tcl"));
+}
+
+void setHighlighting(KTextEditor::Document *document, const QString &fileName)
+{
+    const Definition definition = definitionFor(fileName);
+    if (definition.isValid() && definition.name() != document->highlightingMode()) {
+        document->setMode(definition.name());
+        document->setHighlightingMode(definition.name());
+    }
+}
+
 } // namespace
+
+void highlightConstraints(KTextEditor::Document *document, const QString &fileName)
+{
+    // What it found in the contents counts more than the name.
+    if (document->highlightingMode() == QLatin1String("None"))
+        setHighlighting(document, fileName);
+}
 
 void markSaved(KTextEditor::Document *document)
 {
@@ -60,12 +95,7 @@ void markSavedAs(KTextEditor::Document *document, const QString &fileName)
 {
     Part::setFile(document, fileName);
     markSaved(document);
-    const KSyntaxHighlighting::Definition definition =
-        KTextEditor::Editor::instance()->repository().definitionForFileName(fileName);
-    if (definition.isValid() && definition.name() != document->highlightingMode()) {
-        document->setMode(definition.name());
-        document->setHighlightingMode(definition.name());
-    }
+    setHighlighting(document, fileName);
 }
 
 void dismissMessages(KTextEditor::View *view)

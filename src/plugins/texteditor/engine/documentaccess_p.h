@@ -14,9 +14,13 @@ class View;
 namespace TextEditor {
 
 /// Tells a KTextEditor document what it would know had it written its file
-/// itself. Its own saving is not used, because it overwrites the file in place:
-/// a full disk or a crash would leave half of it.
+/// itself, and what it cannot know. Its own saving is not used, because it
+/// overwrites the file in place: a full disk or a crash would leave half of it.
 namespace DocumentAccess {
+
+/// Has @p document, just loaded from @p fileName, highlighted where KTextEditor
+/// knows nothing of its kind: constraint files are scripts in Tcl.
+void highlightConstraints(KTextEditor::Document *document, const QString &fileName);
 
 /// The file of @p document has been written with the document's text: it is
 /// unmodified, and undo stops here.

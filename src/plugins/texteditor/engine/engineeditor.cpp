@@ -20,6 +20,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace TextEditor {
@@ -136,8 +137,9 @@ bool EngineEditor::askToClose()
                     tr("The document \"%1\" has unsaved changes.").arg(shortTitle()),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(
-        tr("Do you want to save them to %1?").arg(QDir::toNativeSeparators(m_fileName)));
+    // The text format is that of the first text only.
+    box.setInformativeText(Qt::convertFromPlainText(
+        tr("Do you want to save them to %1?").arg(QDir::toNativeSeparators(m_fileName))));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Discard:
@@ -150,9 +152,13 @@ bool EngineEditor::askToClose()
     QString reason;
     if (save(&reason))
         return true;
-    QMessageBox::critical(parent, tr("Close Document"),
-                          tr("\"%1\" could not be saved and stays open.").arg(m_fileName)
-                              + QLatin1Char('\n') + reason);
+    QMessageBox failure(
+        QMessageBox::Critical, tr("Close Document"),
+        tr("\"%1\" could not be saved and stays open.").arg(QDir::toNativeSeparators(m_fileName))
+            + QLatin1Char('\n') + reason,
+        QMessageBox::Ok, parent);
+    failure.setTextFormat(Qt::PlainText);
+    failure.exec();
     return false;
 }
 

@@ -41,11 +41,13 @@ bool EngineEditor::load(const QString &fileName, QString *errorString)
     {
         const QScopedValueRollback<bool> loading(m_loading, true);
         const bool again = !m_fileName.isEmpty();
-        m_document->setModified(false);
+        const bool wasModified = isModified();
+        m_document->setModified(false); // or KTextEditor would ask about it
         m_document->setEncoding(QString::fromLatin1(file->codec));
         const bool loaded = again ? m_document->documentReload()
                                   : m_document->openUrl(QUrl::fromLocalFile(fileName));
         if (!loaded) {
+            m_document->setModified(wasModified);
             if (errorString)
                 *errorString = m_document->openingErrorMessage();
             return false;
@@ -53,6 +55,7 @@ bool EngineEditor::load(const QString &fileName, QString *errorString)
         // Broken lines and wrong characters are dealt with here.
         if (m_document->openingError())
             DocumentAccess::dismissMessages(m_view);
+        DocumentAccess::highlightConstraints(m_document.get(), fileName);
     }
     const bool whole = m_endings.match(file->text, m_document->lines(),
                                        [this](int line) { return m_document->line(line); });
@@ -185,12 +188,12 @@ bool EngineEditor::saveAs(const QString &fileName, QString *errorString)
     // What is to be decided about the other file is decided when it is opened.
     delete m_keptMessage;
     m_keptText.reset();
-    DocumentAccess::markSavedAs(m_document.get(), fileName);
+    // Whoever is told that it is unmodified now finds its new name.
     m_fileName = fileName;
+    showFileName();
+    DocumentAccess::markSavedAs(m_document.get(), fileName);
     applyReadOnly();
     watch(fileName);
-    showFileName();
-    updateStatus();
     Q_EMIT saved();
     return true;
 }

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "corefixture.h"
+#include "support/corefixture.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
+#include <idecore/core/idecore.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 
@@ -35,12 +36,6 @@ struct Kind
     std::function<QWidget *(const QString &)> create;
     std::function<QWidget *(const QString &)> find;
 };
-
-QSettings coreSettings()
-{
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("KelmoWare"),
-                     QStringLiteral("IDE"));
-}
 
 } // namespace
 
@@ -132,7 +127,6 @@ void TestActionManager::kinds()
 
 void TestActionManager::init()
 {
-    coreSettings().clear();
     m_core = std::make_unique<CoreFixture>();
 }
 
@@ -543,8 +537,8 @@ void TestActionManager::toolBarsHaveTheSizeOfTheSettings()
     QFETCH(int, expected);
     m_core.reset();
     if (setting.isValid())
-        coreSettings().setValue(QStringLiteral("Core/ToolbarIconSize"), setting);
-    m_core = std::make_unique<CoreFixture>();
+        CoreFixture::storeSetting(QStringLiteral("Core/ToolbarIconSize"), setting);
+    m_core = std::make_unique<CoreFixture>(CoreFixture::Settings::Keep);
 
     QCOMPARE(ActionManager::createToolBar(Id)->iconSize(), QSize(expected, expected));
 }
@@ -623,7 +617,7 @@ void TestActionManager::sizeIsNotWrittenToTheSettings()
     ActionManager::setToolbarIconSize(28);
     m_core.reset();
 
-    QVERIFY(!coreSettings().contains(QStringLiteral("Core/ToolbarIconSize")));
+    QVERIFY(!CoreFixture::storedSetting(QStringLiteral("Core/ToolbarIconSize")).isValid());
 }
 
 void TestActionManager::settingIsReadOnce()

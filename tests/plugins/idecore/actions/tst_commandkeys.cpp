@@ -3,7 +3,7 @@
 //
 // Commands by key and by menu, in a window that has the focus.
 
-#include "corefixture.h"
+#include "support/corefixture.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>

@@ -4,7 +4,7 @@
 // Changes of contexts through the registry: what has to be bound anew, and what
 // runs in between because an action changes.
 
-#include "corefixture.h"
+#include "support/corefixture.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>

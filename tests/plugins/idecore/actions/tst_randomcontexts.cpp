@@ -5,8 +5,8 @@
 // plain rules applied to every proxy: the same random operations on both, with
 // everything that can be seen of proxies and actions compared after each.
 
-#include "corefixture.h"
 #include "plainproxy.h"
+#include "support/corefixture.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>

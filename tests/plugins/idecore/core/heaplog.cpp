@@ -16,7 +16,7 @@ class Addresses final
 {
 public:
     void clear() { m_size = 0; }
-    void append(const void *address)
+    void append(void *address) // not const: only the address counts, nothing is read there
     {
         if (m_size == m_places.size())
             qFatal("the heap log is full");

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "creationlog.h"
+#include "optionpages.h"
 
 #include <appstyle/appstylemanager.h>
 #include <assistant/assistantproxy.h>
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
-#include <idecore/interfaces/ioptionspage.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
@@ -52,16 +52,6 @@ QString nameOf(const QObject *object)
                    : QString();
     }
     return {};
-}
-
-QObjectList optionPages()
-{
-    QObjectList pages;
-    const QList<IOptionsPage *> found =
-        ExtSys::PluginManager::instance()->getObjects<IOptionsPage>();
-    for (IOptionsPage *page : found)
-        pages.append(page);
-    return pages;
 }
 
 QString readAll(const QString &path)

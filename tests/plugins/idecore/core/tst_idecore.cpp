@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "optionpages.h"
+
 #include <devicedb/devicedb.h>
 #include <extsys/iplugin.h>
 #include <extsys/pluginmanager.h>
@@ -27,16 +29,6 @@
 using namespace Core;
 
 namespace {
-
-QObjectList optionPages()
-{
-    QObjectList pages;
-    const QList<IOptionsPage *> found =
-        ExtSys::PluginManager::instance()->getObjects<IOptionsPage>();
-    for (IOptionsPage *page : found)
-        pages.append(page);
-    return pages;
-}
 
 /// The core services for the length of a test.
 class Services final

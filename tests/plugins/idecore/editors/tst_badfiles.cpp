@@ -1,21 +1,16 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/corefixture.h"
-#include "support/messagerecorder.h"
+#include "editorfixture.h"
 #include "support/modaldialog.h"
-#include "support/testeditor.h"
 
-#include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
-#include <idecore/mimedatabase/mimedatabase.h>
 
 #include <QAction>
 #include <QFile>
 #include <QLabel>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cstdio>
@@ -26,8 +21,6 @@
 
 using Core::EditorManager;
 using Core::IEditor;
-using Core::IEditorFactory;
-using Core::MimeType;
 using Core::private_impl::EditorManagerPrivate;
 
 namespace {
@@ -57,26 +50,9 @@ private:
     const uid_t m_before;
 };
 
-void addType(const QString &name, const QString &suffix, const QStringList &parents)
-{
-    MimeType type;
-    type.setType(name);
-    type.setSubClassesOf(parents);
-    if (!suffix.isEmpty())
-        type.setGlobPatterns({Core::MimeGlobPattern(QStringLiteral("*.") + suffix)});
-    if (!Core::IdeCore::mimeDatabase()->addMimeType(type))
-        QTest::qFail("the type was not added", __FILE__, __LINE__);
-}
-
-MimeType type(const char *name)
-{
-    return Core::IdeCore::mimeDatabase()->findByType(QString::fromLatin1(name));
-}
-
 } // namespace
 
-/// Files and names that are not what one opens every day, and types that do not
-/// fit together.
+/// Files and names that are not what one opens every day.
 class TestBadFiles final : public QObject
 {
     Q_OBJECT
@@ -96,52 +72,30 @@ private Q_SLOTS:
     void oddNames();
     void namesAreNoMarkupInMessages_data();
     void namesAreNoMarkupInMessages();
-    void cycleOfTypesEndsWithAWarning();
-    void typeUnderItselfEndsWithAWarning();
-    void typeMetTwiceIsNoCycle();
-    void deepHierarchyIsWalkedToTheEnd();
 
 private:
-    QString makeFile(const QString &name, const QByteArray &content = "text\n") const;
     /// Lets the editors made from now on try to read @p path, and give the
     /// system's reason where they cannot.
     void readWhileOpening(const QString &path);
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<CoreFixture> m_core;
-    std::unique_ptr<TestEditorFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
+    std::unique_ptr<EditorFixture> m_fixture;
 };
 
 void TestBadFiles::init()
 {
     // Not below the folder of the test run, where no other user may look.
-    m_folder = std::make_unique<QTemporaryDir>(QStringLiteral(P_tmpdir "/tst_badfiles"));
-    QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
-    m_core = std::make_unique<CoreFixture>();
-    m_factory = std::make_unique<TestEditorFactory>(texts({"text/plain"}));
-    m_inPool = std::make_unique<InPool>(m_factory.get());
+    m_fixture = std::make_unique<EditorFixture>(QStringLiteral(P_tmpdir "/tst_badfiles"));
+    QCOMPARE(::chmod(QFile::encodeName(m_fixture->folder.path()).constData(), 0755), 0);
 }
 
 void TestBadFiles::cleanup()
 {
-    m_inPool.reset();
-    m_core.reset();
-    m_factory.reset();
-    m_folder.reset();
-}
-
-QString TestBadFiles::makeFile(const QString &name, const QByteArray &content) const
-{
-    QFile file(m_folder->filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        QTest::qFail("the file could not be made", __FILE__, __LINE__);
-    return file.fileName();
+    m_fixture.reset();
 }
 
 void TestBadFiles::readWhileOpening(const QString &path)
 {
-    m_factory->prepare = [path](TestEditor *editor) {
+    m_fixture->factory.prepare = [path](TestEditor *editor) {
         editor->whileOpening = [path, editor] {
             QFile file(path);
             editor->failOpen = !file.open(QIODevice::ReadOnly);
@@ -168,12 +122,12 @@ void TestBadFiles::whatIsNotThereIsToldMissing_data()
 void TestBadFiles::whatIsNotThereIsToldMissing()
 {
     QFETCH(QString, name);
-    makeFile(QStringLiteral("file"));
-    QVERIFY(QFile::link(m_folder->filePath(QStringLiteral("nothing")),
-                        m_folder->filePath(QStringLiteral("dangling"))));
-    QVERIFY(QFile::link(m_folder->filePath(QStringLiteral("loop")),
-                        m_folder->filePath(QStringLiteral("loop"))));
-    const QString path = m_folder->filePath(name);
+    m_fixture->makeFile(QStringLiteral("file"));
+    QVERIFY(QFile::link(m_fixture->folder.filePath(QStringLiteral("nothing")),
+                        m_fixture->folder.filePath(QStringLiteral("dangling"))));
+    QVERIFY(QFile::link(m_fixture->folder.filePath(QStringLiteral("loop")),
+                        m_fixture->folder.filePath(QStringLiteral("loop"))));
+    const QString path = m_fixture->folder.filePath(name);
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
     QCOMPARE(EditorManager::openEditor(path, false), nullptr);
@@ -185,15 +139,15 @@ void TestBadFiles::whatIsNotThereIsToldMissing()
 
 void TestBadFiles::fileInAForbiddenFolderIsToldMissing()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
-    QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0), 0);
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
+    QCOMPARE(::chmod(QFile::encodeName(m_fixture->folder.path()).constData(), 0), 0);
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
     const IEditor *editor = nullptr;
     {
         const OrdinaryUser user;
         editor = EditorManager::openEditor(path, false);
     }
-    QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0700), 0);
+    QCOMPARE(::chmod(QFile::encodeName(m_fixture->folder.path()).constData(), 0700), 0);
 
     QVERIFY(!editor);
     QCOMPARE(box.text(), QStringLiteral("Can not open %1, file does not exist.").arg(path));
@@ -202,7 +156,7 @@ void TestBadFiles::fileInAForbiddenFolderIsToldMissing()
 void TestBadFiles::forbiddenFileIsToldWithTheReason()
 {
     // Without a suffix, so that the content is asked for the type.
-    const QString path = makeFile(QStringLiteral("secret"));
+    const QString path = m_fixture->makeFile(QStringLiteral("secret"));
     QCOMPARE(::chmod(QFile::encodeName(path).constData(), 0), 0);
     readWhileOpening(path);
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
@@ -219,7 +173,7 @@ void TestBadFiles::forbiddenFileIsToldWithTheReason()
 
 void TestBadFiles::folderIsToldWithTheReason()
 {
-    const QString path = m_folder->path();
+    const QString path = m_fixture->folder.path();
     readWhileOpening(path);
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
@@ -245,24 +199,24 @@ void TestBadFiles::specialFilesAreHandedToTheEditorUnread()
 {
     QFETCH(QString, path);
     if (path.isEmpty()) {
-        path = m_folder->filePath(QStringLiteral("fifo"));
+        path = m_fixture->folder.filePath(QStringLiteral("fifo"));
         QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
     }
 
     QVERIFY(EditorManager::openEditor(path, false));
 
-    QCOMPARE(m_factory->last->opened, QStringList{path});
+    QCOMPARE(m_fixture->factory.last->opened, QStringList{path});
 }
 
 void TestBadFiles::hugeFileIsHandedToTheEditor()
 {
-    const QString path = makeFile(QStringLiteral("huge.v"));
+    const QString path = m_fixture->makeFile(QStringLiteral("huge.v"));
     // No disk is taken by the hole.
     QVERIFY(QFile::resize(path, qint64(2) * 1024 * 1024 * 1024));
 
     QVERIFY(EditorManager::openEditor(path, false));
 
-    QCOMPARE(m_factory->last->opened, QStringList{path});
+    QCOMPARE(m_fixture->factory.last->opened, QStringList{path});
 }
 
 void TestBadFiles::oddNames_data()
@@ -282,7 +236,7 @@ void TestBadFiles::oddNames_data()
 void TestBadFiles::oddNames()
 {
     QFETCH(QString, name);
-    const QString path = makeFile(name);
+    const QString path = m_fixture->makeFile(name);
 
     IEditor *editor = EditorManager::openEditor(path, false);
 
@@ -305,7 +259,7 @@ void TestBadFiles::namesAreNoMarkupInMessages_data()
 void TestBadFiles::namesAreNoMarkupInMessages()
 {
     QFETCH(int, kind);
-    const QString path = m_folder->filePath(QStringLiteral("<b>bold.txt"));
+    const QString path = m_fixture->folder.filePath(QStringLiteral("<b>bold.txt"));
     Qt::TextFormat format = Qt::RichText;
     ModalDialog box([&format](QWidget *widget) {
         format = widget->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))->textFormat();
@@ -321,72 +275,6 @@ void TestBadFiles::namesAreNoMarkupInMessages()
 
     QCOMPARE(format, Qt::PlainText);
     QVERIFY(box.text().contains(path));
-}
-
-void TestBadFiles::cycleOfTypesEndsWithAWarning()
-{
-    addType(QStringLiteral("a/top"), QString(), {});
-    addType(QStringLiteral("a/a"), QStringLiteral("aaa"), texts({"a/top", "a/c", "text/plain"}));
-    addType(QStringLiteral("a/b"), QString(), texts({"a/a"}));
-    addType(QStringLiteral("a/c"), QString(), texts({"a/b"}));
-    TestEditorFactory b(texts({"a/b"}));
-    const InPool pooled(&b);
-    const QString path = makeFile(QStringLiteral("x.aaa"));
-    QCOMPARE(Core::private_impl::determineMimeType(path).type(), QStringLiteral("a/a"));
-    MessageRecorder log;
-
-    const QList<IEditorFactory *> found = EditorManager::factoriesForFile(path);
-
-    QCOMPARE(found, (QList<IEditorFactory *>{&b, m_factory.get()}));
-    const QStringList warnings = log.lines(QtWarningMsg);
-    QCOMPARE(warnings.size(), 1);
-    QVERIFY2(warnings.constFirst().endsWith(QLatin1String(
-                 ": Inconsistent mime hierarchy detected, cycle of types: a/a > a/b > a/c > a/a.")),
-             qPrintable(warnings.constFirst()));
-}
-
-void TestBadFiles::typeUnderItselfEndsWithAWarning()
-{
-    addType(QStringLiteral("a/self"), QString(), texts({"a/self"}));
-    TestEditorFactory factory(texts({"a/self"}));
-    MessageRecorder log;
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/self"), {&factory}),
-             QList<IEditorFactory *>{&factory});
-
-    const QStringList warnings = log.lines(QtWarningMsg);
-    QCOMPARE(warnings.size(), 1);
-    QVERIFY(warnings.constFirst().endsWith(QLatin1String("cycle of types: a/self > a/self.")));
-}
-
-void TestBadFiles::typeMetTwiceIsNoCycle()
-{
-    addType(QStringLiteral("a/top"), QString(), {});
-    addType(QStringLiteral("a/left"), QString(), texts({"a/top"}));
-    addType(QStringLiteral("a/right"), QString(), texts({"a/top"}));
-    addType(QStringLiteral("a/bottom"), QString(), texts({"a/left", "a/right"}));
-    TestEditorFactory top(texts({"a/top"}));
-    TestEditorFactory right(texts({"a/right"}));
-    MessageRecorder log;
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/bottom"), {&top, &right}),
-             (QList<IEditorFactory *>{&top, &right, &top}));
-
-    QVERIFY(log.lines(QtWarningMsg).isEmpty());
-}
-
-void TestBadFiles::deepHierarchyIsWalkedToTheEnd()
-{
-    constexpr int depth = 50000;
-    const auto name = [](int level) { return QStringLiteral("deep/%1").arg(level); };
-    addType(name(0), QString(), {});
-    for (int level = 1; level < depth; ++level)
-        addType(name(level), QString(), {name(level - 1)});
-    TestEditorFactory factory({name(0)});
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(
-                 Core::IdeCore::mimeDatabase()->findByType(name(depth - 1)), {&factory}),
-             QList<IEditorFactory *>{&factory});
 }
 
 QTEST_MAIN(TestBadFiles)

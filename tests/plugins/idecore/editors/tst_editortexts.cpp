@@ -1,19 +1,16 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/corefixture.h"
+#include "editorfixture.h"
 #include "support/modaldialog.h"
-#include "support/testeditor.h"
 
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QFile>
 #include <QMenu>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTranslator>
 
@@ -60,36 +57,27 @@ private:
     QString open();
 
     Tilde m_translator;
-    QTemporaryDir m_folder;
-    std::unique_ptr<CoreFixture> m_core;
-    std::unique_ptr<TestEditorFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
+    std::unique_ptr<EditorFixture> m_fixture;
 };
 
 void TestEditorTexts::init()
 {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QCoreApplication::installTranslator(&m_translator);
-    m_core = std::make_unique<CoreFixture>();
-    m_factory = std::make_unique<TestEditorFactory>(texts({"text/plain"}));
-    m_inPool = std::make_unique<InPool>(m_factory.get());
+    m_fixture = std::make_unique<EditorFixture>();
 }
 
 void TestEditorTexts::cleanup()
 {
-    m_inPool.reset();
-    m_core.reset();
-    m_factory.reset();
+    m_fixture.reset();
     QCoreApplication::removeTranslator(&m_translator);
 }
 
 QString TestEditorTexts::open()
 {
-    QFile file(m_folder.filePath(QStringLiteral("a.txt")));
-    if (!file.open(QIODevice::WriteOnly))
-        QTest::qFail("the file could not be made", __FILE__, __LINE__);
-    EditorManager::openEditor(file.fileName(), false);
-    return file.fileName();
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
+    EditorManager::openEditor(path, false);
+    return path;
 }
 
 void TestEditorTexts::commandsAreTranslated()

@@ -1,22 +1,18 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/corefixture.h"
+#include "editorfixture.h"
 #include "support/messagerecorder.h"
 #include "support/modaldialog.h"
-#include "support/testeditor.h"
 #include "support/testview.h"
 
-#include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
 #include <idecore/mainwindow/idemainwindow.h>
-#include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
 #include <utils/mdisubwindow.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
@@ -25,7 +21,6 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -33,28 +28,9 @@
 
 using Core::EditorManager;
 using Core::IEditor;
-using Core::IEditorFactory;
-using Core::MimeType;
 using Core::ViewManager;
-using Core::private_impl::EditorManagerPrivate;
 
 namespace {
-
-void addType(const char *name, const char *suffix, std::initializer_list<const char *> parents)
-{
-    MimeType type;
-    type.setType(QString::fromLatin1(name));
-    type.setSubClassesOf(texts(parents));
-    if (suffix)
-        type.setGlobPatterns({Core::MimeGlobPattern(QLatin1String("*.") + QLatin1String(suffix))});
-    if (!Core::IdeCore::mimeDatabase()->addMimeType(type))
-        QTest::qFail("the type was not added", __FILE__, __LINE__);
-}
-
-MimeType type(const char *name)
-{
-    return Core::IdeCore::mimeDatabase()->findByType(QString::fromLatin1(name));
-}
 
 int subWindowCount()
 {
@@ -74,23 +50,9 @@ class TestOpenEditor final : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { m_fixture = std::make_unique<EditorFixture>(); }
+    void cleanup() { m_fixture.reset(); }
 
-    void typeOfAFile();
-    void unknownTypeIsPlainText();
-    void factoriesOfTheTypeComeFirst();
-    void factoriesAreFoundDepthFirst();
-    void factoriesAreListedWithRepeats();
-    void factoriesMatchTheTypeCaseSensitively();
-    void unknownParentContributesNothing();
-    void factoriesForFileHaveNoRepeats();
-    void factoryEarlierInThePoolWins();
-    void factoryForFileWithoutAny();
-
-    void opensWithTheFactoryOfTheType();
-    void opensWithTheFactoryOfTheParent();
-    void opensAFileOfUnknownTypeAsText();
     void editorGetsTheAbsolutePath();
     void editorIsCurrentAndListed();
     void readOnlyIsPassedOn();
@@ -110,7 +72,6 @@ private Q_SLOTS:
     void editorForFileFollowsARename();
     void editorForFileOfNone();
     void editorWithoutAFile();
-
     void missingFile();
     void missingFileIsToldOverTheModalDialog();
     void noFactory();
@@ -120,208 +81,34 @@ private Q_SLOTS:
     void failedEditorIsDestroyed();
     void openErrorUsesNativeSeparators();
     void openErrorsParentIsTheMainWindow();
-
     void currentEditorFollowsTheViews();
     void otherViewClearsTheCurrentEditor();
     void currentEditorIsReported();
-    void closeEditor();
-    void closeEditorRefused();
-    void closeEditorByFile();
-    void closeNoEditor();
-    void closeEditorThatIsNotShown();
-    void destroyedEditorLeavesNothingBehind();
-    void destroyedEditorUpdatesTheCommands();
-    void destroyedSubWindowLeavesNothingBehind();
-    void editorClosedByWhoeverIsToldOfIt();
-    void editorClosedWhenShownAgain();
     void savedIsReported();
     void savedByNoEditorIsIgnored();
     void logLines();
     void stepsOfOpeningInOrder();
     void refusedFilesAreNotLogged();
-
     void openingAsksEachOpenEditorOnce();
 
 private:
-    QString makeFile(const QString &name, const QByteArray &content = "text\n");
-
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<CoreFixture> m_core;
-    std::unique_ptr<TestEditorFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
+    std::unique_ptr<EditorFixture> m_fixture;
 };
-
-void TestOpenEditor::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_core = std::make_unique<CoreFixture>();
-    m_factory = std::make_unique<TestEditorFactory>(texts({"text/plain"}));
-    m_inPool = std::make_unique<InPool>(m_factory.get());
-}
-
-void TestOpenEditor::cleanup()
-{
-    m_inPool.reset();
-    m_core.reset();
-    m_factory.reset();
-    m_folder.reset();
-}
-
-QString TestOpenEditor::makeFile(const QString &name, const QByteArray &content)
-{
-    QFile file(m_folder->filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        QTest::qFail("the file could not be made", __FILE__, __LINE__);
-    return file.fileName();
-}
-
-void TestOpenEditor::typeOfAFile()
-{
-    addType("text/x-test", "tst", {"text/plain"});
-
-    QCOMPARE(Core::private_impl::determineMimeType(makeFile(QStringLiteral("a.tst"))).type(),
-             QStringLiteral("text/x-test"));
-}
-
-void TestOpenEditor::unknownTypeIsPlainText()
-{
-    const QString missing = m_folder->filePath(QStringLiteral("missing"));
-    QVERIFY(Core::IdeCore::mimeDatabase()->findByFile(QFileInfo(missing)).isNull());
-
-    QCOMPARE(Core::private_impl::determineMimeType(missing).type(), QStringLiteral("text/plain"));
-}
-
-void TestOpenEditor::factoriesOfTheTypeComeFirst()
-{
-    addType("text/x-child", nullptr, {"text/plain"});
-    TestEditorFactory parent(texts({"text/plain"}));
-    TestEditorFactory child(texts({"text/x-child"}));
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("text/x-child"), {&parent, &child}),
-             (QList<IEditorFactory *>{&child, &parent}));
-}
-
-void TestOpenEditor::factoriesAreFoundDepthFirst()
-{
-    addType("a/grandparent", nullptr, {});
-    addType("a/first", nullptr, {"a/grandparent"});
-    addType("a/second", nullptr, {});
-    addType("a/child", nullptr, {"a/first", "a/second"});
-    TestEditorFactory second(texts({"a/second"}));
-    TestEditorFactory grandparent(texts({"a/grandparent"}));
-    TestEditorFactory first(texts({"a/first"}));
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/child"),
-                                                         {&second, &grandparent, &first}),
-             (QList<IEditorFactory *>{&first, &grandparent, &second}));
-}
-
-void TestOpenEditor::factoriesAreListedWithRepeats()
-{
-    addType("a/parent", nullptr, {});
-    addType("a/child", nullptr, {"a/parent"});
-    TestEditorFactory both(texts({"a/parent", "a/child"}));
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/child"), {&both}),
-             (QList<IEditorFactory *>{&both, &both}));
-}
-
-void TestOpenEditor::factoriesMatchTheTypeCaseSensitively()
-{
-    addType("a/type", nullptr, {});
-    TestEditorFactory factory(texts({"a/Type", "A/TYPE", "a/typ", "a/type2"}));
-
-    QVERIFY(Core::private_impl::getFactoriesRecursively(type("a/type"), {&factory}).isEmpty());
-}
-
-void TestOpenEditor::unknownParentContributesNothing()
-{
-    addType("a/child", nullptr, {"a/unknown", "text/plain"});
-    TestEditorFactory unknown(texts({"a/unknown"}));
-    TestEditorFactory text(texts({"text/plain"}));
-
-    QCOMPARE(Core::private_impl::getFactoriesRecursively(type("a/child"), {&unknown, &text}),
-             QList<IEditorFactory *>{&text});
-}
-
-void TestOpenEditor::factoriesForFileHaveNoRepeats()
-{
-    addType("text/x-test", "tst", {"text/plain"});
-    TestEditorFactory both(texts({"text/plain", "text/x-test"}));
-    const InPool pooled(&both);
-
-    // In the pool it stands behind the factory of the parent.
-    QCOMPARE(EditorManager::factoriesForFile(makeFile(QStringLiteral("a.tst"))),
-             (QList<IEditorFactory *>{&both, m_factory.get()}));
-}
-
-void TestOpenEditor::factoryEarlierInThePoolWins()
-{
-    TestEditorFactory later(texts({"text/plain"}));
-    const InPool pooled(&later);
-    const QString file = makeFile(QStringLiteral("a.txt"));
-
-    QCOMPARE(EditorManager::factoriesForFile(file),
-             (QList<IEditorFactory *>{m_factory.get(), &later}));
-    QCOMPARE(EditorManager::factoryForFile(file), m_factory.get());
-}
-
-void TestOpenEditor::factoryForFileWithoutAny()
-{
-    m_factory->types.clear();
-    const QString file = makeFile(QStringLiteral("a.txt"));
-
-    QVERIFY(EditorManager::factoriesForFile(file).isEmpty());
-    QCOMPARE(EditorManager::factoryForFile(file), nullptr);
-    QCOMPARE(EditorManagerPrivate::createEditor(file), nullptr);
-}
-
-void TestOpenEditor::opensWithTheFactoryOfTheType()
-{
-    addType("text/x-test", "tst", {"text/plain"});
-    TestEditorFactory exact(texts({"text/x-test"}));
-    const InPool pooled(&exact);
-
-    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.tst")), false);
-
-    QVERIFY(editor);
-    QCOMPARE(exact.made, 1);
-    QCOMPARE(m_factory->made, 0);
-}
-
-void TestOpenEditor::opensWithTheFactoryOfTheParent()
-{
-    addType("text/x-parent", nullptr, {"text/plain"});
-    addType("text/x-test", "tst", {"text/x-parent"});
-    TestEditorFactory parent(texts({"text/x-parent"}));
-    const InPool pooled(&parent);
-
-    EditorManager::openEditor(makeFile(QStringLiteral("a.tst")), false);
-
-    QCOMPARE(parent.made, 1);
-    QCOMPARE(m_factory->made, 0);
-}
-
-void TestOpenEditor::opensAFileOfUnknownTypeAsText()
-{
-    QVERIFY(EditorManager::openEditor(makeFile(QStringLiteral("LIESMICH")), false));
-
-    QCOMPARE(m_factory->made, 1);
-}
 
 void TestOpenEditor::editorGetsTheAbsolutePath()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
 
     EditorManager::openEditor(QDir::current().relativeFilePath(path), false);
 
-    QCOMPARE(m_factory->last->opened, QStringList{path});
+    QCOMPARE(m_fixture->factory.last->opened, QStringList{path});
 }
 
 void TestOpenEditor::editorIsCurrentAndListed()
 {
-    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-    IEditor *second = EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    IEditor *first = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
+    IEditor *second =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("b.txt")), false);
 
     QCOMPARE(EditorManager::allEditors(), (QList<IEditor *>{first, second}));
     QCOMPARE(EditorManager::currentEditor(), second);
@@ -331,22 +118,22 @@ void TestOpenEditor::editorIsCurrentAndListed()
 
 void TestOpenEditor::readOnlyIsPassedOn()
 {
-    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), true);
-    QCOMPARE(m_factory->last->readOnlySet, QList<bool>{true});
-    QVERIFY(m_factory->last->isReadOnly());
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), true);
+    QCOMPARE(m_fixture->factory.last->readOnlySet, QList<bool>{true});
+    QVERIFY(m_fixture->factory.last->isReadOnly());
 
-    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
-    QCOMPARE(m_factory->last->readOnlySet, QList<bool>{false});
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("b.txt")), false);
+    QCOMPARE(m_fixture->factory.last->readOnlySet, QList<bool>{false});
 
-    EditorManager::openEditor(makeFile(QStringLiteral("c.txt")));
-    QCOMPARE(m_factory->last->readOnlySet, QList<bool>{false});
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("c.txt")));
+    QCOMPARE(m_fixture->factory.last->readOnlySet, QList<bool>{false});
 }
 
 void TestOpenEditor::openingOrder()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     QStringList order;
-    m_factory->prepare = [&](TestEditor *editor) {
+    m_fixture->factory.prepare = [&](TestEditor *editor) {
         editor->whileOpening = [&] {
             order.append(
                 QStringLiteral("open, recent: %1").arg(EditorManager::recentFiles().size()));
@@ -371,7 +158,8 @@ void TestOpenEditor::openingOrder()
 
 void TestOpenEditor::editorWithoutAnIconGetsTheDefaultOne()
 {
-    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    const IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
     QVERIFY(!editor->windowIcon().isNull());
     QCOMPARE(pixels(editor->windowIcon()),
@@ -382,16 +170,18 @@ void TestOpenEditor::editorWithAnIconKeepsIt()
 {
     QPixmap red(32, 32);
     red.fill(Qt::red);
-    m_factory->prepare = [&red](TestEditor *editor) { editor->setWindowIcon(QIcon(red)); };
+    m_fixture->factory.prepare = [&red](TestEditor *editor) { editor->setWindowIcon(QIcon(red)); };
 
-    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    const IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
     QCOMPARE(pixels(editor->windowIcon()), pixels(QIcon(red)));
 }
 
 void TestOpenEditor::editorCarriesTheEditorContext()
 {
-    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
     QStringList current;
     connect(ViewManager::instance(), &ViewManager::contextsChanged, this,
             [&current](const Core::ContextList &contexts) { current = contexts; });
@@ -403,17 +193,18 @@ void TestOpenEditor::editorCarriesTheEditorContext()
 
 void TestOpenEditor::editorKeepsItsFocusPolicy()
 {
-    m_factory->prepare = [](TestEditor *editor) { editor->setFocusPolicy(Qt::WheelFocus); };
+    m_fixture->factory.prepare = [](TestEditor *editor) { editor->setFocusPolicy(Qt::WheelFocus); };
 
-    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    const IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
     QCOMPARE(editor->focusPolicy(), Qt::WheelFocus);
 }
 
 void TestOpenEditor::openingAgainShowsTheSameEditor()
 {
-    const QString a = makeFile(QStringLiteral("a.txt"));
-    const QString b = makeFile(QStringLiteral("b.txt"));
+    const QString a = m_fixture->makeFile(QStringLiteral("a.txt"));
+    const QString b = m_fixture->makeFile(QStringLiteral("b.txt"));
     IEditor *first = EditorManager::openEditor(a, false);
     EditorManager::openEditor(b, false);
 
@@ -421,13 +212,13 @@ void TestOpenEditor::openingAgainShowsTheSameEditor()
 
     QCOMPARE(subWindowCount(), 2);
     QCOMPARE(EditorManager::currentEditor(), first);
-    QCOMPARE(m_factory->made, 2);
+    QCOMPARE(m_fixture->factory.made, 2);
     QCOMPARE(EditorManager::recentFiles(), (QStringList{a, b}));
 }
 
 void TestOpenEditor::relativeAndAbsolutePathAreTheSameFile()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     const QString relative = QDir::current().relativeFilePath(path);
     QVERIFY(relative != path);
 
@@ -441,30 +232,31 @@ void TestOpenEditor::relativeAndAbsolutePathAreTheSameFile()
 
 void TestOpenEditor::pathWithDotsIsTheSameFile()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
-    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("sub")));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
+    QVERIFY(QDir(m_fixture->folder.path()).mkdir(QStringLiteral("sub")));
     IEditor *first = EditorManager::openEditor(path, false);
 
-    QCOMPARE(EditorManager::openEditor(m_folder->filePath(QStringLiteral("sub/.././a.txt")), false),
+    QCOMPARE(EditorManager::openEditor(m_fixture->folder.filePath(QStringLiteral("sub/.././a.txt")),
+                                       false),
              first);
 }
 
 void TestOpenEditor::openingAgainIgnoresReadOnly()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     const IEditor *editor = EditorManager::openEditor(path, false);
 
     EditorManager::openEditor(path, true);
 
     QVERIFY(!editor->isReadOnly());
-    QCOMPARE(m_factory->last->readOnlySet.size(), 1);
+    QCOMPARE(m_fixture->factory.last->readOnlySet.size(), 1);
 }
 
 void TestOpenEditor::openingAgainRecordsBeforeShowing()
 {
-    const QString a = makeFile(QStringLiteral("a.txt"));
+    const QString a = m_fixture->makeFile(QStringLiteral("a.txt"));
     EditorManager::openEditor(a, false);
-    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("b.txt")), false);
     QStringList recent;
     connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this,
             [&recent] { recent = EditorManager::recentFiles(); });
@@ -476,22 +268,22 @@ void TestOpenEditor::openingAgainRecordsBeforeShowing()
 
 void TestOpenEditor::openingAgainReportsASaveOnce()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     EditorManager::openEditor(path, false);
     EditorManager::openEditor(path, false);
     int saved = 0;
     connect(EditorManager::instance(), &EditorManager::fileSaved, this, [&saved] { ++saved; });
 
-    Q_EMIT m_factory->last->saved();
+    Q_EMIT m_fixture->factory.last->saved();
 
     QCOMPARE(saved, 1);
 }
 
 void TestOpenEditor::letterCaseMakesAnotherFile()
 {
-    IEditor *lower = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    IEditor *lower = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
-    IEditor *upper = EditorManager::openEditor(makeFile(QStringLiteral("A.txt")), false);
+    IEditor *upper = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("A.txt")), false);
 
     QVERIFY(lower != upper);
     QCOMPARE(subWindowCount(), 2);
@@ -499,8 +291,8 @@ void TestOpenEditor::letterCaseMakesAnotherFile()
 
 void TestOpenEditor::linkIsAnotherFile()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
-    const QString link = m_folder->filePath(QStringLiteral("link.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
+    const QString link = m_fixture->folder.filePath(QStringLiteral("link.txt"));
     QVERIFY(QFile::link(path, link));
 
     QVERIFY(EditorManager::openEditor(path, false) != EditorManager::openEditor(link, false));
@@ -508,27 +300,32 @@ void TestOpenEditor::linkIsAnotherFile()
 
 void TestOpenEditor::editorForFileFollowsARename()
 {
-    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-    const QString other = m_folder->filePath(QStringLiteral("sub/../b.txt"));
+    IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
+    const QString other = m_fixture->folder.filePath(QStringLiteral("sub/../b.txt"));
 
-    m_factory->last->setFileName(other);
+    m_fixture->factory.last->setFileName(other);
 
-    QCOMPARE(EditorManager::editorForFile(m_folder->filePath(QStringLiteral("a.txt"))), nullptr);
-    QCOMPARE(EditorManager::editorForFile(m_folder->filePath(QStringLiteral("b.txt"))), editor);
-    m_factory->last->setFileName(m_folder->filePath(QStringLiteral("sub/b.txt/..")));
-    QCOMPARE(EditorManager::editorForFile(m_folder->filePath(QStringLiteral("sub"))), editor);
+    QCOMPARE(EditorManager::editorForFile(m_fixture->folder.filePath(QStringLiteral("a.txt"))),
+             nullptr);
+    QCOMPARE(EditorManager::editorForFile(m_fixture->folder.filePath(QStringLiteral("b.txt"))),
+             editor);
+    m_fixture->factory.last->setFileName(
+        m_fixture->folder.filePath(QStringLiteral("sub/b.txt/..")));
+    QCOMPARE(EditorManager::editorForFile(m_fixture->folder.filePath(QStringLiteral("sub"))),
+             editor);
 }
 
 void TestOpenEditor::editorForFileOfNone()
 {
-    QCOMPARE(EditorManager::editorForFile(makeFile(QStringLiteral("a.txt"))), nullptr);
+    QCOMPARE(EditorManager::editorForFile(m_fixture->makeFile(QStringLiteral("a.txt"))), nullptr);
 }
 
 void TestOpenEditor::editorWithoutAFile()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     EditorManager::openEditor(path, false);
-    m_factory->last->setFileName(QString());
+    m_fixture->factory.last->setFileName(QString());
     MessageRecorder log;
 
     QCOMPARE(EditorManager::editorForFile(path), nullptr);
@@ -538,7 +335,7 @@ void TestOpenEditor::editorWithoutAFile()
 
 void TestOpenEditor::missingFile()
 {
-    const QString missing = m_folder->filePath(QStringLiteral("sub/../missing.txt"));
+    const QString missing = m_fixture->folder.filePath(QStringLiteral("sub/../missing.txt"));
     QMessageBox::StandardButtons buttons;
     bool okIsDefault = false;
     ModalDialog box([&](QWidget *widget) {
@@ -558,7 +355,7 @@ void TestOpenEditor::missingFile()
     QCOMPARE(buttons, QMessageBox::Ok);
     QVERIFY(okIsDefault);
     QVERIFY(EditorManager::recentFiles().isEmpty());
-    QCOMPARE(m_factory->made, 0);
+    QCOMPARE(m_fixture->factory.made, 0);
 }
 
 void TestOpenEditor::missingFileIsToldOverTheModalDialog()
@@ -574,15 +371,15 @@ void TestOpenEditor::missingFileIsToldOverTheModalDialog()
         ModalDialog::press(QMessageBox::Ok)(box);
     });
 
-    EditorManager::openEditor(m_folder->filePath(QStringLiteral("missing.txt")), false);
+    EditorManager::openEditor(m_fixture->folder.filePath(QStringLiteral("missing.txt")), false);
 
     QCOMPARE(parent, &dialog);
 }
 
 void TestOpenEditor::noFactory()
 {
-    m_factory->types.clear();
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    m_fixture->factory.types.clear();
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
     QCOMPARE(EditorManager::openEditor(path, false), nullptr);
@@ -595,8 +392,8 @@ void TestOpenEditor::noFactory()
 
 void TestOpenEditor::factoryThatMakesNothing()
 {
-    m_factory->makeNothing = true;
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    m_fixture->factory.makeNothing = true;
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
     QCOMPARE(EditorManager::openEditor(path, false), nullptr);
@@ -608,11 +405,11 @@ void TestOpenEditor::factoryThatMakesNothing()
 
 void TestOpenEditor::failedOpen()
 {
-    m_factory->prepare = [](TestEditor *editor) {
+    m_fixture->factory.prepare = [](TestEditor *editor) {
         editor->failOpen = true;
         editor->errorText = QStringLiteral("It is %1 secret.");
     };
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
     QCOMPARE(EditorManager::openEditor(path, false), nullptr);
@@ -627,8 +424,8 @@ void TestOpenEditor::failedOpen()
 
 void TestOpenEditor::failedOpenWithoutAReason()
 {
-    m_factory->prepare = [](TestEditor *editor) { editor->failOpen = true; };
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    m_fixture->factory.prepare = [](TestEditor *editor) { editor->failOpen = true; };
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
     EditorManager::openEditor(path, false);
@@ -639,15 +436,15 @@ void TestOpenEditor::failedOpenWithoutAReason()
 void TestOpenEditor::failedEditorIsDestroyed()
 {
     QPointer<TestEditor> failed;
-    m_factory->prepare = [&failed](TestEditor *editor) {
+    m_fixture->factory.prepare = [&failed](TestEditor *editor) {
         editor->failOpen = true;
         failed = editor;
     };
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
-    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
-    QCOMPARE(m_factory->made, 1);
+    QCOMPARE(m_fixture->factory.made, 1);
     QVERIFY(!failed);
 }
 
@@ -677,8 +474,8 @@ void TestOpenEditor::openErrorsParentIsTheMainWindow()
 
 void TestOpenEditor::currentEditorFollowsTheViews()
 {
-    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
+    IEditor *first = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("b.txt")), false);
 
     ViewManager::showView(first);
 
@@ -687,7 +484,7 @@ void TestOpenEditor::currentEditorFollowsTheViews()
 
 void TestOpenEditor::otherViewClearsTheCurrentEditor()
 {
-    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
     ViewManager::showView(new TestView(QStringLiteral("no editor")));
 
@@ -704,134 +501,29 @@ void TestOpenEditor::currentEditorIsReported()
                 reported.append(editor);
             });
 
-    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
     ViewManager::showView(new TestView(QStringLiteral("no editor")));
 
     QCOMPARE(reported, (QList<IEditor *>{editor, nullptr}));
 }
 
-void TestOpenEditor::closeEditor()
+void TestOpenEditor::savedIsReported()
 {
-    const QPointer<IEditor> editor =
-        EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-
-    QVERIFY(EditorManager::closeEditor(editor));
-
-    QVERIFY(EditorManager::allEditors().isEmpty());
-    QTRY_VERIFY(!editor);
-    QCOMPARE(EditorManager::currentEditor(), nullptr);
-}
-
-void TestOpenEditor::closeEditorRefused()
-{
-    IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-    m_factory->last->refuseClose = true;
-
-    QVERIFY(!EditorManager::closeEditor(editor));
-
-    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{editor});
-    QCOMPARE(EditorManager::currentEditor(), editor);
-}
-
-void TestOpenEditor::closeEditorByFile()
-{
-    const QString a = makeFile(QStringLiteral("a.txt"));
-    EditorManager::openEditor(a, false);
-    IEditor *other = EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
-
-    QVERIFY(EditorManager::closeEditor(QDir::current().relativeFilePath(a)));
-
-    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{other});
-}
-
-void TestOpenEditor::closeNoEditor()
-{
-    MessageRecorder log;
-
-    QVERIFY(!EditorManager::closeEditor(static_cast<IEditor *>(nullptr)));
-    QVERIFY(!EditorManager::closeEditor(m_folder->filePath(QStringLiteral("not open"))));
-
-    QVERIFY(log.messages().isEmpty());
-}
-
-void TestOpenEditor::closeEditorThatIsNotShown()
-{
-    TestEditor editor;
-
-    QVERIFY(!EditorManager::closeEditor(&editor));
-}
-
-void TestOpenEditor::destroyedEditorLeavesNothingBehind()
-{
-    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-    IEditor *second = EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
-
-    delete second;
-
-    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{first});
-    QCOMPARE(EditorManager::currentEditor(), first);
-    delete first;
-    QVERIFY(EditorManager::allEditors().isEmpty());
-    QCOMPARE(EditorManager::currentEditor(), nullptr);
-    QCOMPARE(subWindowCount(), 0);
-}
-
-void TestOpenEditor::destroyedEditorUpdatesTheCommands()
-{
-    const EditorManagerPrivate *d = EditorManagerPrivate::get();
-    IEditor *first = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-    m_factory->last->setModified(true);
-    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
-    QVERIFY(d->actSaveAll->isEnabled());
-
-    delete first;
-
-    QVERIFY(!d->actSaveAll->isEnabled());
-    QVERIFY(d->actSaveAs->isEnabled());
-}
-
-void TestOpenEditor::destroyedSubWindowLeavesNothingBehind()
-{
-    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
-
-    delete ViewManager::mainWindow()->documentArea()->subWindows().constFirst();
-
-    QVERIFY(EditorManager::allEditors().isEmpty());
-    QCOMPARE(EditorManager::currentEditor(), nullptr);
-    Q_UNUSED(editor)
-}
-
-void TestOpenEditor::editorClosedByWhoeverIsToldOfIt()
-{
-    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this,
-            [](IEditor *editor) { delete editor; });
-
-    QCOMPARE(EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false), nullptr);
-
-    QVERIFY(EditorManager::allEditors().isEmpty());
-    QCOMPARE(EditorManager::currentEditor(), nullptr);
-}
-
-void TestOpenEditor::editorClosedWhenShownAgain()
-{
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     EditorManager::openEditor(path, false);
-    EditorManager::openEditor(makeFile(QStringLiteral("b.txt")), false);
-    QObject listener;
-    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, &listener,
-            [&listener](IEditor *editor) {
-                EditorManager::instance()->disconnect(&listener);
-                EditorManager::closeEditor(editor);
-            });
+    QStringList saved;
+    connect(EditorManager::instance(), &EditorManager::fileSaved, this,
+            [&saved](const QString &file) { saved.append(file); });
 
-    QCOMPARE(EditorManager::openEditor(path, false), nullptr);
+    Q_EMIT m_fixture->factory.last->saved();
 
-    QCOMPARE(EditorManager::allEditors().size(), 1);
+    QCOMPARE(saved, QStringList{path});
 }
 
 void TestOpenEditor::savedByNoEditorIsIgnored()
 {
-    EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
     int saved = 0;
     connect(EditorManager::instance(), &EditorManager::fileSaved, this, [&saved] { ++saved; });
 
@@ -840,22 +532,9 @@ void TestOpenEditor::savedByNoEditorIsIgnored()
     QCOMPARE(saved, 0);
 }
 
-void TestOpenEditor::savedIsReported()
-{
-    const QString path = makeFile(QStringLiteral("a.txt"));
-    EditorManager::openEditor(path, false);
-    QStringList saved;
-    connect(EditorManager::instance(), &EditorManager::fileSaved, this,
-            [&saved](const QString &file) { saved.append(file); });
-
-    Q_EMIT m_factory->last->saved();
-
-    QCOMPARE(saved, QStringList{path});
-}
-
 void TestOpenEditor::logLines()
 {
-    const QString path = makeFile(QStringLiteral("a.txt"));
+    const QString path = m_fixture->makeFile(QStringLiteral("a.txt"));
     MessageRecorder log;
 
     const IEditor *editor = EditorManager::openEditor(path, false);
@@ -874,7 +553,8 @@ void TestOpenEditor::stepsOfOpeningInOrder()
 {
     MessageRecorder log;
 
-    const IEditor *editor = EditorManager::openEditor(makeFile(QStringLiteral("a.txt")), false);
+    const IEditor *editor =
+        EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")), false);
 
     // The context is there when the focus comes.
     const QString registered =
@@ -898,7 +578,7 @@ void TestOpenEditor::refusedFilesAreNotLogged()
     MessageRecorder log;
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
 
-    EditorManager::openEditor(m_folder->filePath(QStringLiteral("missing.txt")), false);
+    EditorManager::openEditor(m_fixture->folder.filePath(QStringLiteral("missing.txt")), false);
 
     QVERIFY(log.lines(QtDebugMsg, QStringLiteral("open editor for:")).isEmpty());
 }
@@ -906,9 +586,9 @@ void TestOpenEditor::refusedFilesAreNotLogged()
 void TestOpenEditor::openingAsksEachOpenEditorOnce()
 {
     int asked = 0;
-    m_factory->prepare = [&asked](TestEditor *editor) { editor->fileNameAsked = &asked; };
+    m_fixture->factory.prepare = [&asked](TestEditor *editor) { editor->fileNameAsked = &asked; };
     const auto openOne = [&](int number) {
-        const QString path = makeFile(QStringLiteral("%1.txt").arg(number));
+        const QString path = m_fixture->makeFile(QStringLiteral("%1.txt").arg(number));
         asked = 0;
         EditorManager::openEditor(path, false);
         return asked;

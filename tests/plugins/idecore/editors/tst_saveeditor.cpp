@@ -1,14 +1,11 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/corefixture.h"
+#include "editorfixture.h"
 #include "support/messagerecorder.h"
 #include "support/modaldialog.h"
-#include "support/testeditor.h"
 #include "support/testview.h"
 
-#include <idecore/actions/actionmanager.h>
-#include <idecore/actions/iaction.h>
 #include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
@@ -20,36 +17,20 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSignalBlocker>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <memory>
 
-using Core::ActionManager;
 using Core::EditorManager;
-using Core::IEditor;
 using Core::ViewManager;
 using Core::private_impl::EditorManagerPrivate;
 
 namespace {
-
-/// What is seen of a command in menus and tool bars while an editor has the
-/// focus.
-const QAction *command(const char *id)
-{
-    return ActionManager::action(QString::fromLatin1(id));
-}
-
-const char SAVE[] = "Core.Action.Save";
-const char SAVE_AS[] = "Core.Action.SaveAs";
-const char SAVE_ALL[] = "Core.Action.SaveAll";
 
 EditorManagerPrivate *d()
 {
@@ -78,23 +59,9 @@ class TestSaveEditor final : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
-
-    void commandsAreRegisteredForTheEditorContext();
-    void commandsAreDisabledWithoutAnEditor();
-    void saveNamesTheEditor();
-    void saveAsNamesTheEditor();
-    void titleIsNotTakenForAPlaceholder();
-    void saveIsEnabledWhileModified();
-    void saveAllIsEnabledWhileAnyIsModified();
-    void modificationOfAnotherEditorCounts();
-    void firstModifiedEditorIsEnough();
-    void commandsFollowTheCurrentEditor();
-    void otherViewDisablesButKeepsTheTitles();
-    void menuShowsTheEditorsTitleWhileItsContextIsCurrent();
-    void modificationReportedByNoEditorIsIgnored();
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+    void init() { m_fixture = std::make_unique<EditorFixture>(); }
+    void cleanup() { m_fixture.reset(); }
 
     void saveSavesWithTheWaitCursor();
     void saveOfAnUnmodifiedEditorDoesNothing();
@@ -104,228 +71,33 @@ private Q_SLOTS:
     void failedSave();
     void failedSaveWithoutAReason();
     void editorDestroyedWhileSaving();
-
     void saveAsSavesUnderTheNewName();
+    void saveAsOfAnUnmodifiedEditorRenamesTheCommands();
     void saveAsDialog();
     void saveAsWithoutAnEditorDoesNothing();
     void cancelledSaveAsChangesNothing();
     void failedSaveAs();
     void editorDestroyedDuringSaveAsDialog();
-
     void saveAllSavesTheModifiedOnesInOrder();
     void saveAllUpdatesTheCommands();
     void saveAllIsSilentAboutFailures();
     void saveAllGoesOnWhenAnEditorGoes();
     void saveErrorsText();
 
-    void closeAllEditorsInOrder();
-    void closeAllEditorsStopsAtARefusal();
-    void closeAllEditorsWithoutEditors();
-    void closeAllEditorsLeavesOtherViews();
-    void closeAllEditorsWhenOneTakesAnotherAlong();
-    void closedEditorIsReportedNoMore();
-    void closedEditorUpdatesTheCommands();
-    void closingOtherViewsLeavesTheEditors();
-    void closingKeepsTheCurrentEditorUntilTheNextIsReported();
-
 private:
     TestEditor *open(const QString &name, bool modified = false);
 
     QStringList m_journal;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<CoreFixture> m_core;
-    std::unique_ptr<TestEditorFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
+    std::unique_ptr<EditorFixture> m_fixture;
 };
-
-void TestSaveEditor::initTestCase()
-{
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-}
-
-void TestSaveEditor::init()
-{
-    m_journal.clear();
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_core = std::make_unique<CoreFixture>();
-    m_factory = std::make_unique<TestEditorFactory>(texts({"text/plain"}));
-    m_inPool = std::make_unique<InPool>(m_factory.get());
-}
-
-void TestSaveEditor::cleanup()
-{
-    m_inPool.reset();
-    m_core.reset();
-    m_factory.reset();
-    m_folder.reset();
-}
 
 TestEditor *TestSaveEditor::open(const QString &name, bool modified)
 {
-    QFile file(m_folder->filePath(name));
-    if (!file.open(QIODevice::WriteOnly))
-        QTest::qFail("the file could not be made", __FILE__, __LINE__);
-    m_factory->prepare = [this](TestEditor *editor) { editor->setJournal(&m_journal); };
-    EditorManager::openEditor(file.fileName(), false);
+    m_fixture->factory.prepare = [this](TestEditor *editor) { editor->setJournal(&m_journal); };
+    EditorManager::openEditor(m_fixture->makeFile(name), false);
     if (modified)
-        m_factory->last->setModified(true);
-    return m_factory->last;
-}
-
-void TestSaveEditor::commandsAreRegisteredForTheEditorContext()
-{
-    open(QStringLiteral("a.txt"), true);
-    QVERIFY(!command(SAVE)->isEnabled());
-
-    ActionManager::setCurrentContexts(texts({"Core.EditorManager.Context"}));
-
-    QVERIFY(command(SAVE)->isEnabled());
-    QVERIFY(command(SAVE_AS)->isEnabled());
-    QVERIFY(command(SAVE_ALL)->isEnabled());
-}
-
-void TestSaveEditor::commandsAreDisabledWithoutAnEditor()
-{
-    for (const QAction *action : {d()->actSave, d()->actSaveAs, d()->actSaveAll}) {
-        QVERIFY(!action->isEnabled());
-        QCOMPARE(action->text(), QString());
-    }
-}
-
-void TestSaveEditor::saveNamesTheEditor()
-{
-    open(QStringLiteral("a.txt"));
-
-    QCOMPARE(d()->actSave->text(), QStringLiteral("&Save \"a.txt\""));
-    QCOMPARE(d()->actSave->toolTip(), QStringLiteral("Save \"a.txt\""));
-}
-
-void TestSaveEditor::saveAsNamesTheEditor()
-{
-    open(QStringLiteral("a.txt"));
-
-    QCOMPARE(d()->actSaveAs->text(), QStringLiteral("Save \"a.txt\" &As..."));
-    QCOMPARE(d()->actSaveAs->toolTip(), QStringLiteral("Save \"a.txt\" As"));
-    QVERIFY(d()->actSaveAs->isEnabled());
-}
-
-void TestSaveEditor::titleIsNotTakenForAPlaceholder()
-{
-    open(QStringLiteral("%1 %2.txt"));
-
-    QCOMPARE(d()->actSave->text(), QStringLiteral("&Save \"%1 %2.txt\""));
-    QCOMPARE(d()->actSaveAs->text(), QStringLiteral("Save \"%1 %2.txt\" &As..."));
-}
-
-void TestSaveEditor::saveIsEnabledWhileModified()
-{
-    TestEditor *editor = open(QStringLiteral("a.txt"));
-    QVERIFY(!d()->actSave->isEnabled());
-
-    editor->setModified(true);
-    QVERIFY(d()->actSave->isEnabled());
-
-    editor->setModified(false);
-    QVERIFY(!d()->actSave->isEnabled());
-}
-
-void TestSaveEditor::saveAllIsEnabledWhileAnyIsModified()
-{
-    TestEditor *first = open(QStringLiteral("a.txt"));
-    TestEditor *second = open(QStringLiteral("b.txt"));
-    QVERIFY(!d()->actSaveAll->isEnabled());
-    QVERIFY(!d()->hasEditorModified());
-
-    first->setModified(true);
-    second->setModified(true);
-    first->setModified(false);
-    QVERIFY(d()->actSaveAll->isEnabled());
-    QVERIFY(d()->hasEditorModified());
-
-    second->setModified(false);
-    QVERIFY(!d()->actSaveAll->isEnabled());
-}
-
-void TestSaveEditor::modificationOfAnotherEditorCounts()
-{
-    TestEditor *first = open(QStringLiteral("a.txt"));
-    open(QStringLiteral("b.txt"));
-
-    first->setModified(true);
-
-    QVERIFY(!d()->actSave->isEnabled());
-    QVERIFY(d()->actSaveAll->isEnabled());
-}
-
-void TestSaveEditor::firstModifiedEditorIsEnough()
-{
-    TestEditor *first = open(QStringLiteral("a.txt"));
-    TestEditor *second = open(QStringLiteral("b.txt"), true);
-    const TestEditor *third = open(QStringLiteral("c.txt"), true);
-    first->modifiedAsked = second->modifiedAsked = third->modifiedAsked = 0;
-
-    QVERIFY(d()->hasEditorModified());
-
-    QCOMPARE(first->modifiedAsked, 1);
-    QCOMPARE(second->modifiedAsked, 1);
-    QCOMPARE(third->modifiedAsked, 0);
-}
-
-void TestSaveEditor::commandsFollowTheCurrentEditor()
-{
-    TestEditor *first = open(QStringLiteral("a.txt"), true);
-    open(QStringLiteral("b.txt"));
-    QVERIFY(!d()->actSave->isEnabled());
-
-    ViewManager::showView(first);
-
-    QVERIFY(d()->actSave->isEnabled());
-    QCOMPARE(d()->actSave->text(), QStringLiteral("&Save \"a.txt\""));
-}
-
-void TestSaveEditor::otherViewDisablesButKeepsTheTitles()
-{
-    open(QStringLiteral("a.txt"), true);
-
-    ViewManager::showView(new TestView(QStringLiteral("no editor")));
-
-    QVERIFY(!d()->actSave->isEnabled());
-    QVERIFY(!d()->actSaveAs->isEnabled());
-    QVERIFY(d()->actSaveAll->isEnabled());
-    QCOMPARE(d()->actSave->text(), QStringLiteral("&Save \"a.txt\""));
-    QCOMPARE(d()->actSave->toolTip(), QStringLiteral("Save \"a.txt\""));
-    QCOMPARE(d()->actSaveAs->text(), QStringLiteral("Save \"a.txt\" &As..."));
-    QCOMPARE(d()->actSaveAs->toolTip(), QStringLiteral("Save \"a.txt\" As"));
-}
-
-void TestSaveEditor::menuShowsTheEditorsTitleWhileItsContextIsCurrent()
-{
-    open(QStringLiteral("a.txt"), true);
-    ActionManager::setCurrentContexts(texts({"Core.EditorManager.Context"}));
-
-    ViewManager::showView(new TestView(QStringLiteral("no editor")));
-
-    QVERIFY(!command(SAVE)->isEnabled());
-    QCOMPARE(command(SAVE)->text(), QStringLiteral("&Save \"a.txt\""));
-    QCOMPARE(command(SAVE_AS)->text(), QStringLiteral("Save \"a.txt\" &As..."));
-    ActionManager::setCurrentContexts(texts({"Core.Context.Global"}));
-    QCOMPARE(command(SAVE)->text(), QStringLiteral("&Save"));
-    QCOMPARE(command(SAVE_AS)->text(), QStringLiteral("Save &As..."));
-}
-
-void TestSaveEditor::modificationReportedByNoEditorIsIgnored()
-{
-    TestEditor *editor = open(QStringLiteral("a.txt"));
-    {
-        const QSignalBlocker quiet(editor);
-        editor->setModified(true);
-    }
-
-    EditorManager::instance()->onEditorModified(true);
-    QVERIFY(!d()->actSave->isEnabled());
-
-    Q_EMIT editor->modificationStateChanged(true);
-    QVERIFY(d()->actSave->isEnabled());
+        m_fixture->factory.last->setModified(true);
+    return m_fixture->factory.last;
 }
 
 void TestSaveEditor::saveSavesWithTheWaitCursor()
@@ -435,7 +207,7 @@ void TestSaveEditor::saveAsSavesUnderTheNewName()
 {
     TestEditor *editor = open(QStringLiteral("a.txt"));
     const QString old = editor->fileName();
-    const QString other = m_folder->filePath(QStringLiteral("new.txt"));
+    const QString other = m_fixture->folder.filePath(QStringLiteral("new.txt"));
     ModalDialog dialog(choose(other));
 
     EditorManager::instance()->onActSaveAs();
@@ -444,6 +216,21 @@ void TestSaveEditor::saveAsSavesUnderTheNewName()
     QVERIFY(editor->waitCursorWhileSaving);
     QVERIFY(!QApplication::overrideCursor());
     QCOMPARE(EditorManager::recentFiles(), (QStringList{other, old}));
+}
+
+void TestSaveEditor::saveAsOfAnUnmodifiedEditorRenamesTheCommands()
+{
+    TestEditor *editor = open(QStringLiteral("a.txt"));
+    // One that tells of no change where there is none.
+    editor->whileSaving = [editor] { editor->blockSignals(false); };
+    editor->blockSignals(true);
+    ModalDialog dialog(choose(m_fixture->folder.filePath(QStringLiteral("new.txt"))));
+
+    EditorManager::instance()->onActSaveAs();
+
+    QCOMPARE(d()->actSave->text(), QStringLiteral("&Save \"new.txt\""));
+    QVERIFY(!d()->actSave->isEnabled());
+    QCOMPARE(d()->actSaveAs->text(), QStringLiteral("Save \"new.txt\" &As..."));
 }
 
 void TestSaveEditor::saveAsDialog()
@@ -500,7 +287,7 @@ void TestSaveEditor::failedSaveAs()
 {
     TestEditor *editor = open(QStringLiteral("a.txt"), true);
     const QString old = editor->fileName();
-    const QString other = m_folder->filePath(QStringLiteral("new.txt"));
+    const QString other = m_fixture->folder.filePath(QStringLiteral("new.txt"));
     editor->failSave = true;
     editor->errorText = QStringLiteral("No.");
     QString text;
@@ -530,7 +317,7 @@ void TestSaveEditor::editorDestroyedDuringSaveAsDialog()
     const QString old = editor->fileName();
     ModalDialog dialog([&](QWidget *widget) {
         delete editor;
-        choose(m_folder->filePath(QStringLiteral("new.txt")))(widget);
+        choose(m_fixture->folder.filePath(QStringLiteral("new.txt")))(widget);
     });
 
     EditorManager::instance()->onActSaveAs();
@@ -610,110 +397,6 @@ void TestSaveEditor::saveErrorsText()
                                  + QStringLiteral("\"\nreason %1")));
     QCOMPARE(box.parentOfDialog(), ViewManager::mainWindow());
     QCOMPARE(buttons, QMessageBox::Ok);
-}
-
-void TestSaveEditor::closeAllEditorsInOrder()
-{
-    open(QStringLiteral("b.txt"));
-    open(QStringLiteral("a.txt"));
-    m_journal.clear();
-
-    QVERIFY(EditorManager::closeAllEditors());
-
-    QCOMPARE(m_journal.filter(QStringLiteral("asked")), texts({"b.txt asked", "a.txt asked"}));
-    QVERIFY(EditorManager::allEditors().isEmpty());
-}
-
-void TestSaveEditor::closeAllEditorsStopsAtARefusal()
-{
-    open(QStringLiteral("a.txt"));
-    TestEditor *second = open(QStringLiteral("b.txt"));
-    TestEditor *third = open(QStringLiteral("c.txt"));
-    second->refuseClose = true;
-    m_journal.clear();
-
-    QVERIFY(!EditorManager::closeAllEditors());
-
-    QCOMPARE(m_journal.filter(QStringLiteral("asked")), texts({"a.txt asked", "b.txt asked"}));
-    QCOMPARE(EditorManager::allEditors(), (QList<IEditor *>{second, third}));
-}
-
-void TestSaveEditor::closeAllEditorsWithoutEditors()
-{
-    QVERIFY(EditorManager::closeAllEditors());
-}
-
-void TestSaveEditor::closeAllEditorsLeavesOtherViews()
-{
-    open(QStringLiteral("a.txt"));
-    auto *view = new TestView(QStringLiteral("no editor"));
-    ViewManager::showView(view);
-
-    QVERIFY(EditorManager::closeAllEditors());
-
-    QCOMPARE(view->asked, 0);
-    QCOMPARE(ViewManager::currentView(), view);
-}
-
-void TestSaveEditor::closeAllEditorsWhenOneTakesAnotherAlong()
-{
-    TestEditor *first = open(QStringLiteral("a.txt"));
-    TestEditor *second = open(QStringLiteral("b.txt"));
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [=](Core::IView *view) {
-        if (view == first)
-            EditorManager::closeEditor(second);
-    });
-    m_journal.clear();
-
-    QVERIFY(EditorManager::closeAllEditors());
-
-    QCOMPARE(m_journal.filter(QStringLiteral("asked")), texts({"a.txt asked", "b.txt asked"}));
-}
-
-void TestSaveEditor::closedEditorIsReportedNoMore()
-{
-    TestEditor *editor = open(QStringLiteral("a.txt"));
-    int saved = 0;
-    connect(EditorManager::instance(), &EditorManager::fileSaved, this, [&saved] { ++saved; });
-
-    EditorManager::closeEditor(editor);
-    Q_EMIT editor->saved(); // it is destroyed later
-
-    QCOMPARE(saved, 0);
-}
-
-void TestSaveEditor::closedEditorUpdatesTheCommands()
-{
-    TestEditor *first = open(QStringLiteral("a.txt"), true);
-    open(QStringLiteral("b.txt"));
-    QVERIFY(d()->actSaveAll->isEnabled());
-
-    EditorManager::closeEditor(first);
-
-    QVERIFY(!d()->actSaveAll->isEnabled());
-}
-
-void TestSaveEditor::closingOtherViewsLeavesTheEditors()
-{
-    TestEditor *editor = open(QStringLiteral("a.txt"));
-    auto *view = new TestView(QStringLiteral("no editor"));
-    ViewManager::showView(view);
-
-    ViewManager::closeView(view);
-
-    QCOMPARE(EditorManager::allEditors(), QList<IEditor *>{editor});
-    QCOMPARE(EditorManager::currentEditor(), editor);
-}
-
-void TestSaveEditor::closingKeepsTheCurrentEditorUntilTheNextIsReported()
-{
-    TestEditor *editor = open(QStringLiteral("a.txt"));
-
-    EditorManager::instance()->onEditorClosed(editor);
-    QCOMPARE(EditorManager::currentEditor(), editor);
-
-    EditorManager::instance()->onCurrentViewChanged(nullptr);
-    QCOMPARE(EditorManager::currentEditor(), nullptr);
 }
 
 QTEST_MAIN(TestSaveEditor)

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/messagerecorder.h"
+
 #include <idecore/interfaces/ieditor.h>
 #include <idecore/interfaces/ieditorfactory.h>
 #include <idecore/interfaces/ifilewizardfactory.h>
@@ -189,6 +191,14 @@ private Q_SLOTS:
         view->setWindowTitle(QStringLiteral("a title"));
         QTest::ignoreMessage(QtDebugMsg, "IView: a title destoryed");
         view.reset();
+    }
+
+    void destroyingAViewIsLoggedOnce()
+    {
+        auto view = std::make_unique<IView>();
+        const MessageRecorder log;
+        view.reset();
+        QCOMPARE(log.texts(), QStringList{QStringLiteral("IView:  destoryed")});
     }
 
     void anEditorIsWritableAtFirstAndStoresTheFlag()

@@ -1,25 +1,23 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/caughtmessages.h"
+#include "support/corefixture.h"
+#include "support/messagerecorder.h"
 #include "support/modaldialog.h"
+#include "support/testeditor.h"
 
 #include <assistant/assistantproxy.h>
-#include <extsys/pluginmanager.h>
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/buildinfo.h>
 #include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
-#include <idecore/interfaces/ieditor.h>
-#include <idecore/interfaces/ieditorfactory.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -44,40 +42,6 @@ namespace {
 const QString VERSION = QStringLiteral("Core/Version");
 const QString GEOMETRY = QStringLiteral("Core/MainwindowGeometry");
 const QString STATE = QStringLiteral("Core/MainwindowState");
-
-class Editor final : public IEditor
-{
-public:
-    int currentLine() const override { return 1; }
-    bool open(const QString &fileName, QString *) override
-    {
-        m_file = fileName;
-        setWindowTitle(fileName);
-        return true;
-    }
-    QString fileName() const override { return m_file; }
-    bool isModified() const override { return false; }
-    bool save(QString *) override { return true; }
-    bool saveAs(const QString &, QString *) override { return true; }
-
-    static bool refuses;
-
-protected:
-    void closeEvent(QCloseEvent *event) override { event->setAccepted(!refuses); }
-
-private:
-    QString m_file;
-};
-bool Editor::refuses = false;
-
-class Factory final : public IEditorFactory
-{
-public:
-    QString id() const override { return QStringLiteral("test"); }
-    QString displayName() const override { return id(); }
-    QStringList mimeTypes() const override { return {QStringLiteral("text/plain")}; }
-    IEditor *createEditor() override { return new Editor; }
-};
 
 IdeMainWindow *window()
 {
@@ -121,18 +85,12 @@ private Q_SLOTS:
 
     void init()
     {
-        QDir(QDir::homePath() + QStringLiteral("/.config/KelmoWare")).removeRecursively();
-        Editor::refuses = false;
         m_dir = std::make_unique<QTemporaryDir>();
-        start();
-        ExtSys::PluginManager::instance()->addObject(&m_factory);
+        m_core = std::make_unique<CoreFixture>();
+        m_factory.made = 0;
     }
 
-    void cleanup()
-    {
-        ExtSys::PluginManager::instance()->removeObject(&m_factory);
-        stop();
-    }
+    void cleanup() { m_core.reset(); }
 
     void theWindowIsNamedAndHasItsLogo()
     {
@@ -352,12 +310,12 @@ private Q_SLOTS:
     {
         showNormally(QRect(50, 60, 700, 500));
         QVERIFY(EditorManager::openEditor(file(QStringLiteral("a.txt"))));
-        Editor::refuses = true;
+        m_factory.last->refuseClose = true;
         QVERIFY(!window()->close());
         QVERIFY(window()->isVisible());
         QVERIFY(!IdeCore::userSettingsGUI()->contains(VERSION));
         QVERIFY(!IdeCore::userSettingsGUI()->contains(GEOMETRY));
-        Editor::refuses = false;
+        m_factory.last->refuseClose = false;
         QVERIFY(window()->close());
         QVERIFY(IdeCore::userSettingsGUI()->contains(VERSION));
     }
@@ -368,7 +326,7 @@ private Q_SLOTS:
         QVERIFY(EditorManager::openEditor(file(QStringLiteral("a.txt"))));
         window()->toggleFullScreen(true);
         QTRY_VERIFY(window()->isFullScreen());
-        Editor::refuses = true;
+        m_factory.last->refuseClose = true;
         QVERIFY(!window()->close());
         QVERIFY(window()->isFullScreen());
     }
@@ -509,7 +467,7 @@ private Q_SLOTS:
     void openingIsLoggedWithNameAndTypeBeforeItBegins()
     {
         const QString path = file(QStringLiteral("top.v"));
-        const CaughtMessages log;
+        const MessageRecorder log;
         window()->openFile(path);
         const QStringList lines = log.texts();
         const int line =
@@ -557,22 +515,28 @@ private Q_SLOTS:
     void allChosenFilesAreOpenedInOrder()
     {
         window()->prepareToShow();
-        QStringList files = {file(QStringLiteral("b.v")), file(QStringLiteral("a.vhd")),
-                             file(QStringLiteral("c.txt"))};
+        const QStringList files = {file(QStringLiteral("b.v")), file(QStringLiteral("a.vhd")),
+                                   file(QStringLiteral("c.txt"))};
         QStringList chosen;
-        ModalDialog dialog([&](QWidget *widget) {
-            auto *fileDialog = qobject_cast<QFileDialog *>(widget);
-            QVERIFY(fileDialog);
-            fileDialog->setDirectory(m_dir->path());
-            auto *edit = fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-            QVERIFY(edit);
-            edit->setText(QStringLiteral("\"b.v\" \"a.vhd\" \"c.txt\""));
-            chosen = fileDialog->selectedFiles();
-            QTest::keyClick(edit, Qt::Key_Return);
-        });
+        const ModalDialog dialog(choose(QStringLiteral("\"b.v\" \"a.vhd\" \"c.txt\""), &chosen));
         window()->onOpenFiles();
         QCOMPARE(chosen, files);
         QCOMPARE(openFiles(), files);
+    }
+
+    void aWindowClosedBetweenTwoFilesOpensNoMore()
+    {
+        window()->prepareToShow();
+        file(QStringLiteral("a.v"));
+        file(QStringLiteral("b.v"));
+        connect(EditorManager::instance(), &EditorManager::currentEditorChanged, window(),
+                [] { QTimer::singleShot(0, window(), &QWidget::close); });
+        QStringList chosen;
+        const ModalDialog dialog(choose(QStringLiteral("\"a.v\" \"b.v\""), &chosen));
+        window()->onOpenFiles();
+        QCOMPARE(chosen.size(), 2);
+        QVERIFY(!window()->isVisible());
+        QCOMPARE(m_factory.made, 1);
     }
 
     void helpStartsTheViewer()
@@ -604,23 +568,25 @@ private Q_SLOTS:
     }
 
 private:
-    void start()
+    /// Enters @p names, as the file dialog wants them, and accepts.
+    ModalDialog::Handler choose(const QString &names, QStringList *chosen)
     {
-        m_core = std::make_unique<IdeCore>();
-        m_core->initialize();
-    }
-
-    void stop()
-    {
-        Editor::refuses = false;
-        m_core->shutdown();
-        m_core.reset();
+        return [this, names, chosen](QWidget *widget) {
+            auto *fileDialog = qobject_cast<QFileDialog *>(widget);
+            QVERIFY(fileDialog);
+            fileDialog->setDirectory(m_dir->path());
+            auto *edit = fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+            QVERIFY(edit);
+            edit->setText(names);
+            *chosen = fileDialog->selectedFiles();
+            QTest::keyClick(edit, Qt::Key_Return);
+        };
     }
 
     void restart()
     {
-        stop();
-        start();
+        m_core.reset();
+        m_core = std::make_unique<CoreFixture>(CoreFixture::Settings::Keep);
     }
 
     void showNormally(const QRect &geometry)
@@ -652,9 +618,10 @@ private:
         return path;
     }
 
-    std::unique_ptr<IdeCore> m_core;
+    TestEditorFactory m_factory{texts({"text/plain"})};
+    const InPool m_inPool{&m_factory};
     std::unique_ptr<QTemporaryDir> m_dir;
-    Factory m_factory;
+    std::unique_ptr<CoreFixture> m_core;
     QList<QUrl> m_urls;
 };
 

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/corefixture.h"
+
 #include <appstyle/appstylemanager.h>
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
-#include <idecore/core/idecore.h>
 #include <idecore/interfaces/iview.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
@@ -17,13 +18,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPalette>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 using namespace Core;
@@ -148,31 +149,14 @@ double contrast(QRgb one, QRgb other)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-QStringList list(std::initializer_list<const char *> names)
-{
-    QStringList result;
-    for (const char *name : names)
-        result.append(text(name));
-    return result;
-}
-
 } // namespace
 
 class TestStandardCommands final : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        m_core = std::make_unique<IdeCore>();
-        m_core->initialize();
-    }
-
-    void cleanup()
-    {
-        IdeCore::userSettings()->clear();
-        cleanupKeepingSettings();
-    }
+    void init() { m_core = std::make_unique<CoreFixture>(); }
+    void cleanup() { m_core.reset(); }
 
     void theMenuBarIsTheRegisteredOneWithItsMenusInOrder()
     {
@@ -186,9 +170,9 @@ private Q_SLOTS:
             ids.append(action->menu()->objectName());
             titles.append(action->text());
         }
-        QCOMPARE(ids, list({"Core.Menu.File", "Core.Menu.Edit", "Core.Menu.Tool",
-                            "Core.Menu.Window", "Core.Menu.Help"}));
-        QCOMPARE(titles, list({"&File", "&Edit", "&Tools", "&Window", "&Help"}));
+        QCOMPARE(ids, texts({"Core.Menu.File", "Core.Menu.Edit", "Core.Menu.Tool",
+                             "Core.Menu.Window", "Core.Menu.Help"}));
+        QCOMPARE(titles, texts({"&File", "&Edit", "&Tools", "&Window", "&Help"}));
     }
 
     void commandsShowTheirTextsIconsAndKeys_data()
@@ -275,24 +259,24 @@ private Q_SLOTS:
         for (const Command &command : commands())
             expected.append(text(command.text));
         // The registry has taken them over.
-        QStringList texts;
+        QStringList made;
         const QList<QAction *> owned = ActionManager::instance()->findChildren<QAction *>(
             QString(), Qt::FindDirectChildrenOnly);
         for (const QAction *action : owned) {
             if (!qobject_cast<const IAction *>(action) && !action->isSeparator())
-                texts.append(action->text());
+                made.append(action->text());
         }
-        QCOMPARE(texts.mid(0, expected.size()), expected);
+        QCOMPARE(made.mid(0, expected.size()), expected);
     }
 
     void thePlainEntriesAreMadeInTheOrderOfTheMenus()
     {
-        QStringList texts;
+        QStringList made;
         const QList<QAction *> owned = ViewManager::mainWindow()->findChildren<QAction *>(
             QString(), Qt::FindDirectChildrenOnly);
         for (const QAction *action : owned)
-            texts.append(action->text());
-        QCOMPARE(texts, list({"&Exit", "&Options...", "&Full Screen", "Tile", "Cascade",
+            made.append(action->text());
+        QCOMPARE(made, texts({"&Exit", "&Options...", "&Full Screen", "Tile", "Cascade",
                               "View Help", "Contact Us", "About..."}));
     }
 
@@ -315,41 +299,41 @@ private Q_SLOTS:
         QStringList found = entries(menu("Core.Menu.File"));
         // What the views, the editors and the projects put between them.
         for (const QString &name :
-             list({"Core.Sep.File.Close.F", "&Close", "Close All", "Core.Sep.File.Close.B",
-                   "Close Project", "Recent Files", "Recent Projects"})) {
+             texts({"Core.Sep.File.Close.F", "&Close", "Close All", "Core.Sep.File.Close.B",
+                    "Close Project", "Recent Files", "Recent Projects"})) {
             QVERIFY(found.removeOne(name));
         }
-        QCOMPARE(found, list({"Core.Action.New", "Core.Action.Open", "Core.Sep.File.Open.B",
-                              "Core.Sep.File.Save.F", "Core.Action.Save", "Core.Action.SaveAs",
-                              "Core.Action.SaveAll", "Core.Sep.File.Save.B",
-                              "Core.Sep.File.Print.F", "Core.Action.Print", "Core.Sep.File.Print.B",
-                              "Core.Sep.File.Exit.F", "&Exit"}));
+        QCOMPARE(found, texts({"Core.Action.New", "Core.Action.Open", "Core.Sep.File.Open.B",
+                               "Core.Sep.File.Save.F", "Core.Action.Save", "Core.Action.SaveAs",
+                               "Core.Action.SaveAll", "Core.Sep.File.Save.B",
+                               "Core.Sep.File.Print.F", "Core.Action.Print",
+                               "Core.Sep.File.Print.B", "Core.Sep.File.Exit.F", "&Exit"}));
     }
 
     void theEditMenuHoldsTheStandardEntriesInOrder()
     {
         QCOMPARE(entries(menu("Core.Menu.Edit")),
-                 list({"Core.Action.Undo", "Core.Action.Redo", "-", "Core.Action.Cut",
-                       "Core.Action.Copy", "Core.Action.Paste", "-", "Core.Action.SelectAll", "-",
-                       "Core.Action.Find", "-"}));
+                 texts({"Core.Action.Undo", "Core.Action.Redo", "-", "Core.Action.Cut",
+                        "Core.Action.Copy", "Core.Action.Paste", "-", "Core.Action.SelectAll", "-",
+                        "Core.Action.Find", "-"}));
     }
 
     void theToolsMenuHoldsTheStandardEntriesInOrder()
     {
         QCOMPARE(entries(menu("Core.Menu.Tool")),
-                 list({"-", "Core.Sep.BeforeOption", "&Options..."}));
+                 texts({"-", "Core.Sep.BeforeOption", "&Options..."}));
     }
 
     void theWindowMenuBeginsWithTheStandardEntriesInOrder()
     {
         QCOMPARE(entries(menu("Core.Menu.Window")).mid(0, 5),
-                 list({"&Full Screen", "-", "Tile", "Cascade", "-"}));
+                 texts({"&Full Screen", "-", "Tile", "Cascade", "-"}));
     }
 
     void theHelpMenuHoldsTheStandardEntriesInOrder()
     {
         QCOMPARE(entries(menu("Core.Menu.Help")),
-                 list({"View Help", "Contact Us", "Core.Sep.BeforeAbout", "About..."}));
+                 texts({"View Help", "Contact Us", "Core.Sep.BeforeAbout", "About..."}));
     }
 
     void plainEntriesShowTheirTexts()
@@ -362,6 +346,7 @@ private Q_SLOTS:
         const QAction *options = entry("Core.Menu.Tool", "&Options...");
         QCOMPARE(options->menuRole(), QAction::NoRole);
         QCOMPARE(imageOf(options->icon()), imageOf(icon("options.png")));
+        QVERIFY(options->shortcut().isEmpty());
 
         const QAction *fullScreen = entry("Core.Menu.Window", "&Full Screen");
         QVERIFY(fullScreen->isCheckable());
@@ -380,6 +365,12 @@ private Q_SLOTS:
         QCOMPARE(cascade->toolTip(), QStringLiteral("Cascade"));
         QCOMPARE(imageOf(cascade->icon()), imageOf(icon("cascade.png")));
         QVERIFY(cascade->shortcut().isEmpty());
+
+        for (const char *title : {"View Help", "Contact Us", "About..."}) {
+            const QAction *help = entry("Core.Menu.Help", title);
+            QVERIFY2(help->icon().isNull(), title);
+            QVERIFY2(help->shortcut().isEmpty(), title);
+        }
     }
 
     void plainEntriesAreThoseOfTheWindow()
@@ -426,12 +417,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("title");
         QTest::addColumn<QStringList>("content");
         QTest::newRow("file") << text("Core.Toolbar.File") << text("File ToolBar")
-                              << list({"Core.Action.New", "Core.Action.Open", "Core.Action.Save",
-                                       "Core.Action.SaveAll", "-", "Core.Action.Print"});
+                              << texts({"Core.Action.New", "Core.Action.Open", "Core.Action.Save",
+                                        "Core.Action.SaveAll", "-", "Core.Action.Print"});
         QTest::newRow("edit") << text("Core.Toolbar.Edit") << text("Edit ToolBar")
-                              << list({"Core.Action.Undo", "Core.Action.Redo", "-",
-                                       "Core.Action.Cut", "Core.Action.Copy", "Core.Action.Paste",
-                                       "-", "Core.Action.Find"});
+                              << texts({"Core.Action.Undo", "Core.Action.Redo", "-",
+                                        "Core.Action.Cut", "Core.Action.Copy", "Core.Action.Paste",
+                                        "-", "Core.Action.Find"});
         QTest::newRow("tools") << text("Core.Toolbar.Tools") << text("Common Tools")
                                << QStringList();
         QTest::newRow("process") << text("Core.Toolbar.Process") << text("Process Tools")
@@ -478,9 +469,9 @@ private Q_SLOTS:
     {
         QCOMPARE(ActionManager::toolBar(QStringLiteral("Core.Toolbar.File"))->iconSize(),
                  QSize(24, 24));
-        IdeCore::userSettings()->setValue(QStringLiteral("Core/ToolbarIconSize"), 18);
-        cleanupKeepingSettings();
-        init();
+        CoreFixture::storeSetting(QStringLiteral("Core/ToolbarIconSize"), 18);
+        m_core.reset();
+        m_core = std::make_unique<CoreFixture>(CoreFixture::Settings::Keep);
         QCOMPARE(ActionManager::toolBar(QStringLiteral("Core.Toolbar.File"))->iconSize(),
                  QSize(18, 18));
     }
@@ -505,13 +496,7 @@ private Q_SLOTS:
     }
 
 private:
-    void cleanupKeepingSettings()
-    {
-        m_core->shutdown();
-        m_core.reset();
-    }
-
-    std::unique_ptr<IdeCore> m_core;
+    std::unique_ptr<CoreFixture> m_core;
 };
 
 QTEST_MAIN(TestStandardCommands)

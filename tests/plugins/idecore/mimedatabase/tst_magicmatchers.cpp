@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "messagerecorder.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/mimedatabase/contentmatchers_p.h>
 #include <idecore/mimedatabase/filematchcontext_p.h>
@@ -339,7 +339,7 @@ void TestMagicMatchers::contextWarnsWhenOpeningFails()
                              + QLatin1String(": No such file or directory\n")));
     QCOMPARE(context.state(), FileMatchContext::State::NoDataAvailable);
     QCOMPARE(context.data(), QByteArray());
-    QCOMPARE(recorder.all().size(), 1);
+    QCOMPARE(recorder.labelled().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestMagicMatchers)

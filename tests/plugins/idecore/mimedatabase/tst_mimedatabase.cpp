@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "messagerecorder.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/mimedatabase/magicrulematcher.h>
 #include <idecore/mimedatabase/mimedatabase.h>
@@ -168,7 +168,7 @@ void TestMimeDatabase::preferredSuffixes()
     QCOMPARE(database.preferredSuffixByFile(QFileInfo(s("x.sv"))), s("v"));
     const MessageRecorder recorder;
     QVERIFY(!database.setPreferredSuffix(s("text/verilog"), s("vhd")));
-    QCOMPARE(recorder.all().size(), 1);
+    QCOMPARE(recorder.labelled().size(), 1);
 }
 
 void TestMimeDatabase::setPreferredSuffixLeavesCopiesAlone()
@@ -365,9 +365,9 @@ void TestMimeDatabase::cycleWithoutAnEntryIsWarnedOf()
     QVERIFY(database.findByFile(QFileInfo(s("x.a"))).isNull());
     QVERIFY(database.findByFile(QFileInfo(s("x.a"))).isNull());
 
-    QCOMPARE(recorder.all().size(), 2);
-    QVERIFY(recorder.all().at(0).endsWith(QLatin1String("cycle of types: a > b > a.")));
-    QVERIFY(recorder.all().at(1).endsWith(QLatin1String("cycle of types: self > self.")));
+    QCOMPARE(recorder.labelled().size(), 2);
+    QVERIFY(recorder.labelled().at(0).endsWith(QLatin1String("cycle of types: a > b > a.")));
+    QVERIFY(recorder.labelled().at(1).endsWith(QLatin1String("cycle of types: self > self.")));
 }
 
 void TestMimeDatabase::missingChildIsWarnedOf()
@@ -647,7 +647,7 @@ void TestMimeDatabase::freedesktopTypes()
              qPrintable(message));
 
     QCOMPARE(message, QString());
-    for (const QString &line : recorder.all())
+    for (const QString &line : recorder.labelled())
         QVERIFY2(line.endsWith(QLatin1String(" is not supported.")), qPrintable(line));
     const MimeType png = database.findByType(s("image/png"));
     QCOMPARE(png.comment(), s("PNG image"));

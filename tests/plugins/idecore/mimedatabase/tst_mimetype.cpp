@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "messagerecorder.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/mimedatabase/filematchcontext_p.h>
 #include <idecore/mimedatabase/magicrulematcher.h>

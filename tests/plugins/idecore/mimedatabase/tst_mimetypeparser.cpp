@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "messagerecorder.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/mimedatabase/mimetype.h>
 #include <idecore/mimedatabase/mimetype_p.h>
@@ -61,7 +61,7 @@ Result parse(QIODevice &device)
     const MessageRecorder recorder;
     result.ok = parser.parse(&device, QStringLiteral("test.xml"), &result.message);
     result.types = parser.types;
-    result.log = recorder.all();
+    result.log = recorder.labelled();
     return result;
 }
 

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
+//
+// The menus, the main window, and views that are shown and become current.
 
 #include "support/corefixture.h"
 #include "support/documents.h"
@@ -19,6 +21,7 @@
 #include <QMetaMethod>
 #include <QPointer>
 #include <QSet>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -87,6 +90,7 @@ private Q_SLOTS:
 
     void interfaceByName_data();
     void interfaceByName();
+    void reportsCanBeQueuedByName();
     void mainWindowHasNoParent();
     void fileMenu();
     void windowMenu();
@@ -111,35 +115,6 @@ private Q_SLOTS:
     void viewWithAnIconKeepsIt();
     void showNothingIsAnAssertion();
 
-    void closeViewClosesAndDestroys();
-    void closeViewReports();
-    void closeViewMakesTheViewCurrentFirst();
-    void closeViewRefused();
-    void closedSubWindowIsReported();
-    void closeIsReportedBeforeTheNextCurrentView();
-    void closeViewThatIsNotShown();
-    void closeNothingIsAnAssertion();
-
-    void removeViewDoesNotAsk();
-    void removeViewNeitherReportsNorUpdates();
-    void removeViewOfAnotherLeavesTheCurrentOne();
-    void removeViewOfTheCurrentOneMakesAnotherCurrent();
-    void removeViewThatIsNotShown();
-    void removeNothingIsAnAssertion();
-
-    void closeAllViewsGoesFromTheMostRecent();
-    void closeAllViewsStopsAtARefusal();
-    void closeAllViewsSkipsThoseKeptOpen();
-    void closeAllViewsClosesWindowsWithoutAView();
-    void closeAllViewsWithoutViews();
-    void closeAllViewsWhileMinimised();
-    void closeAllCommandGoesInOrderOfShowing();
-    void closeAllCommandMakesEachViewCurrentFirst();
-    void closeAllCommandDoesNotStopAtARefusal();
-    void closeAllCommandClosesThoseKeptOpen();
-    void closeCommandClosesTheCurrentView();
-    void closeCommandWithoutAViewIsAnAssertion();
-
     void changeOfTheCurrentViewTellsOldThenNew();
     void currentViewChangesBetweenTheTwoCalls();
     void actionsAreUpToDateWhenTheChangeIsReported();
@@ -148,7 +123,6 @@ private Q_SLOTS:
     void closeNamesTheCurrentView();
     void closeFollowsTheTitleOfTheCurrentView();
     void closeAllIsEnabledWhileThereAreViews();
-    void closedViewStillExistsWhenReported();
 
     void statusMessages();
     void extensionsInitializedShowsTheMainWindowLater();
@@ -198,6 +172,24 @@ void TestDocumentViews::interfaceByName()
 
     QVERIFY(index >= 0);
     QCOMPARE(int(meta.method(index).methodType()), type);
+}
+
+void TestDocumentViews::reportsCanBeQueuedByName()
+{
+    MessageRecorder log;
+    const ViewManager *manager = ViewManager::instance();
+    QSignalSpy contexts(manager, SIGNAL(contextsChanged(Core::ContextList)));
+    QSignalSpy activated(manager, SIGNAL(viewActiveted(Core::IView *)));
+    QSignalSpy closed(manager, SIGNAL(viewClosed(Core::IView *)));
+
+    ViewManager::addGlobalContext(QStringLiteral("X"));
+    IView *view = showTestView("view");
+    ViewManager::closeView(view);
+
+    QVERIFY(log.lines(QtWarningMsg).isEmpty());
+    QCOMPARE(contexts.first().first().toStringList(), texts({"X", "Core.Context.Global"}));
+    QCOMPARE(activated.first().first().value<IView *>(), view);
+    QCOMPARE(closed.first().first().value<IView *>(), view);
 }
 
 void TestDocumentViews::mainWindowHasNoParent()
@@ -453,336 +445,6 @@ void TestDocumentViews::showNothingIsAnAssertion()
     QVERIFY(documentArea()->subWindows().isEmpty());
 }
 
-void TestDocumentViews::closeViewClosesAndDestroys()
-{
-    const QPointer<TestView> view = showTestView("view");
-
-    QVERIFY(ViewManager::closeView(view));
-
-    QVERIFY(documentArea()->subWindows().isEmpty());
-    QTRY_VERIFY(!view);
-}
-
-void TestDocumentViews::closeViewReports()
-{
-    TestView *view = showTestView("view");
-    QList<IView *> closed;
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this,
-            [&closed](IView *gone) { closed.append(gone); });
-
-    ViewManager::closeView(view);
-
-    QCOMPARE(closed, QList<IView *>{view});
-}
-
-void TestDocumentViews::closeViewMakesTheViewCurrentFirst()
-{
-    QStringList journal;
-    TestView *first = showTestView("first", &journal);
-    showTestView("second", &journal);
-    journal.clear();
-
-    ViewManager::closeView(first);
-
-    QCOMPARE(journal.mid(0, 3), texts({"second deactivated", "first activated", "first asked"}));
-}
-
-void TestDocumentViews::closeViewRefused()
-{
-    TestView *view = showTestView("view");
-    view->refuseClose = true;
-    int closed = 0;
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&closed] { ++closed; });
-
-    QVERIFY(!ViewManager::closeView(view));
-
-    QCOMPARE(closed, 0);
-    QCOMPARE(ViewManager::currentView(), view);
-    QCOMPARE(documentArea()->subWindows().size(), 1);
-    QVERIFY(closeAction()->isEnabled());
-    QVERIFY(closeAllAction()->isEnabled());
-}
-
-void TestDocumentViews::closedSubWindowIsReported()
-{
-    TestView *view = showTestView("view");
-    QList<IView *> closed;
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this,
-            [&closed](IView *gone) { closed.append(gone); });
-
-    windowOf(view)->close();
-
-    QCOMPARE(closed, QList<IView *>{view});
-    QVERIFY(!closeAllAction()->isEnabled());
-}
-
-void TestDocumentViews::closeIsReportedBeforeTheNextCurrentView()
-{
-    QStringList journal;
-    showTestView("first", &journal);
-    TestView *second = showTestView("second", &journal);
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this,
-            [&journal] { journal.append(QStringLiteral("closed")); });
-    windowOf(second)->setFocus();
-    journal.clear();
-
-    windowOf(second)->close();
-
-    QCOMPARE(journal, texts({"second asked", "closed", "second deactivated", "first activated"}));
-}
-
-void TestDocumentViews::closeViewThatIsNotShown()
-{
-    TestView view(QStringLiteral("view"));
-    MessageRecorder log;
-
-    QVERIFY(!ViewManager::closeView(&view));
-
-    QCOMPARE(view.asked, 0);
-    QCOMPARE(log.messages().size(), 1);
-    QCOMPARE(log.lines(QtDebugMsg),
-             QStringList{QStringLiteral("closing view: ") + logged(static_cast<IView *>(&view))});
-}
-
-void TestDocumentViews::closeNothingIsAnAssertion()
-{
-    MessageRecorder log;
-
-    QVERIFY(!ViewManager::closeView(nullptr));
-
-    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
-    QCOMPARE(log.messages().size(), 1);
-}
-
-void TestDocumentViews::removeViewDoesNotAsk()
-{
-    QStringList journal;
-    const QPointer<TestView> view = showTestView("view", &journal);
-    view->refuseClose = true;
-
-    ViewManager::removeView(view);
-
-    QVERIFY(!journal.contains(QStringLiteral("view asked")));
-    QVERIFY(documentArea()->subWindows().isEmpty());
-    QVERIFY(view); // destroyed later, not in the call
-    QTRY_VERIFY(!view);
-}
-
-void TestDocumentViews::removeViewNeitherReportsNorUpdates()
-{
-    TestView *view = showTestView("view");
-    int closed = 0;
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&closed] { ++closed; });
-
-    ViewManager::removeView(view);
-    const bool enabledAfterRemoving = closeAllAction()->isEnabled();
-    ViewManager::updateActions();
-
-    QVERIFY(enabledAfterRemoving);
-    QVERIFY(!closeAllAction()->isEnabled());
-    QCOMPARE(closed, 0);
-}
-
-void TestDocumentViews::removeViewOfAnotherLeavesTheCurrentOne()
-{
-    TestView *first = showTestView("first");
-    TestView *second = showTestView("second");
-
-    ViewManager::removeView(first);
-
-    QCOMPARE(ViewManager::currentView(), second);
-    QCOMPARE(second->activated, 1);
-    QCOMPARE(second->deactivated, 0);
-}
-
-void TestDocumentViews::removeViewOfTheCurrentOneMakesAnotherCurrent()
-{
-    QStringList journal;
-    TestView *first = showTestView("first", &journal);
-    TestView *second = showTestView("second", &journal);
-    journal.clear();
-
-    ViewManager::removeView(second);
-
-    QCOMPARE(journal, texts({"second deactivated", "first activated"}));
-    QCOMPARE(ViewManager::currentView(), first);
-}
-
-void TestDocumentViews::removeViewThatIsNotShown()
-{
-    TestView *shown = showTestView("shown");
-    TestView other(QStringLiteral("other"));
-    MessageRecorder log;
-
-    ViewManager::removeView(&other);
-
-    QCOMPARE(ViewManager::currentView(), shown);
-    QCOMPARE(log.lines(QtDebugMsg), QStringList{QStringLiteral("force remove view: ")
-                                                + logged(static_cast<IView *>(&other))});
-}
-
-void TestDocumentViews::removeNothingIsAnAssertion()
-{
-    MessageRecorder log;
-
-    ViewManager::removeView(nullptr);
-
-    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
-    QCOMPARE(log.messages().size(), 1);
-}
-
-void TestDocumentViews::closeAllViewsGoesFromTheMostRecent()
-{
-    QStringList journal;
-    TestView *first = showTestView("first", &journal);
-    showTestView("second", &journal);
-    showTestView("third", &journal);
-    ViewManager::showView(first);
-
-    QVERIFY(ViewManager::closeAllViews());
-
-    QCOMPARE(journal.filter(QStringLiteral("asked")),
-             texts({"first asked", "third asked", "second asked"}));
-    QVERIFY(documentArea()->subWindows().isEmpty());
-}
-
-void TestDocumentViews::closeAllViewsStopsAtARefusal()
-{
-    QStringList journal;
-    TestView *first = showTestView("first", &journal);
-    TestView *second = showTestView("second", &journal);
-    showTestView("third", &journal);
-    second->refuseClose = true;
-
-    QVERIFY(!ViewManager::closeAllViews());
-
-    QCOMPARE(journal.filter(QStringLiteral("asked")), texts({"third asked", "second asked"}));
-    QVERIFY(windowOf(first));
-    QVERIFY(windowOf(second));
-    QCOMPARE(documentArea()->subWindows().size(), 2);
-}
-
-void TestDocumentViews::closeAllViewsSkipsThoseKeptOpen()
-{
-    TestView *first = showTestView("first");
-    TestView *kept = showTestView("kept");
-    showTestView("third");
-    kept->keepOpen = true;
-    Q_UNUSED(first)
-
-    QVERIFY(ViewManager::closeAllViews());
-
-    QCOMPARE(kept->asked, 0);
-    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(kept)});
-}
-
-void TestDocumentViews::closeAllViewsClosesWindowsWithoutAView()
-{
-    auto *foreign = new Utils::MdiSubWindow;
-    foreign->setWidget(new QLabel);
-    documentArea()->addSubWindow(foreign);
-
-    QVERIFY(ViewManager::closeAllViews());
-
-    QVERIFY(documentArea()->subWindows().isEmpty());
-}
-
-void TestDocumentViews::closeAllViewsWithoutViews()
-{
-    MessageRecorder log;
-
-    QVERIFY(ViewManager::closeAllViews());
-
-    QCOMPARE(log.lines(QtDebugMsg), texts({"closing all views"}));
-}
-
-void TestDocumentViews::closeAllViewsWhileMinimised()
-{
-    m_core->show();
-    TestView *kept = showTestView("kept");
-    kept->keepOpen = true;
-    showTestView("second");
-    ViewManager::mainWindow()->showMinimized();
-    QTRY_VERIFY(ViewManager::mainWindow()->isMinimized());
-
-    QVERIFY(ViewManager::closeAllViews());
-
-    QCOMPARE(ViewManager::currentView(), kept);
-    QCOMPARE(closeAction()->text(), QStringLiteral("&Close \"kept\""));
-}
-
-void TestDocumentViews::closeAllCommandGoesInOrderOfShowing()
-{
-    QStringList journal;
-    TestView *first = showTestView("first", &journal);
-    showTestView("second", &journal);
-    showTestView("third", &journal);
-    ViewManager::showView(first);
-
-    closeAllAction()->trigger();
-
-    QCOMPARE(journal.filter(QStringLiteral("asked")),
-             texts({"first asked", "second asked", "third asked"}));
-    QVERIFY(documentArea()->subWindows().isEmpty());
-    QVERIFY(!closeAllAction()->isEnabled());
-}
-
-void TestDocumentViews::closeAllCommandMakesEachViewCurrentFirst()
-{
-    QStringList journal;
-    TestView *first = showTestView("first", &journal);
-    TestView *second = showTestView("second", &journal);
-    first->refuseClose = true;
-    second->refuseClose = true;
-    journal.clear();
-
-    closeAllAction()->trigger();
-
-    QCOMPARE(journal, texts({"second deactivated", "first activated", "first asked",
-                             "first deactivated", "second activated", "second asked"}));
-}
-
-void TestDocumentViews::closeAllCommandDoesNotStopAtARefusal()
-{
-    TestView *first = showTestView("first");
-    showTestView("second");
-    first->refuseClose = true;
-
-    closeAllAction()->trigger();
-
-    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
-    QVERIFY(closeAllAction()->isEnabled());
-}
-
-void TestDocumentViews::closeAllCommandClosesThoseKeptOpen()
-{
-    showTestView("kept")->keepOpen = true;
-
-    closeAllAction()->trigger();
-
-    QVERIFY(documentArea()->subWindows().isEmpty());
-}
-
-void TestDocumentViews::closeCommandClosesTheCurrentView()
-{
-    TestView *first = showTestView("first");
-    showTestView("second");
-
-    closeAction()->trigger();
-
-    QCOMPARE(documentArea()->subWindows(), QList<Utils::MdiSubWindow *>{windowOf(first)});
-    QCOMPARE(ViewManager::currentView(), first);
-}
-
-void TestDocumentViews::closeCommandWithoutAViewIsAnAssertion()
-{
-    MessageRecorder log;
-
-    ViewManager::instance()->onActClose();
-
-    QVERIFY(log.isOneAssertion(QStringLiteral("view")));
-}
-
 void TestDocumentViews::changeOfTheCurrentViewTellsOldThenNew()
 {
     QStringList journal;
@@ -894,22 +556,6 @@ void TestDocumentViews::closeAllIsEnabledWhileThereAreViews()
 
     ViewManager::closeView(second);
     QVERIFY(!closeAllAction()->isEnabled());
-}
-
-void TestDocumentViews::closedViewStillExistsWhenReported()
-{
-    const QPointer<TestView> view = showTestView("view");
-    QString title;
-    bool closeAllEnabled = true;
-    connect(ViewManager::instance(), &ViewManager::viewClosed, this, [&](IView *gone) {
-        title = gone->shortTitle();
-        closeAllEnabled = closeAllAction()->isEnabled();
-    });
-
-    ViewManager::closeView(view);
-
-    QCOMPARE(title, QStringLiteral("view"));
-    QVERIFY(!closeAllEnabled);
 }
 
 void TestDocumentViews::statusMessages()

@@ -22,6 +22,32 @@ MessageRecorder::~MessageRecorder()
     s_recorder = nullptr;
 }
 
+QStringList MessageRecorder::texts() const
+{
+    QStringList all;
+    for (const Message &message : m_messages)
+        all.append(message.text);
+    return all;
+}
+
+QStringList MessageRecorder::labelled() const
+{
+    QStringList all;
+    for (const Message &message : m_messages) {
+        const char *label = message.type == QtWarningMsg    ? "warning: "
+                            : message.type == QtCriticalMsg ? "critical: "
+                                                            : "other: ";
+        all.append(QLatin1String(label) + message.text);
+    }
+    return all;
+}
+
+QString MessageRecorder::only() const
+{
+    const QStringList all = labelled();
+    return all.size() == 1 ? all.constFirst() : QString();
+}
+
 QStringList MessageRecorder::lines(QtMsgType type) const
 {
     return lines(type, QString());

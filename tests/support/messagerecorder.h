@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_MESSAGERECORDER_H
-#define TESTS_IDECORE_SUPPORT_MESSAGERECORDER_H
+#ifndef TESTS_SUPPORT_MESSAGERECORDER_H
+#define TESTS_SUPPORT_MESSAGERECORDER_H
 
 #include <QDebug>
 #include <QList>
@@ -27,6 +27,12 @@ public:
     MessageRecorder &operator=(const MessageRecorder &) = delete;
 
     [[nodiscard]] const QList<Message> &messages() const { return m_messages; }
+    /// What they say, in order.
+    [[nodiscard]] QStringList texts() const;
+    /// The same with the level in front: "warning: text".
+    [[nodiscard]] QStringList labelled() const;
+    /// The one of labelled(); empty when there are none or several.
+    [[nodiscard]] QString only() const;
     /// The lines of that level, in order.
     [[nodiscard]] QStringList lines(QtMsgType type) const;
     /// Those of them that start with @p start.
@@ -53,4 +59,4 @@ QString logged(T *object)
     return text.trimmed();
 }
 
-#endif // TESTS_IDECORE_SUPPORT_MESSAGERECORDER_H
+#endif // TESTS_SUPPORT_MESSAGERECORDER_H
