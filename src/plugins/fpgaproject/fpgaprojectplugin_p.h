@@ -11,6 +11,9 @@
 
 namespace Fpga {
 
+class ProjectPanel;
+class SaveProjectAs;
+
 /// Offers FPGA projects to the core: the factory, the panel and the wizards.
 class FpgaProjectPlugin final : public ExtSys::IPlugin
 {
@@ -28,6 +31,9 @@ public:
 private:
     void offer(std::unique_ptr<QObject> object);
 
+    std::unique_ptr<SaveProjectAs> m_saveAs;
+    /// Owned by its dock.
+    ProjectPanel *m_panel = nullptr;
     /// What is in the pool, in the order in which it came there.
     std::vector<std::unique_ptr<QObject>> m_offered;
 };

@@ -226,14 +226,22 @@ bool ProjectDocument::setEnabled(const QString &path, bool enabled)
 
 bool ProjectDocument::renameFile(const QString &path, const QString &newPath)
 {
+    if (!moveFile(path, newPath))
+        return false;
+    FileEntry &entry = d->files[indexOf(newPath)];
+    // A kind that was chosen otherwise than by the name stays.
+    if (entry.kind == fileKindOf(path) && entry.foreignKind.isEmpty())
+        entry.kind = fileKindOf(newPath);
+    return true;
+}
+
+bool ProjectDocument::moveFile(const QString &path, const QString &newPath)
+{
     const int place = indexOf(path);
     if (place < 0)
         return false;
     FileEntry entry = d->files.at(place);
     entry.path = newPath;
-    // A kind that was chosen otherwise than by the name stays.
-    if (entry.kind == fileKindOf(path) && entry.foreignKind.isEmpty())
-        entry.kind = fileKindOf(newPath);
     if (!addFile(entry))
         return false;
     d->files.removeAt(indexOf(path));

@@ -136,6 +136,8 @@ public:
     /// Keeps what stands at the file; the kind follows the new name. The top
     /// module's file follows too. False when @p path is not there or @p newPath is.
     bool renameFile(const QString &path, const QString &newPath);
+    /// As renameFile(), but the kind stays.
+    bool moveFile(const QString &path, const QString &newPath);
 
 private:
     friend class ProjectReader;

@@ -26,7 +26,7 @@ bool isFile(int folder, const char *name)
 } // namespace
 
 FilePresence::FilePresence(const QString &folder, int asked)
-    : m_folder(QFile::encodeName(folder) + '/')
+    : m_folder(QFile::encodeName(folder).append('/'))
 {
     if (asked >= WORTH_LISTING) {
         m_names.reserve(asked);
@@ -56,7 +56,7 @@ bool FilePresence::contains(const QString &name) const
 {
     const QByteArray encoded = QFile::encodeName(name);
     return m_listed ? m_names.contains(encoded)
-                    : isFile(AT_FDCWD, (m_folder + encoded).constData());
+                    : isFile(AT_FDCWD, QByteArray(m_folder + encoded).constData());
 }
 
 } // namespace Fpga

@@ -52,6 +52,7 @@ void FileTreeModel::setProject(FpgaProject *project)
     if (project) {
         connect(project, &FpgaProject::filesChanged, this, &FileTreeModel::onFilesChanged);
         connect(project, &FpgaProject::settingsChanged, this, &FileTreeModel::onSettingsChanged);
+        connect(project, &QObject::destroyed, this, [this] { setProject(nullptr); });
     }
 }
 

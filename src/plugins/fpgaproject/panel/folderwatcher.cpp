@@ -163,7 +163,7 @@ void FolderWatcher::handleAt(const QString &folder, unsigned mask, const QString
     if (mask & (IN_DELETE_SELF | IN_MOVE_SELF))
         lose(folder);
     else if (comesOrGoes && node.children.contains(name))
-        lose(folder == QLatin1String("/") ? folder + name : folder + QLatin1Char('/') + name);
+        lose(QDir::cleanPath(folder + QLatin1Char('/') + name));
     else if (node.wanted && !name.isEmpty())
         m_files.insert({folder, name});
 }
@@ -171,7 +171,8 @@ void FolderWatcher::handleAt(const QString &folder, unsigned mask, const QString
 void FolderWatcher::lose(const QString &folder)
 {
     m_lost = true;
-    const QString below = folder == QLatin1String("/") ? folder : folder + QLatin1Char('/');
+    const QString below =
+        folder.endsWith(QLatin1Char('/')) ? folder : QString(folder + QLatin1Char('/'));
     for (auto it = m_nodes.begin(); it != m_nodes.end(); ++it) {
         if (it->wanted && (it.key() == folder || it.key().startsWith(below)))
             m_folders.insert(it.key());
