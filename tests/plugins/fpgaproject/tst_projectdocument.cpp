@@ -87,6 +87,9 @@ private Q_SLOTS:
     void theTopFollowsItsFile();
     void theTopGoesWithItsFile();
     void pathsAreReadClean();
+    void aListThatOnlyLooksLikeOneIsNone_data();
+    void aListThatOnlyLooksLikeOneIsNone();
+    void aFaultBehindTheListIsNamedWithItsLine();
     void aSavedFileIsReadBack();
     void aFailedSaveLeavesTheOldFile();
     void kindsFollowTheSuffix_data();
@@ -353,6 +356,60 @@ void TestProjectDocument::pathsAreReadClean()
         parsed("<P><Template>FPGA</Template><Files><File path='./a//b/../c.v'/></Files></P>");
 
     QCOMPARE(paths(document), QStringList(QStringLiteral("a/c.v")));
+}
+
+void TestProjectDocument::aListThatOnlyLooksLikeOneIsNone_data()
+{
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+    QTest::addColumn<QStringList>("files");
+    const QStringList all{QStringLiteral("pins.pcn"), QStringLiteral("rtl/old.vhd"),
+                          QStringLiteral("rtl/top.v")};
+    QTest::newRow("as it is written") << QByteArray() << QByteArray() << all;
+    QTest::newRow("in a comment") << QByteArray("    <Files>")
+                                  << QByteArray("    <!--\n    <Files>") << QStringList();
+    QTest::newRow("in another element")
+        << QByteArray("    <Files>") << QByteArray("    <Other>\n    <Files>") << QStringList();
+    QTest::newRow("with blanks at the end of a line")
+        << QByteArray("enabled=\"false\"/>") << QByteArray("enabled=\"false\"/>  ") << all;
+    QTest::newRow("with an escaped sign")
+        << QByteArray("path=\"pins.pcn\"") << QByteArray("path=\"&#112;ins.pcn\"") << all;
+    QTest::newRow("with a path to be cleaned")
+        << QByteArray("path=\"rtl/top.v\"") << QByteArray("path=\"./rtl//top.v\"") << all;
+    QTest::newRow("not in order") << QByteArray("path=\"pins.pcn\"") << QByteArray("path=\"z.pcn\"")
+                                  << QStringList({QStringLiteral("rtl/old.vhd"),
+                                                  QStringLiteral("rtl/top.v"),
+                                                  QStringLiteral("z.pcn")});
+    QTest::newRow("with one of them twice")
+        << QByteArray("path=\"rtl/old.vhd\"") << QByteArray("path=\"pins.pcn\"")
+        << QStringList({QStringLiteral("pins.pcn"), QStringLiteral("rtl/top.v")});
+}
+
+void TestProjectDocument::aListThatOnlyLooksLikeOneIsNone()
+{
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    QFETCH(QStringList, files);
+    QByteArray xml = BLINKY;
+    if (!from.isEmpty())
+        xml.replace(xml.indexOf(from), from.size(), to);
+    if (to.contains("<!--"))
+        xml.replace("    </Files>\n", "    </Files>\n-->\n");
+    if (to.contains("<Other>"))
+        xml.replace("    </Files>\n", "    </Files>\n    </Other>\n");
+
+    QCOMPARE(paths(parsed(xml)), files);
+}
+
+void TestProjectDocument::aFaultBehindTheListIsNamedWithItsLine()
+{
+    QByteArray xml = BLINKY;
+    xml.replace("</Project>", "<Name>again</Name></Project>");
+    ReadError error;
+
+    QVERIFY(!ProjectDocument::parse(xml, NAME, &error));
+
+    QCOMPARE(error.line, 12);
 }
 
 void TestProjectDocument::aSavedFileIsReadBack()

@@ -57,6 +57,15 @@ QString fileKindName(FileKind kind)
     return QString::fromLatin1(row(kind).name);
 }
 
+std::optional<FileKind> fileKindNamed(QLatin1String name)
+{
+    for (const KindRow &row : KINDS) {
+        if (name == QLatin1String(row.name))
+            return row.kind;
+    }
+    return std::nullopt;
+}
+
 std::optional<FileKind> fileKindNamed(const QStringRef &name)
 {
     for (const KindRow &row : KINDS) {

@@ -30,6 +30,7 @@ FPGAPROJECT_EXPORT QList<FileKind> allFileKinds();
 FPGAPROJECT_EXPORT QString fileKindName(FileKind kind);
 /// Nothing for a name that no kind has.
 FPGAPROJECT_EXPORT std::optional<FileKind> fileKindNamed(const QStringRef &name);
+FPGAPROJECT_EXPORT std::optional<FileKind> fileKindNamed(QLatin1String name);
 /// What a user reads over the files of that kind.
 FPGAPROJECT_EXPORT QString fileKindTitle(FileKind kind);
 /// The kind a file of that name most likely is. The name alone decides, so that a

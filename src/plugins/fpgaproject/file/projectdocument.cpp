@@ -3,6 +3,7 @@
 
 #include <fpgaproject/file/projectdocument_p.h>
 
+#include <fpgaproject/file/filelistscanner_p.h>
 #include <fpgaproject/file/projectreader_p.h>
 #include <fpgaproject/file/projectwriter_p.h>
 
@@ -92,6 +93,15 @@ std::optional<ProjectDocument> ProjectDocument::read(const QString &fileName, Re
 std::optional<ProjectDocument> ProjectDocument::parse(const QByteArray &contents,
                                                       const QString &fileName, ReadError *error)
 {
+    const FileListScanner list(contents);
+    if (list.found()) {
+        ProjectDocument document;
+        ProjectReader reader(list.rest(), document.d.data());
+        reader.setFiles(list.files(), list.line());
+        if (reader.read() && reader.listMet())
+            return document;
+    }
+    // What is wrong is found, and said, by reading it whole.
     ProjectDocument document;
     ProjectReader reader(contents, document.d.data());
     if (reader.read())

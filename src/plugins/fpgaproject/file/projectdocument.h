@@ -68,6 +68,13 @@ struct FileEntry
     }
 };
 
+} // namespace Fpga
+
+// Ten thousand of them in a vector are moved as they lie.
+Q_DECLARE_TYPEINFO(Fpga::FileEntry, Q_MOVABLE_TYPE);
+
+namespace Fpga {
+
 /// Why a project file could not be read.
 struct ReadError
 {

@@ -31,6 +31,14 @@ ProjectReader::ProjectReader(const QByteArray &contents, ProjectDocument::Data *
     m_xml.setNamespaceProcessing(false);
 }
 
+void ProjectReader::setFiles(const QVector<FileEntry> &files, int listLine)
+{
+    m_data->files = files;
+    for (FileEntry &entry : m_data->files)
+        entry.path = checkedPath(entry.path);
+    m_listLine = listLine;
+}
+
 bool ProjectReader::read()
 {
     QVector<XmlNode> before;
@@ -129,6 +137,8 @@ void ProjectReader::readTop()
 void ProjectReader::readFiles()
 {
     keepAttributes(&m_data->filesExtras, {});
+    const bool scanned = m_listLine > 0 && int(m_xml.lineNumber()) == m_listLine;
+    const int files = m_data->files.size();
     QVector<XmlNode> before;
     while (!failed() && next() != QXmlStreamReader::EndElement) {
         if (!m_xml.isStartElement()) {
@@ -151,6 +161,12 @@ void ProjectReader::readFiles()
     }
     m_data->filesExtras.children += before;
 
+    m_listMet = scanned && m_data->files.size() == files && m_data->filesExtras.children.isEmpty();
+    sortFiles();
+}
+
+void ProjectReader::sortFiles()
+{
     QVector<FileEntry> &files = m_data->files;
     const auto byPath = [](const FileEntry &a, const FileEntry &b) { return a.path < b.path; };
     if (!std::is_sorted(files.cbegin(), files.cend(), byPath))
@@ -194,20 +210,23 @@ void ProjectReader::readFile()
     keepRest(&extras);
     if (!extras.isEmpty())
         entry.extras = std::make_shared<const XmlExtras>(std::move(extras));
-    m_data->files.append(entry);
+    m_data->files.append(std::move(entry));
 }
 
 QString ProjectReader::checkedPath(const QString &path)
 {
-    if (path.contains(QChar::Null))
-        return {};
     // Most paths are clean, and cleaning costs.
-    if (path.contains(QLatin1String("./")) || path.contains(QLatin1String("//"))
-        || path.endsWith(QLatin1Char('.')) || path.endsWith(QLatin1Char('/'))) {
-        const QString clean = QDir::cleanPath(path);
-        return clean == QLatin1String(".") ? QString() : clean;
+    bool clean = true;
+    QChar before = QLatin1Char('/');
+    for (const QChar c : path) {
+        const bool slash = c == QLatin1Char('/');
+        clean = clean && !(slash && (before == QLatin1Char('/') || before == QLatin1Char('.')));
+        before = c;
     }
-    return path;
+    if (clean && before != QLatin1Char('.') && before != QLatin1Char('/'))
+        return path;
+    const QString cleaned = QDir::cleanPath(path);
+    return cleaned == QLatin1String(".") ? QString() : cleaned;
 }
 
 QString ProjectReader::readText(XmlExtras *extras)

@@ -21,6 +21,11 @@ class ProjectReader final
 public:
     ProjectReader(const QByteArray &contents, ProjectDocument::Data *data);
 
+    /// The files that a scanner has taken out of the list in line @p listLine.
+    /// listMet() tells afterwards whether the list was there, and empty.
+    void setFiles(const QVector<FileEntry> &files, int listLine);
+    [[nodiscard]] bool listMet() const { return m_listMet; }
+
     bool read();
     [[nodiscard]] int errorLine() const { return m_errorLine; }
     [[nodiscard]] QString errorReason() const { return m_errorReason; }
@@ -29,6 +34,7 @@ private:
     void readRoot();
     void readFiles();
     void readFile();
+    void sortFiles();
     void readDevice();
     void readTop();
     /// The text of a leaf; other elements in it go to @p extras.
@@ -40,16 +46,18 @@ private:
     /// The comment or instruction just met; nothing for a blank.
     void keepToken(QVector<XmlNode> *nodes);
     QXmlStreamReader::TokenType next();
+    /// The path as the project keeps it; empty when the file is no use.
+    static QString checkedPath(const QString &path);
     bool takeOnce(const char *name);
     void fail(const QString &reason);
-    /// The path as the project keeps it; empty when the file is no use.
-    QString checkedPath(const QString &path);
     bool failed() const { return !m_errorReason.isNull() || m_xml.hasError(); }
 
     QXmlStreamReader m_xml;
     ProjectDocument::Data *const m_data;
     QSet<QByteArray> m_met;
     int m_nodes = 0;
+    int m_listLine = 0;
+    bool m_listMet = false;
     int m_errorLine = 0;
     QString m_errorReason;
 };

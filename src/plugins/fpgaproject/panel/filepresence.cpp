@@ -29,7 +29,6 @@ FilePresence::FilePresence(const QString &folder, int asked)
     : m_folder(QFile::encodeName(folder).append('/'))
 {
     if (asked >= WORTH_LISTING) {
-        m_names.reserve(asked);
         m_listed = list();
     }
 }
@@ -43,11 +42,21 @@ bool FilePresence::list()
     const std::unique_ptr<DIR, Closer> directory(opendir(m_folder.constData()));
     if (!directory)
         return false;
+    std::vector<std::size_t> ends;
     while (const dirent *entry = readdir(directory.get())) {
         // What a link leads to is only known when it is followed.
         const bool sure = entry->d_type != DT_LNK && entry->d_type != DT_UNKNOWN;
         if (sure ? entry->d_type != DT_DIR : isFile(dirfd(directory.get()), entry->d_name))
-            m_names.insert(entry->d_name);
+            m_text.insert(m_text.end(), entry->d_name, entry->d_name + qstrlen(entry->d_name));
+        if (ends.empty() ? !m_text.empty() : m_text.size() > ends.back())
+            ends.push_back(m_text.size());
+    }
+    // Only now, because the text has moved while it grew.
+    m_names.reserve(ends.size());
+    std::size_t start = 0;
+    for (const std::size_t end : ends) {
+        m_names.insert(std::string_view(m_text.data() + start, end - start));
+        start = end;
     }
     return true;
 }
@@ -55,7 +64,7 @@ bool FilePresence::list()
 bool FilePresence::contains(const QString &name) const
 {
     const QByteArray encoded = QFile::encodeName(name);
-    return m_listed ? m_names.contains(encoded)
+    return m_listed ? m_names.count({encoded.constData(), std::size_t(encoded.size())}) > 0
                     : isFile(AT_FDCWD, QByteArray(m_folder + encoded).constData());
 }
 

@@ -5,8 +5,11 @@
 #define FPGAPROJECT_PANEL_FILEPRESENCE_P_H
 
 #include <QByteArray>
-#include <QSet>
 #include <QString>
+
+#include <string_view>
+#include <unordered_set>
+#include <vector>
 
 namespace Fpga {
 
@@ -17,6 +20,7 @@ public:
     /// @p asked is how many files will be asked for, roughly: for many the folder
     /// is listed once.
     FilePresence(const QString &folder, int asked);
+    FilePresence(FilePresence &&other) = default;
 
     [[nodiscard]] bool contains(const QString &name) const;
 
@@ -25,7 +29,9 @@ private:
 
     QByteArray m_folder;
     bool m_listed = false;
-    QSet<QByteArray> m_names;
+    /// All names, one behind the other, and where each is.
+    std::vector<char> m_text;
+    std::unordered_set<std::string_view> m_names;
 };
 
 } // namespace Fpga

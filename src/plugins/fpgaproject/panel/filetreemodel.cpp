@@ -83,8 +83,11 @@ void FileTreeModel::fill()
         QVector<Row> &ofKind = rows[int(kind)];
         if (ofKind.isEmpty())
             continue;
-        for (Row &row : ofKind)
-            row.missing = !presence.at(std::size_t(row.folder)).contains(row.path.mid(row.name));
+        for (Row &row : ofKind) {
+            const QString name =
+                QString::fromRawData(row.path.constData() + row.name, row.path.size() - row.name);
+            row.missing = !presence.at(std::size_t(row.folder)).contains(name);
+        }
         m_groups.append({kind, std::move(ofKind)});
     }
 }
