@@ -78,6 +78,7 @@ class TestNewFile : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void theFileNameFollowsTheModule();
+    void typingBeginsInTheName();
     void anOwnFileNameStays();
     void withoutANameNothingCanBeMade();
     void aBadNameIsSaid();
@@ -105,6 +106,15 @@ void TestNewFile::theFileNameFollowsTheModule()
 
     QCOMPARE(edit(dialog, "editFileName")->text(), named("top.sv"));
     QCOMPARE(dialog.filePath(), named("/d/top.sv"));
+}
+
+void TestNewFile::typingBeginsInTheName()
+{
+    const NewFileDialog source(FileKind::Verilog, named("/d"));
+    const NewFileDialog constraints(FileKind::TimingConstraint, named("/d"));
+
+    QCOMPARE(source.focusWidget(), edit(source, "editName"));
+    QCOMPARE(constraints.focusWidget(), edit(constraints, "editFileName"));
 }
 
 void TestNewFile::anOwnFileNameStays()

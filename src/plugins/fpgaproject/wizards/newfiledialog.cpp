@@ -67,6 +67,7 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
     m_error->setObjectName(QStringLiteral("labelErrMsg"));
     m_error->setTextFormat(Qt::PlainText);
     m_error->setWordWrap(true);
+    m_error->setStyleSheet(QStringLiteral("QLabel { color : red; }"));
     auto *const browseButton = new QPushButton(tr("Browse..."), this);
     browseButton->setObjectName(QStringLiteral("btnBrowse"));
     browseButton->setAutoDefault(false);
@@ -74,6 +75,7 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
     auto *const form = new QFormLayout(this);
     if (isSource(kind)) {
         m_name = new QLineEdit(this);
+        setTabOrder(m_name, m_fileName);
         m_name->setObjectName(QStringLiteral("editName"));
         form->addRow(kind == FileKind::Vhdl ? tr("&Entity name:") : tr("&Module name:"), m_name);
         connect(m_name, &QLineEdit::textEdited, this, &NewFileDialog::onNameEdited);
@@ -106,6 +108,9 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
         m_fileName->setText(kind == FileKind::TimingConstraint ? QStringLiteral("timing.sdc")
                                                                : QStringLiteral("pins.pcn"));
     }
+    setTabOrder(m_fileName, m_directory);
+    setTabOrder(m_directory, browseButton);
+    (m_name ? m_name : m_fileName)->setFocus();
     resize(640, isSource(kind) ? 560 : 380);
     update();
 }

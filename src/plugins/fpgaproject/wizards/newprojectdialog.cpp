@@ -24,7 +24,7 @@ NewProjectDialog::NewProjectDialog(const QString &folder, const QVector<DEV::Dev
     addPage(m_place);
     addPage(m_device);
     addPage(new SummaryPage);
-    resize(820, 520);
+    resize(1000, 560);
 }
 
 NewProjectDialog::~NewProjectDialog() = default;

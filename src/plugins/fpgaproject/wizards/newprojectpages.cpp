@@ -42,6 +42,7 @@ PlacePage::PlacePage(const QString &folder, QWidget *parent)
         label->setWordWrap(true);
     }
     m_error->setObjectName(QStringLiteral("labelErrMsg"));
+    m_error->setStyleSheet(QStringLiteral("QLabel { color : red; }"));
     m_path->setForegroundRole(QPalette::PlaceholderText);
 
     auto *const form = new QFormLayout(this);

@@ -37,7 +37,6 @@ private:
     QLineEdit *const m_folder;
     QLabel *const m_path;
     QLabel *const m_error;
-    bool m_begun = false;
 };
 
 /// The device, from a table.
