@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFile>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
@@ -108,6 +109,8 @@ private Q_SLOTS:
     void withoutAProjectItSaysSo();
     void aProjectThatGoesLeavesItEmpty();
     void itShowsNameDeviceAndTop();
+    void whatOthersWriteToTheProjectFileIsShown();
+    void aProjectFileBrokenByOthersLeavesThePanelAsItIs();
     void kindsStandOpen();
     void enterOpensTheSelectedFiles();
     void aDoubleClickOpensTheFile();
@@ -178,6 +181,33 @@ void TestProjectPanel::itShowsNameDeviceAndTop()
 
     QCOMPARE(shown.label("labelTop"), named("core"));
     QCOMPARE(shown.label("labelDevice"), named("iCE40HX8K-CT256"));
+}
+
+void TestProjectPanel::whatOthersWriteToTheProjectFileIsShown()
+{
+    Shown shown({named("a.v"), named("b.v")});
+    FpgaProject other;
+    QVERIFY(other.open(shown.folder.project()));
+
+    QVERIFY(other.removeFiles({named("a.v")}));
+    QVERIFY(other.setTop({named("core"), named("b.v")}));
+
+    QTRY_VERIFY_WITH_TIMEOUT(!shown.index("a.v").isValid(), 1000);
+    QTRY_COMPARE_WITH_TIMEOUT(shown.label("labelTop"), named("core"), 1000);
+}
+
+void TestProjectPanel::aProjectFileBrokenByOthersLeavesThePanelAsItIs()
+{
+    const Shown shown({named("a.v")});
+    const QString marker = shown.folder.put(named("a.v"), "later\n");
+
+    shown.folder.put(named("p.kprj"), "<<<<<<< mine");
+    // The watchers have told of both when the file that was removed last is missing.
+    QVERIFY(QFile::remove(marker));
+
+    QTRY_VERIFY(shown.index("a.v").data(FileTreeModel::MissingRole).toBool());
+    QVERIFY(shown.index("a.v").isValid());
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void TestProjectPanel::kindsStandOpen()

@@ -7,6 +7,7 @@
 #include <fpgaproject/panel/fileactions_p.h>
 #include <fpgaproject/panel/filetreemodel_p.h>
 #include <fpgaproject/panel/filetreeview_p.h>
+#include <fpgaproject/panel/folderwatcher_p.h>
 #include <fpgaproject/panel/projectheader_p.h>
 #include <fpgaproject/project/fpgaproject.h>
 #include <idecore/views/viewmanager.h>
@@ -24,6 +25,7 @@ ProjectPanel::ProjectPanel(QWidget *parent)
     , m_view(new FileTreeView(this))
     , m_header(new ProjectHeader(this))
     , m_pages(new QStackedLayout(this))
+    , m_watcher(new FolderWatcher(this))
 {
     setWindowTitle(tr("Project"));
     setAutoFillBackground(true);
@@ -46,6 +48,7 @@ ProjectPanel::ProjectPanel(QWidget *parent)
     m_pages->addWidget(createEmptyPage());
     m_pages->addWidget(page);
     setFocusProxy(m_view);
+    connect(m_watcher, &FolderWatcher::fileTouched, this, &ProjectPanel::onFileTouched);
     Core::ViewManager::registerContext(this, QLatin1String(Constants::C_PROJECTPANEL));
 }
 
@@ -97,7 +100,18 @@ void ProjectPanel::setProject(Core::IProject *project)
         updateHeader();
         m_view->setCurrentIndex(m_model->index(0, 0));
     }
+    m_watcher->setFolders(m_project ? QStringList(m_project->projectDir()) : QStringList());
     m_pages->setCurrentIndex(m_project ? 1 : 0);
+}
+
+void ProjectPanel::onFileTouched(const QString &folder, const QString &name)
+{
+    if (!m_project || QString(folder + QLatin1Char('/') + name) != m_project->fileName())
+        return;
+    // What cannot be read, perhaps because it is just being written, leaves the
+    // project as it is; the next change to it says why.
+    ReadError error;
+    m_project->reload(&error);
 }
 
 void ProjectPanel::updateHeader()

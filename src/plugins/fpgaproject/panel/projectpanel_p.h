@@ -20,6 +20,7 @@ namespace Fpga {
 class FileActions;
 class FileTreeModel;
 class FileTreeView;
+class FolderWatcher;
 class FpgaProject;
 class ProjectHeader;
 
@@ -41,6 +42,7 @@ public:
 
 private:
     void updateHeader();
+    void onFileTouched(const QString &folder, const QString &name);
     QWidget *createEmptyPage();
 
     QPointer<FpgaProject> m_project;
@@ -49,6 +51,8 @@ private:
     FileActions *m_actions = nullptr;
     ProjectHeader *const m_header;
     QStackedLayout *const m_pages;
+    /// Of the project file, which others may write, too.
+    FolderWatcher *const m_watcher;
 };
 
 } // namespace Fpga
