@@ -24,8 +24,6 @@ configure_file(${PROJECT_SOURCE_DIR}/packaging/kelmo-fpga-designer.desktop.in
     ${PROJECT_BINARY_DIR}/packaging/kelmo-fpga-designer.desktop @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/packaging/kelmo-fpga-designer.desktop
     DESTINATION share/applications)
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/kelmo-fpga-designer.svg
-    DESTINATION share/icons/hicolor/scalable/apps)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSES/LGPL-2.1-or-later.txt
     DESTINATION share/doc/kelmo-fpga-designer)
 

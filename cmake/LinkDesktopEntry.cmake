@@ -2,12 +2,14 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 #
 # Run by CPack on what is about to be packed: desktops find the entry and the
-# icon where they look for them, a shell finds the program.
+# icons where they look for them, a shell finds the program.
 
 set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+set(installed ${root}${CPACK_PACKAGING_INSTALL_PREFIX})
+file(GLOB_RECURSE icons RELATIVE ${installed} ${installed}/share/icons/*)
 foreach(file
         share/applications/kelmo-fpga-designer.desktop
-        share/icons/hicolor/scalable/apps/kelmo-fpga-designer.svg
+        ${icons}
         bin/kelmo-designer)
     get_filename_component(folder ${root}/usr/${file} DIRECTORY)
     file(MAKE_DIRECTORY ${folder})

@@ -14,32 +14,56 @@ namespace {
 /// them with one or two dashes.
 struct QtOption
 {
+    enum Value {
+        None,
+        Next,
+        /// In the next argument or, in the same one, behind a "=".
+        NextOrJoined
+    };
+
     const char *name;
-    bool hasValue;
+    Value value;
 };
 
 constexpr QtOption qtOptions[] = {
-    {"platform", true},        {"platformpluginpath", true},
-    {"platformtheme", true},   {"plugin", true},
-    {"qwindowgeometry", true}, {"geometry", true},
-    {"qwindowicon", true},     {"icon", true},
-    {"qwindowtitle", true},    {"title", true},
-    {"display", true},         {"name", true},
-    {"session", true},         {"style", true},
-    {"stylesheet", true},      {"qmljsdebugger", true},
-    {"reverse", false},        {"widgetcount", false},
-    {"nograb", false},         {"dograb", false},
-    {"sync", false},
+    {"platform", QtOption::Next},
+    {"platformpluginpath", QtOption::Next},
+    {"platformtheme", QtOption::Next},
+    {"plugin", QtOption::Next},
+    {"qwindowgeometry", QtOption::Next},
+    {"geometry", QtOption::Next},
+    {"qwindowicon", QtOption::Next},
+    {"icon", QtOption::Next},
+    {"qwindowtitle", QtOption::Next},
+    {"title", QtOption::Next},
+    {"display", QtOption::Next},
+    {"name", QtOption::Next},
+    {"visual", QtOption::Next},
+    {"session", QtOption::Next},
+    {"style", QtOption::NextOrJoined},
+    {"stylesheet", QtOption::NextOrJoined},
+    {"qmljsdebugger", QtOption::NextOrJoined},
+    {"reverse", QtOption::None},
+    {"widgetcount", QtOption::None},
+    {"nograb", QtOption::None},
+    {"dograb", QtOption::None},
 };
 
-const QtOption *findQtOption(const QString &argument)
+/// How many arguments, from @p argument on, are an option for Qt; 0 where it is
+/// not one of Qt's.
+int qtArguments(const QString &argument)
 {
-    const QString name = argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
-    const auto *const it =
-        std::find_if(std::begin(qtOptions), std::end(qtOptions), [&name](const QtOption &option) {
-            return name == QLatin1String(option.name);
-        });
-    return it == std::end(qtOptions) ? nullptr : it;
+    const QString option = argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
+    const int equals = option.indexOf(QLatin1Char('='));
+    const QStringRef name = option.leftRef(equals);
+    const auto *const known =
+        std::find_if(std::begin(qtOptions), std::end(qtOptions),
+                     [&name](const QtOption &o) { return name == QLatin1String(o.name); });
+    if (known == std::end(qtOptions))
+        return 0;
+    if (equals >= 0)
+        return known->value == QtOption::NextOrJoined ? 1 : 0;
+    return known->value == QtOption::None ? 1 : 2;
 }
 
 } // namespace
@@ -61,8 +85,8 @@ CommandLine::CommandLine(const QStringList &arguments)
             // with its path and without a word.
             hasProject = hasProject || (place == 0 && hasNext && argument == projectOption);
             ++i;
-        } else if (const QtOption *option = findQtOption(argument)) {
-            i += option->hasValue ? 1 : 0;
+        } else if (const int taken = qtArguments(argument)) {
+            i += taken - 1;
             continue; // The application object removes it: it takes no place.
         } else {
             readOption(argument, arguments, &i);

@@ -67,7 +67,7 @@ int main(int argc, char **argv)
 
     Host::turnGlOff();
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QGuiApplication::setDesktopFileName(QStringLiteral("kelmo-designer"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("kelmo-fpga-designer"));
     const QApplication application(argc, argv);
     Translations::install(QCoreApplication::applicationDirPath()
                           + QStringLiteral("/../share/translations"));

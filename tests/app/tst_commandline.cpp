@@ -29,6 +29,7 @@ private Q_SLOTS:
     void filesAreMadeAbsolute();
     void aProjectInFirstPlaceIsNoFile();
     void aProjectMayBeFollowedByOptionsAndFiles();
+    void windowOptionsTakeNoPlace_data();
     void windowOptionsTakeNoPlace();
     void aProjectElsewhereIsPassedOverSilently_data();
     void aProjectElsewhereIsPassedOverSilently();
@@ -124,9 +125,20 @@ void TestCommandLine::aProjectMayBeFollowedByOptionsAndFiles()
     QCOMPARE(line.files, QStringList{absolute("b.v")});
 }
 
+void TestCommandLine::windowOptionsTakeNoPlace_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::newRow("value apart") << QStringLiteral("-platform offscreen");
+    QTest::newRow("value joined") << QStringLiteral("-style=fusion");
+    QTest::newRow("no value") << QStringLiteral("-reverse");
+}
+
 void TestCommandLine::windowOptionsTakeNoPlace()
 {
-    const CommandLine line = parsed("-platform offscreen -prj a.kprj");
+    QFETCH(const QString, option);
+
+    const CommandLine line =
+        parsed((option + QStringLiteral(" -prj a.kprj")).toLatin1().constData());
 
     QVERIFY(line.hasProject);
     QVERIFY(line.files.isEmpty());
@@ -158,6 +170,10 @@ void TestCommandLine::unknownOptionsAreNamed_data()
     QTest::newRow("short") << QStringLiteral("-x");
     QTest::newRow("in capitals") << QStringLiteral("--HELP");
     QTest::newRow("with a value") << QStringLiteral("--verbose=1");
+    // Qt would leave these in place.
+    QTest::newRow("window option whose value is apart") << QStringLiteral("-platform=xcb");
+    QTest::newRow("window option without a value") << QStringLiteral("-reverse=1");
+    QTest::newRow("longer than a window option") << QStringLiteral("-styles=fusion");
 }
 
 void TestCommandLine::unknownOptionsAreNamed()
@@ -177,6 +193,11 @@ void TestCommandLine::windowOptionsArePassedOver_data()
     QTest::addColumn<QString>("text");
     QTest::newRow("with a value") << QStringLiteral("-platform xcb");
     QTest::newRow("two dashes") << QStringLiteral("--style fusion");
+    QTest::newRow("style joined") << QStringLiteral("-style=fusion");
+    QTest::newRow("two dashes joined") << QStringLiteral("--style=fusion");
+    QTest::newRow("style sheet joined") << QStringLiteral("-stylesheet=a=b.qss");
+    QTest::newRow("debugger joined") << QStringLiteral("-qmljsdebugger=port:1");
+    QTest::newRow("visual") << QStringLiteral("-visual 33");
     QTest::newRow("session manager") << QStringLiteral("-session 1_2");
     QTest::newRow("without a value") << QStringLiteral("-reverse");
 }

@@ -282,8 +282,8 @@ void TestHost::theCoreSeesTheProjectInFirstPlace()
 {
     HostProcess host;
 
-    host.start({text("-platform"), text("offscreen"), text("-prj"), text("p.kprj"),
-                text("--verbose"), text("/tmp/a.v")});
+    host.start({text("-platform"), text("offscreen"), text("-style=fusion"), text("-prj"),
+                text("p.kprj"), text("--verbose"), text("/tmp/a.v")});
 
     QVERIFY(host.waitForLine(text("open /tmp/a.v")));
     QVERIFY(host.output().contains(text("arguments -prj|p.kprj|--verbose|/tmp/a.v")));

@@ -22,6 +22,9 @@ MdiArea::MdiArea(QWidget *parent)
     : QMdiArea(parent)
     , d(std::make_unique<Private>(this))
 {
+    // By the name that the signals have it under, so that these can be queued and
+    // recorded.
+    qRegisterMetaType<MdiSubWindow *>("Utils::MdiSubWindow*");
     d->setUp();
     // How a document is shown is decided here, for the one that is current.
     setOption(DontMaximizeSubWindowOnActivation);

@@ -19,6 +19,9 @@ public:
 
     /// A new editor that has not opened a file yet; the caller owns it.
     [[nodiscard]] virtual AbstractTextEditor *createEditor() = 0;
+    /// The settings of the core are about to go: they are followed no more until
+    /// the next createEditor().
+    virtual void stop() = 0;
 };
 
 } // namespace TextEditor

@@ -46,7 +46,12 @@ EditorFactory::EditorFactory(const QString &enginePath, QObject *parent)
 {
 }
 
-EditorFactory::~EditorFactory() = default;
+EditorFactory::~EditorFactory()
+{
+    // It stays loaded, and the core does not.
+    if (m_engine)
+        m_engine->stop();
+}
 
 QString EditorFactory::id() const
 {

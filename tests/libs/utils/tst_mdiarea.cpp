@@ -84,6 +84,31 @@ private Q_SLOTS:
         QCOMPARE(f.currents, Titles{QStringLiteral("a")});
     }
 
+    void reportsCanBeQueuedByName()
+    {
+        AreaFixture f;
+        QSignalSpy current(f.area, SIGNAL(currentWindowChanged(Utils::MdiSubWindow *)));
+        QSignalSpy closed(f.area, SIGNAL(windowClosed(Utils::MdiSubWindow *)));
+        MdiSubWindow *window = AreaFixture::windowOf(f.open(QStringLiteral("a")));
+        f.area->closeCurrent();
+        QCOMPARE(current.first().first().value<MdiSubWindow *>(), window);
+        QCOMPARE(closed.first().first().value<MdiSubWindow *>(), window);
+    }
+
+    void shortTitleIsToldOnlyWhenItIsNew()
+    {
+        MdiSubWindow window;
+        window.setShortTitle(QStringLiteral("a"));
+        const QSignalSpy title(&window, &MdiSubWindow::shortTitleChanged);
+        const QSignalSpy appearance(&window, &MdiSubWindow::appearanceChanged);
+        window.setShortTitle(QStringLiteral("a"));
+        QCOMPARE(title.count(), 0);
+        QCOMPARE(appearance.count(), 0);
+        window.setShortTitle(QStringLiteral("b"));
+        QCOMPARE(title, (QList<QVariantList>{{QStringLiteral("b")}}));
+        QCOMPARE(appearance.count(), 1);
+    }
+
     void addedTwiceIsMadeCurrentOnly()
     {
         AreaFixture f;

@@ -67,6 +67,8 @@ private Q_SLOTS:
     void modifiedStateIsTold();
     void goToLineIsOneBasedAndStaysInside_data();
     void goToLineIsOneBasedAndStaysInside();
+    void goToLineStaysInsideTheLine_data();
+    void goToLineStaysInsideTheLine();
     void refusedFileIsTold_data();
     void refusedFileIsTold();
     void unmodifiedEditorClosesUnasked();
@@ -132,6 +134,32 @@ void TestEngineEditor::goToLineIsOneBasedAndStaysInside()
     editor->goToLine(line, 1);
 
     QTEST(editor->currentLine(), "reached");
+}
+
+void TestEngineEditor::goToLineStaysInsideTheLine_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("first") << 1 << QStringLiteral("a\nXbcd\n");
+    QTest::newRow("second") << 2 << QStringLiteral("a\nbXcd\n");
+    QTest::newRow("end") << 4 << QStringLiteral("a\nbcdX\n");
+    QTest::newRow("beyond the end") << 99 << QStringLiteral("a\nbcdX\n");
+    QTest::newRow("zero") << 0 << QStringLiteral("a\nXbcd\n");
+    QTest::newRow("negative") << -5 << QStringLiteral("a\nXbcd\n");
+}
+
+void TestEngineEditor::goToLineStaysInsideTheLine()
+{
+    QFETCH(int, column);
+    TextEditorFixture fixture;
+    AbstractTextEditor *const editor = fixture.open(QStringLiteral("a.txt"), "a\nbcd\n");
+    QVERIFY(editor);
+
+    editor->goToLine(2, column);
+    TextEditorFixture::type(editor, QStringLiteral("X"));
+
+    QTEST(TextEditorFixture::text(editor), "text");
 }
 
 void TestEngineEditor::refusedFileIsTold_data()

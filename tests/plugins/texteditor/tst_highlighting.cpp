@@ -1,16 +1,13 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "ktexteditoraccess.h"
 #include "texteditorfixture.h"
 
 #include <texteditor/abstracttexteditor.h>
 
-#include <KTextEditor/Document>
-#include <KTextEditor/Editor>
-
 #include <QAction>
 #include <QTest>
-#include <QUrl>
 
 using TextEditor::AbstractTextEditor;
 
@@ -19,12 +16,8 @@ namespace {
 /// The highlighting of @p editor by its name.
 QString highlighting(const AbstractTextEditor *editor)
 {
-    const QList<KTextEditor::Document *> documents = KTextEditor::Editor::instance()->documents();
-    for (const KTextEditor::Document *document : documents) {
-        if (document->url() == QUrl::fromLocalFile(editor->fileName()))
-            return document->highlightingMode();
-    }
-    return QStringLiteral("no such document");
+    const KTextEditor::Document *const document = documentIn(editor);
+    return document ? document->highlightingMode() : QStringLiteral("no such document");
 }
 
 } // namespace
@@ -47,7 +40,7 @@ void TestHighlighting::followsTheName_data()
     QTest::addColumn<QString>("expected");
 
     const QString tcl = QStringLiteral("Tcl/Tk");
-    for (const char *suffix : {"sdc", "fdc", "adc", "xdc", "pcf", "SDC", "tcl"})
+    for (const char *suffix : {"sdc", "fdc", "adc", "ksc", "pcn", "xdc", "pcf", "SDC", "tcl"})
         QTest::newRow(suffix) << QStringLiteral("top.") + QLatin1String(suffix) << tcl;
     QTest::newRow("Verilog") << QStringLiteral("top.v") << QStringLiteral("Verilog");
     QTest::newRow("SystemVerilog") << QStringLiteral("top.sv") << QStringLiteral("SystemVerilog");

@@ -149,6 +149,9 @@ using private_impl::EditorManagerPrivate;
 
 EditorManager::EditorManager()
 {
+    // By the name that currentEditorChanged() has it under, so that the signal can
+    // be queued and recorded.
+    qRegisterMetaType<IEditor *>("Core::IEditor*");
     m_instance = this;
     d = new EditorManagerPrivate;
 }

@@ -18,6 +18,7 @@ public:
     ~MagicRuleMatcher() override;
 
     [[nodiscard]] QList<MagicRulePtr> rules() const { return m_rules; }
+    /// Nothing for a null pointer.
     void add(const MagicRulePtr &rule);
 
     [[nodiscard]] bool matches(const QByteArray &data) const override;

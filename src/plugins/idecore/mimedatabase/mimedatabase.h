@@ -27,8 +27,9 @@ class MimeDatabasePrivate;
 
 /// All types of files the program knows.
 ///
-/// Any thread may call it. Its one lock is not recursive: a matcher that is
-/// asked during a look-up must not call back.
+/// Any thread may call it. Its one lock is not recursive: neither a matcher that
+/// is asked during a look-up nor the device, the translator or the log's handler
+/// that meets definitions being read may call back.
 class IDECORE_EXPORT MimeDatabase final
 {
 public:
@@ -41,10 +42,11 @@ public:
     /// faulty, what was read before the fault stays and @p errorMessage, unless
     /// it is null, says what is wrong.
     bool addMimeTypes(const QString &fileName, QString *errorMessage = nullptr);
-    /// The same from an open device.
+    /// The same from a device that is open for reading, up to its end or to the
+    /// fault; messages call it "<stream>". It is not kept.
     bool addMimeTypes(QIODevice *device, QString *errorMessage = nullptr);
 
-    /// Null when the name is unknown.
+    /// A copy, which later changes do not reach; null when the name is unknown.
     [[nodiscard]] MimeType findByType(const QString &typeOrAlias) const;
     /// By name, and by content unless a glob of weight 100 or more decides; null
     /// when nothing fits. A type that has neither a child nor a parent in the

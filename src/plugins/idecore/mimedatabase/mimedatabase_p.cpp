@@ -14,10 +14,40 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace Core {
 namespace private_impl {
+
+namespace {
+
+/// A file in text mode. The device's own text mode drops carriage returns byte
+/// by byte, which shows where a large file of definitions is read.
+class TextFile final : public QFile
+{
+public:
+    using QFile::QFile;
+
+    bool openForReading() { return open(QIODevice::ReadOnly | QIODevice::Unbuffered); }
+    /// What is read is less than what the file holds.
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        for (;;) {
+            const qint64 size = QFile::readData(data, maxSize);
+            if (size <= 0 || !std::memchr(data, '\r', size_t(size)))
+                return size;
+            // Nothing would mean the end.
+            if (const qint64 rest = std::remove(data, data + size, '\r') - data)
+                return rest;
+        }
+    }
+};
+
+} // namespace
 
 struct MimeDatabasePrivate::Index
 {
@@ -62,8 +92,8 @@ bool MimeDatabasePrivate::addMimeType(MimeType mimeType)
 
 bool MimeDatabasePrivate::addMimeTypes(const QString &fileName, QString *errorMessage)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    TextFile file(fileName);
+    if (!file.openForReading()) {
         if (errorMessage)
             *errorMessage = QStringLiteral("Cannot open %1: %2").arg(fileName, file.errorString());
         return false;
@@ -78,16 +108,15 @@ bool MimeDatabasePrivate::addMimeTypes(QIODevice *device, const QString &fileNam
     return parser.parse(device, fileName, errorMessage);
 }
 
-const MimeMapEntry *MimeDatabasePrivate::find(const QString &typeOrAlias) const
+int MimeDatabasePrivate::indexOf(const QString &typeOrAlias) const
 {
-    const int index = typeMimeTypeMap.value(aliasMap.value(typeOrAlias, typeOrAlias), -1);
-    return index < 0 ? nullptr : &entries[size_t(index)];
+    return typeMimeTypeMap.value(aliasMap.value(typeOrAlias, typeOrAlias), -1);
 }
 
 MimeType MimeDatabasePrivate::findByType(const QString &typeOrAlias) const
 {
-    const MimeMapEntry *entry = find(typeOrAlias);
-    return entry ? entry->type : MimeType();
+    const int index = indexOf(typeOrAlias);
+    return index < 0 ? MimeType() : entries[size_t(index)].type;
 }
 
 MimeType MimeDatabasePrivate::findByFile(const QFileInfo &fileInfo, unsigned *priority)
@@ -157,7 +186,7 @@ void MimeDatabasePrivate::buildIndex()
 
 bool MimeDatabasePrivate::setPreferredSuffix(const QString &typeOrAlias, const QString &suffix)
 {
-    const int index = typeMimeTypeMap.value(aliasMap.value(typeOrAlias, typeOrAlias), -1);
+    const int index = indexOf(typeOrAlias);
     return index >= 0 && entries[size_t(index)].type.setPreferredSuffix(suffix);
 }
 

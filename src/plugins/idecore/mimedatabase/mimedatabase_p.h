@@ -71,7 +71,8 @@ private:
 
     struct Index;
 
-    const MimeMapEntry *find(const QString &typeOrAlias) const;
+    /// Its place among the entries; -1 when it is unknown.
+    int indexOf(const QString &typeOrAlias) const;
     void buildIndex();
 
     /// Null when it is out of date, as the levels are then.

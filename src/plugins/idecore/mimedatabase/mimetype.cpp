@@ -14,6 +14,12 @@
 
 namespace Core {
 
+LocaleComments::LocaleComments(const QVector<Entry> &entries, const QString &texts)
+    : m_entries(entries.cbegin(), entries.cend())
+    , m_texts(texts.constData(), texts.size())
+{
+}
+
 QString LocaleComments::value(const QString &locale, const QString &defaultText) const
 {
     // The last one counts: a text that is replaced stays where it is.
@@ -26,25 +32,11 @@ QString LocaleComments::value(const QString &locale, const QString &defaultText)
                : m_texts.mid(entry->begin + entry->localeSize, entry->textSize);
 }
 
-LocaleComments LocaleComments::squeezed() const
-{
-    LocaleComments copy = *this;
-    copy.m_entries.squeeze();
-    copy.m_texts = QString(m_texts.constData(), m_texts.size());
-    return copy;
-}
-
 void LocaleComments::insert(const QString &locale, const QString &text)
 {
     m_entries.append({m_texts.size(), locale.size(), text.size()});
     m_texts += locale;
     m_texts += text;
-}
-
-void LocaleComments::clear()
-{
-    m_entries.resize(0);
-    m_texts.resize(0);
 }
 
 void MimeTypeData::clear()

@@ -76,18 +76,21 @@ public:
 
     void setType(const QString &type);
     void setComment(const QString &comment);
+    /// Replaces that of the same @p locale.
     void setLocaleComment(const QString &locale, const QString &comment);
     void setAliases(const QStringList &aliases);
     void setSubClassesOf(const QStringList &parents);
+    /// Leaves preferredSuffix() as it is.
     void setSuffixes(const QStringList &suffixes);
     /// False, with a warning and without a change, when @p suffix is none of suffixes().
     bool setPreferredSuffix(const QString &suffix);
     void setGlobPatterns(const QList<MimeGlobPattern> &globPatterns);
+    /// Nothing for a null pointer. Copies of the type share the matcher.
     void addMagicMatcher(const IMagicMatcherPtr &matcher);
     /// Makes it null.
     void clear();
 
-    /// For the database.
+    /// For the database. Valid until this value changes or goes.
     [[nodiscard]] const MimeTypeData &data() const;
 
 private:

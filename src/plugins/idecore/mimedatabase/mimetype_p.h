@@ -24,17 +24,6 @@ namespace Core {
 class IDECORE_EXPORT LocaleComments final
 {
 public:
-    /// @p defaultText where there is none.
-    [[nodiscard]] QString value(const QString &locale, const QString &defaultText) const;
-    /// The same texts in no more memory than they need.
-    [[nodiscard]] LocaleComments squeezed() const;
-
-    /// Replaces a text of the same locale.
-    void insert(const QString &locale, const QString &text);
-    /// Keeps the memory.
-    void clear();
-
-private:
     /// The text lies behind the name of its locale.
     struct Entry
     {
@@ -43,6 +32,18 @@ private:
         int textSize;
     };
 
+    LocaleComments() = default;
+    /// Takes no more memory than it needs. Of entries for the same locale the
+    /// last one counts.
+    LocaleComments(const QVector<Entry> &entries, const QString &texts);
+
+    /// @p defaultText where there is none.
+    [[nodiscard]] QString value(const QString &locale, const QString &defaultText) const;
+
+    /// Replaces a text of the same locale.
+    void insert(const QString &locale, const QString &text);
+
+private:
     QVector<Entry> m_entries;
     QString m_texts;
 };

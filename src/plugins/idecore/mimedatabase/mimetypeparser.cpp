@@ -36,47 +36,58 @@ QString notANumber(const QString &text)
     return QStringLiteral("Not a number '%1'.").arg(text);
 }
 
-/// Latin-1 text, and whether it is more than ASCII.
+/// Whether @p text is @p literal. In line: this is asked several times for each
+/// element and each attribute.
+template<size_t size>
+bool is(const QStringRef &text, const char16_t (&literal)[size])
+{
+    return text.size() == int(size) - 1
+           && std::memcmp(text.unicode(), literal, (size - 1) * sizeof(char16_t)) == 0;
+}
+
+/// Latin-1 text, and whether it is ASCII.
 struct Latin1
 {
     QVarLengthArray<char, 256> text;
     bool isAscii = false;
 };
 
-/// False where Latin-1 cannot express @p text. Goes four units at a time and
+/// False where Latin-1 cannot express @p text. Goes eight units at a time and
 /// takes no memory: it runs over most of what a file of definitions holds.
-bool toLatin1(const QString &text, Latin1 &latin1)
+bool toLatin1(const QStringRef &text, Latin1 &latin1)
 {
-    const QChar *const units = text.constData();
+    const QChar *const units = text.unicode();
     const int size = text.size();
     latin1.text.resize(size + 1);
     char *const bytes = latin1.text.data();
-    quint64 bits = 0;
+    unsigned bits = 0;
     int i = 0;
-    for (; i + 4 <= size; i += 4) {
-        quint64 four;
-        std::memcpy(&four, units + i, sizeof four);
-        if (four & 0xff00ff00ff00ff00)
+    for (; i + 8 <= size; i += 8) {
+        ushort block[8];
+        std::memcpy(block, units + i, sizeof block);
+        unsigned short any = 0;
+        for (const ushort unit : block)
+            any |= unit;
+        if (any > 0xff)
             return false;
-        bits |= four;
-        for (int k = 0; k < 4; ++k)
-            bytes[i + k] = char(units[i + k].unicode());
+        bits |= any;
+        for (int k = 0; k < 8; ++k)
+            bytes[i + k] = char(block[k]);
     }
-    bits |= bits >> 32;
-    bits |= bits >> 16;
     for (; i < size; ++i) {
         bits |= units[i].unicode();
         bytes[i] = char(units[i].unicode());
     }
     bytes[size] = '\0';
-    latin1.isAscii = (bits & 0xffff) < 0x80;
-    return (bits & 0xffff) <= 0xff;
+    latin1.isAscii = bits < 0x80;
+    return bits <= 0xff;
 }
 
-/// Puts the catalogue's text in place of @p comment. It is asked with Latin-1
-/// text, so that it cannot know what Latin-1 cannot express.
-void translate(QString &comment)
+/// Puts the catalogue's text in place of the comment from @p begin on. It is
+/// asked with Latin-1 text, so that it cannot know what Latin-1 cannot express.
+void translate(QString &texts, int begin)
 {
+    const QStringRef comment(&texts, begin, texts.size() - begin);
     Latin1 source;
     if (!toLatin1(comment, source))
         return;
@@ -84,24 +95,28 @@ void translate(QString &comment)
     // An answer that says what was asked is none, and what was asked is not
     // UTF-8 unless it is ASCII.
     const bool known =
-        text != (source.isAscii ? comment : QString::fromUtf8(source.text.constData()));
-    if (known)
-        comment = text;
+        source.isAscii ? text != comment : text != QString::fromUtf8(source.text.constData());
+    if (known) {
+        texts.resize(begin);
+        texts += text;
+    }
 }
 
-/// Empty when the current element does not have it. Nothing keeps the reader's
-/// attributes: they would be copied at its next step.
-QString attribute(const QXmlStreamReader &reader, const char *name)
+/// A null string when there is none of that name.
+template<size_t size>
+QStringRef attribute(const QXmlStreamAttributes &attributes, const char16_t (&name)[size])
 {
-    return reader.attributes().value(QLatin1String(name)).toString();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        if (is(attribute.qualifiedName(), name))
+            return attribute.value();
+    }
+    return {};
 }
 
-/// Reads the text up to the end of the element, which must not hold other
-/// elements, into @p text and its memory. The reader's own function takes new
-/// memory each time.
-void readElementText(QXmlStreamReader &reader, QString &text)
+/// Appends the text up to the end of the element, which must not hold other
+/// elements. The reader's own function takes new memory each time.
+void appendElementText(QXmlStreamReader &reader, QString &text)
 {
-    text.resize(0);
     for (;;) {
         switch (reader.readNext()) {
         case QXmlStreamReader::Characters:
@@ -136,38 +151,31 @@ BaseMimeTypeParser::ParseStage BaseMimeTypeParser::nextStage(ParseStage current,
 {
     switch (current) {
     case ParseBeginning:
-        if (element == QLatin1String("mime-info"))
+        if (is(element, u"mime-info"))
             return ParseMimeInfo;
-        return element == QLatin1String("mime-type") ? ParseMimeType : ParseError;
+        return is(element, u"mime-type") ? ParseMimeType : ParseError;
     case ParseMimeInfo:
-        return element == QLatin1String("mime-type") ? ParseMimeType : ParseError;
+        return is(element, u"mime-type") ? ParseMimeType : ParseError;
     case ParseMimeType:
     case ParseComment:
     case ParseGlobPattern:
     case ParseSubClass:
     case ParseAlias:
     case ParseMagicMatchRule:
-    case ParseOtherMimeTypeSubTag: {
-        static const struct
-        {
-            QLatin1String element;
-            ParseStage stage = ParseError;
-        } next[] = {
-            {QLatin1String("comment"), ParseComment},
-            {QLatin1String("glob"), ParseGlobPattern},
-            {QLatin1String("sub-class-of"), ParseSubClass},
-            {QLatin1String("alias"), ParseAlias},
-            {QLatin1String("magic"), ParseMagic},
-            {QLatin1String("mime-type"), ParseMimeType},
-        };
-        for (const auto &known : next) {
-            if (element.size() == known.element.size() && element == known.element)
-                return known.stage;
-        }
-        return ParseOtherMimeTypeSubTag;
-    }
+    case ParseOtherMimeTypeSubTag:
+        if (is(element, u"comment"))
+            return ParseComment;
+        if (is(element, u"glob"))
+            return ParseGlobPattern;
+        if (is(element, u"sub-class-of"))
+            return ParseSubClass;
+        if (is(element, u"alias"))
+            return ParseAlias;
+        if (is(element, u"magic"))
+            return ParseMagic;
+        return is(element, u"mime-type") ? ParseMimeType : ParseOtherMimeTypeSubTag;
     case ParseMagic:
-        return element == QLatin1String("match") ? ParseMagicMatchRule : ParseError;
+        return is(element, u"match") ? ParseMagicMatchRule : ParseError;
     case ParseError:
         break;
     }
@@ -184,25 +192,24 @@ struct BaseMimeTypeParser::Run
     MimeTypeData data;
     /// Null outside a magic element.
     MagicRuleMatcherPtr ruleMatcher;
-    /// Gathered here, so that their memory is taken once.
-    LocaleComments localeComments;
+    /// The comments of the type, gathered here, so that memory is taken once.
+    QVector<LocaleComments::Entry> comments;
+    QString texts;
     /// The prefixes that the open elements declare, and how deep each does so.
     QVector<QPair<QString, int>> prefixes;
-    /// Memory for the text of a comment and its locale.
-    QString text;
-    QString locale;
 
     /// False, with the reader's error, when the current element uses a prefix
     /// that no open element declares.
-    bool enterElement()
+    bool enterElement(const QXmlStreamAttributes &attributes)
     {
         ++depth;
-        const QXmlStreamAttributes attributes = reader.attributes();
-        const bool usesNone = reader.prefix().isEmpty()
-                              && std::all_of(attributes.cbegin(), attributes.cend(),
-                                             [](const QXmlStreamAttribute &attribute) {
-                                                 return isBuiltIn(attribute.prefix());
-                                             });
+        const bool usesNone =
+            reader.prefix().isEmpty()
+            && std::all_of(attributes.cbegin(), attributes.cend(),
+                           [](const QXmlStreamAttribute &attribute) {
+                               return attribute.name().size() == attribute.qualifiedName().size()
+                                      || isBuiltIn(attribute.prefix());
+                           });
         if (usesNone)
             return true;
         for (const QXmlStreamAttribute &attribute : attributes) {
@@ -215,6 +222,21 @@ struct BaseMimeTypeParser::Run
                                   return isDeclared(attribute.prefix());
                               });
     }
+    /// Reads the comment whose locale the texts hold from @p begin on.
+    void readComment(int begin)
+    {
+        const int textBegin = texts.size();
+        appendElementText(reader, texts);
+        leaveElement();
+        translate(texts, textBegin);
+        if (textBegin == begin) {
+            // Not mid(), which would share the memory of all texts.
+            data.comment = QString(texts.constData() + begin, texts.size() - begin);
+            texts.resize(begin);
+        } else {
+            comments.append({begin, textBegin - begin, texts.size() - textBegin});
+        }
+    }
     void leaveElement()
     {
         --depth;
@@ -225,8 +247,7 @@ struct BaseMimeTypeParser::Run
 private:
     static bool isBuiltIn(const QStringRef &prefix)
     {
-        return prefix.isEmpty()
-               || (prefix.size() == 3 && std::equal(prefix.begin(), prefix.end(), u"xml"));
+        return prefix.isEmpty() || is(prefix, u"xml");
     }
     bool isDeclared(const QStringRef &prefix)
     {
@@ -242,8 +263,6 @@ private:
 bool BaseMimeTypeParser::parse(QIODevice *device, const QString &fileName, QString *errorMessage)
 {
     Run run;
-    run.text.reserve(256);
-    run.locale.reserve(16);
     QXmlStreamReader &reader = run.reader;
     reader.setDevice(device);
     // Elements go by their local names, so that all there is to a namespace is
@@ -285,7 +304,8 @@ bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
 {
     // The reader keeps every open element in memory.
     constexpr int mostOpenElements = 256;
-    if (!run.enterElement())
+    QXmlStreamAttributes attributes = run.reader.attributes();
+    if (!run.enterElement(attributes))
         return true;
     if (run.depth > mostOpenElements) {
         run.reader.raiseError(QStringLiteral("Elements are nested too deeply"));
@@ -295,7 +315,7 @@ bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
     run.stage = nextStage(run.stage, run.reader.name());
     switch (run.stage) {
     case ParseMimeType: {
-        const QString type = attribute(run.reader, "type");
+        const QString type = attribute(attributes, u"type").toString();
         if (type.isEmpty())
             run.reader.raiseError(QStringLiteral("Missing 'type'-attribute"));
         else
@@ -303,40 +323,37 @@ bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
         break;
     }
     case ParseComment: {
-        run.locale.resize(0);
-        run.locale += run.reader.attributes().value(QLatin1String("xml:lang"));
-        readElementText(run.reader, run.text);
-        run.leaveElement();
-        translate(run.text);
-        if (run.locale.isEmpty())
-            data.comment = QString(run.text.constData(), run.text.size());
-        else
-            run.localeComments.insert(run.locale, run.text);
+        const int begin = run.texts.size();
+        run.texts += attribute(attributes, u"xml:lang");
+        // The reader would copy them at its next step.
+        attributes = {};
+        run.readComment(begin);
         break;
     }
     case ParseGlobPattern:
-        addGlobPattern(attribute(run.reader, "pattern"), attribute(run.reader, "weight"), &data);
+        addGlobPattern(attribute(attributes, u"pattern").toString(),
+                       attribute(attributes, u"weight").toString(), &data);
         break;
     case ParseSubClass: {
-        const QString parent = attribute(run.reader, "type");
+        const QString parent = attribute(attributes, u"type").toString();
         if (!parent.isEmpty())
             data.subClassesOf.append(parent);
         break;
     }
     case ParseAlias: {
-        const QString alias = attribute(run.reader, "type");
+        const QString alias = attribute(attributes, u"type").toString();
         if (!alias.isEmpty())
             data.aliases.append(alias);
         break;
     }
     case ParseMagic: {
         int priority = 0;
-        if (run.reader.attributes().hasAttribute(QLatin1String("priority"))) {
-            const QString text = attribute(run.reader, "priority");
+        if (attributes.hasAttribute(QLatin1String("priority"))) {
+            const QStringRef text = attribute(attributes, u"priority");
             bool ok = false;
             priority = text.toInt(&ok);
             if (!ok) {
-                setMessage(errorMessage, notANumber(text));
+                setMessage(errorMessage, notANumber(text.toString()));
                 return false;
             }
         }
@@ -345,7 +362,7 @@ bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
         break;
     }
     case ParseMagicMatchRule:
-        return addMagicMatchRule(run.reader.attributes(), run.ruleMatcher, errorMessage);
+        return addMagicMatchRule(attributes, run.ruleMatcher, errorMessage);
     case ParseError:
         run.reader.raiseError(QStringLiteral("Unexpected element <%1>").arg(run.reader.name()));
         break;
@@ -360,13 +377,15 @@ bool BaseMimeTypeParser::startElement(Run &run, QString *errorMessage) const
 bool BaseMimeTypeParser::endElement(Run &run, QString *errorMessage)
 {
     run.leaveElement();
-    if (run.reader.name() == QLatin1String("mime-type")) {
-        run.data.localeComments = run.localeComments.squeezed();
+    const QStringRef element = run.reader.name();
+    if (is(element, u"mime-type")) {
+        run.data.localeComments = LocaleComments(run.comments, run.texts);
         if (!process(MimeType(run.data), errorMessage))
             return false;
         run.data.clear();
-        run.localeComments.clear();
-    } else if (run.reader.name() == QLatin1String("magic") && run.ruleMatcher) {
+        run.comments.resize(0);
+        run.texts.resize(0);
+    } else if (is(element, u"magic") && run.ruleMatcher) {
         run.data.magicMatchers.append(run.ruleMatcher);
         run.ruleMatcher.reset();
     }

@@ -13,7 +13,9 @@
 
 #include <QAction>
 #include <QDebug>
+#include <QLayout>
 #include <QMenu>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -47,8 +49,14 @@ QDockWidget *ViewManagerPrivate::getDock(const QString &name) const
 
 void ViewManagerPrivate::raiseDock(QDockWidget *dock)
 {
-    dock->show();
-    dock->raise();
+    // The panel learns that it is shown and may end its dock.
+    const QPointer<QDockWidget> raised(dock);
+    raised->show();
+    // A window that is not shown yet adds the tab, and one can only raise what has
+    // a tab, no sooner than it is laid out.
+    mainWindow->layout()->activate();
+    if (raised)
+        raised->raise();
 }
 
 void ViewManagerPrivate::removeDock(QDockWidget *dock)
@@ -104,8 +112,7 @@ bool ViewManagerPrivate::layOutDocks(Qt::DockWidgetArea area)
         if (!tabbed)
             return false;
     }
-    return step([&] { first->setFloating(false); }) && step([&] { first->setVisible(true); })
-           && step([&] { first->raise(); });
+    return step([&] { first->setFloating(false); }) && step([&] { raiseDock(first); });
 }
 
 void ViewManager::addPanel(IPanel *panel)

@@ -45,17 +45,23 @@ QObject *child(const QObject *parent, const char *className)
 
 using KSyntaxHighlighting::Definition;
 
-/// The engine's own definition for @p fileName; for constraint files, which it does
-/// not know, that of the language their tools read them with.
+/// Kinds of file that the engine does not know.
+bool holdsConstraints(const QString &fileName)
+{
+    static const QSet<QString> suffixes{
+        QStringLiteral("adc"), QStringLiteral("fdc"), QStringLiteral("ksc"), QStringLiteral("pcf"),
+        QStringLiteral("pcn"), QStringLiteral("sdc"), QStringLiteral("xdc")};
+    return suffixes.contains(QFileInfo(fileName).suffix().toLower());
+}
+
+/// The engine's own definition for @p fileName; for constraints that of Tcl: most
+/// are read by tools as scripts in it, and the others have its comments and texts.
 Definition definitionFor(const QString &fileName)
 {
-    static const QSet<QString> tcl{QStringLiteral("adc"), QStringLiteral("fdc"),
-                                   QStringLiteral("pcf"), QStringLiteral("sdc"),
-                                   QStringLiteral("xdc")};
     const KSyntaxHighlighting::Repository &repository =
         KTextEditor::Editor::instance()->repository();
     const Definition own = repository.definitionForFileName(fileName);
-    if (own.isValid() || !tcl.contains(QFileInfo(fileName).suffix().toLower()))
+    if (own.isValid() || !holdsConstraints(fileName))
         return own;
     return repository.definitionForFileName(QStringLiteral("a.tcl"));
 }
@@ -74,7 +80,7 @@ void setHighlighting(KTextEditor::Document *document, const QString &fileName)
 void highlightConstraints(KTextEditor::Document *document, const QString &fileName)
 {
     // What it found in the contents counts more than the name.
-    if (document->highlightingMode() == QLatin1String("None"))
+    if (document->highlightingMode() == QLatin1String("None") && holdsConstraints(fileName))
         setHighlighting(document, fileName);
 }
 

@@ -18,8 +18,8 @@ namespace TextEditor {
 /// overwrites the file in place: a full disk or a crash would leave half of it.
 namespace DocumentAccess {
 
-/// Has @p document, just loaded from @p fileName, highlighted where KTextEditor
-/// knows nothing of its kind: constraint files are scripts in Tcl.
+/// Has @p document, just loaded from @p fileName, highlighted as Tcl where it holds
+/// constraints and KTextEditor has found nothing that fits better.
 void highlightConstraints(KTextEditor::Document *document, const QString &fileName);
 
 /// The file of @p document has been written with the document's text: it is

@@ -97,8 +97,8 @@ bool EngineEditor::isModified() const
 void EngineEditor::goToLine(int line, int column)
 {
     m_view->removeSelection();
-    const int last = m_document->lines() - 1;
-    m_view->setCursorPosition({qBound(0, line - 1, last), qMax(0, column - 1)});
+    const int reached = qBound(0, line - 1, m_document->lines() - 1);
+    m_view->setCursorPosition({reached, qBound(0, column - 1, m_document->lineLength(reached))});
 }
 
 void EngineEditor::onActivated()

@@ -18,21 +18,35 @@ TextEditorEngine::~TextEditorEngine() = default;
 
 AbstractTextEditor *TextEditorEngine::createEditor()
 {
-    if (!m_started) {
-        m_started = true;
+    if (!m_applied) {
+        m_applied = true;
         EngineSettings::apply();
-        connect(APPSTYLE::AppStyleManager::instance(), &APPSTYLE::AppStyleManager::themeChanged,
-                this, &TextEditorEngine::updateTheme);
-        // A scheme chosen in the options takes effect when the user comes back
-        // from there; nothing announces a change of the settings.
-        connect(qApp, &QApplication::focusWindowChanged, this, &TextEditorEngine::updateTheme);
-        m_theme = EngineSettings::currentTheme();
     }
+    follow();
     updateTheme();
     auto *editor = new EngineEditor(m_theme);
     m_editors.append(editor);
     connect(editor, &QObject::destroyed, this, [this, editor] { m_editors.removeOne(editor); });
     return editor;
+}
+
+void TextEditorEngine::follow()
+{
+    if (m_follows)
+        return;
+    m_follows = true;
+    connect(APPSTYLE::AppStyleManager::instance(), &APPSTYLE::AppStyleManager::themeChanged, this,
+            &TextEditorEngine::updateTheme);
+    // A scheme chosen in the options takes effect when the user comes back from
+    // there; nothing announces a change of the settings.
+    connect(qApp, &QApplication::focusWindowChanged, this, &TextEditorEngine::updateTheme);
+}
+
+void TextEditorEngine::stop()
+{
+    m_follows = false;
+    APPSTYLE::AppStyleManager::instance()->disconnect(this);
+    qApp->disconnect(this);
 }
 
 void TextEditorEngine::updateTheme()

@@ -24,11 +24,14 @@ public:
     ~TextEditorEngine() override;
 
     [[nodiscard]] AbstractTextEditor *createEditor() override;
+    void stop() override;
 
 private:
+    void follow();
     void updateTheme();
 
-    bool m_started = false;
+    bool m_applied = false;
+    bool m_follows = false;
     QString m_theme;
     QList<EngineEditor *> m_editors;
 };

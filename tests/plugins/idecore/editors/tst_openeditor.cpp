@@ -21,6 +21,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -55,6 +56,7 @@ private Q_SLOTS:
 
     void editorGetsTheAbsolutePath();
     void editorIsCurrentAndListed();
+    void currentEditorCanBeQueuedByName();
     void readOnlyIsPassedOn();
     void openingOrder();
     void editorWithoutAnIconGetsTheDefaultOne();
@@ -81,6 +83,7 @@ private Q_SLOTS:
     void failedEditorIsDestroyed();
     void openErrorUsesNativeSeparators();
     void openErrorsParentIsTheMainWindow();
+    void openErrorsParentIsTheMainWindowUnderAModalDialog();
     void currentEditorFollowsTheViews();
     void otherViewClearsTheCurrentEditor();
     void currentEditorIsReported();
@@ -114,6 +117,16 @@ void TestOpenEditor::editorIsCurrentAndListed()
     QCOMPARE(EditorManager::currentEditor(), second);
     QCOMPARE(ViewManager::currentView(), second);
     QCOMPARE(subWindowCount(), 2);
+}
+
+void TestOpenEditor::currentEditorCanBeQueuedByName()
+{
+    QSignalSpy spy(EditorManager::instance(), SIGNAL(currentEditorChanged(Core::IEditor *)));
+
+    IEditor *editor = EditorManager::openEditor(m_fixture->makeFile(QStringLiteral("a.txt")));
+
+    QVERIFY(editor);
+    QCOMPARE(spy.constLast().constFirst().value<IEditor *>(), editor);
 }
 
 void TestOpenEditor::readOnlyIsPassedOn()
@@ -470,6 +483,24 @@ void TestOpenEditor::openErrorsParentIsTheMainWindow()
 
     QCOMPARE(box.parentOfDialog(), ViewManager::mainWindow());
     QCOMPARE(buttons, QMessageBox::Ok);
+}
+
+void TestOpenEditor::openErrorsParentIsTheMainWindowUnderAModalDialog()
+{
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    QWidget *parent = nullptr;
+    // Only the message box is to be met, the dialog is modal before it.
+    QTimer::singleShot(0, this, [&parent] {
+        QWidget *box = QApplication::activeModalWidget();
+        parent = box->parentWidget();
+        ModalDialog::press(QMessageBox::Ok)(box);
+    });
+
+    Core::private_impl::openError(QStringLiteral("/a/b"), QString());
+
+    QCOMPARE(parent, ViewManager::mainWindow());
 }
 
 void TestOpenEditor::currentEditorFollowsTheViews()

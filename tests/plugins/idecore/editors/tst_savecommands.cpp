@@ -59,6 +59,7 @@ private Q_SLOTS:
     void modificationOfAnotherEditorCounts();
     void firstModifiedEditorIsEnough();
     void commandsFollowTheCurrentEditor();
+    void commandsFollowBeforeTheCurrentEditorIsReported();
     void otherViewDisablesButKeepsTheTitles();
     void menuShowsTheEditorsTitleWhileItsContextIsCurrent();
     void modificationReportedByNoEditorIsIgnored();
@@ -186,6 +187,23 @@ void TestSaveCommands::commandsFollowTheCurrentEditor()
 
     QVERIFY(d()->actSave->isEnabled());
     QCOMPARE(d()->actSave->text(), QStringLiteral("&Save \"a.txt\""));
+}
+
+void TestSaveCommands::commandsFollowBeforeTheCurrentEditorIsReported()
+{
+    TestEditor *first = open(QStringLiteral("a.txt"), true);
+    open(QStringLiteral("b.txt"));
+    QString text;
+    bool enabled = false;
+    connect(EditorManager::instance(), &EditorManager::currentEditorChanged, this, [&] {
+        text = d()->actSave->text();
+        enabled = d()->actSave->isEnabled();
+    });
+
+    ViewManager::showView(first);
+
+    QCOMPARE(text, QStringLiteral("&Save \"a.txt\""));
+    QVERIFY(enabled);
 }
 
 void TestSaveCommands::otherViewDisablesButKeepsTheTitles()

@@ -241,6 +241,15 @@ private Q_SLOTS:
         QVERIFY(spy.count() >= 1);
     }
 
+    void aMinimisedWindowIsShownRaised()
+    {
+        storeGeometry(revision(), window()->saveGeometry());
+        window()->setWindowState(Qt::WindowMinimized);
+        window()->prepareToShow();
+        QVERIFY(!(window()->windowState() & Qt::WindowMinimized));
+        QTRY_VERIFY(window()->isActiveWindow());
+    }
+
     void losingTheActivationIsNotTold()
     {
         window()->prepareToShow();

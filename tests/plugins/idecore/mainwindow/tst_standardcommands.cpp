@@ -215,7 +215,8 @@ private Q_SLOTS:
         APPSTYLE::AppStyleManager::instance()->setAppStyle(theme);
         const QRgb ground = QApplication::palette().color(QPalette::Window).rgb();
         APPSTYLE::AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_CLASSIC);
-        QList<const char *> files{"options.png", "fullscreen.png", "tile.png", "cascade.png"};
+        QList<const char *> files{"options.png", "fullscreen.png", "tile.png",
+                                  "cascade.png", "new_file.png",   "new_project.png"};
         for (const Command &command : commands()) {
             if (command.icon)
                 files.append(command.icon);

@@ -39,10 +39,13 @@ private Q_SLOTS:
     void byteRuleReadsHexadecimal();
     void textHeuristic_data();
     void textHeuristic();
+    void textHeuristicLooksAtEveryByte();
     void prioritiesOfTheFallbacks();
     void binaryMatchesEverything();
     void ruleMatcherStartsWithTheHighestPriority();
     void ruleMatcherNeedsOneRule();
+    void ruleMatcherStopsAtTheFirstMatch();
+    void ruleMatcherIgnoresANullRule();
     void ruleMatcherWithoutRulesMatchesNothing();
 
     void contextNamesTheFileWithoutDirectory();
@@ -204,6 +207,22 @@ void TestMagicMatchers::textHeuristic()
     QTEST(HeuristicTextMagicMatcher().matches(data), "expected");
 }
 
+void TestMagicMatchers::textHeuristicLooksAtEveryByte()
+{
+    for (int value = 0; value <= 0xff; ++value) {
+        for (int size = 1; size <= 20; ++size) {
+            for (const char other : {'\x09', '\x80', '\xff'}) {
+                for (int at = 0; at < size; ++at) {
+                    QByteArray data(size, other);
+                    data[at] = char(value);
+                    QVERIFY2(HeuristicTextMagicMatcher::isTextFile(data) == (value > 8),
+                             data.toHex().constData());
+                }
+            }
+        }
+    }
+}
+
 void TestMagicMatchers::prioritiesOfTheFallbacks()
 {
     QCOMPARE(HeuristicTextMagicMatcher().priority(), 3);
@@ -235,6 +254,55 @@ void TestMagicMatchers::ruleMatcherNeedsOneRule()
     QVERIFY(matcher.matches(QByteArray("one")));
     QVERIFY(matcher.matches(QByteArray("\1")));
     QVERIFY(!matcher.matches(QByteArray("two")));
+}
+
+namespace {
+
+/// Writes its name to a list whenever it is asked.
+class AskedRule : public Core::MagicRule
+{
+public:
+    AskedRule(char name, bool result, QByteArray *asked)
+        : MagicRule(0, 0)
+        , m_name(name)
+        , m_result(result)
+        , m_asked(asked)
+    {
+    }
+    bool matches(const QByteArray &) const override
+    {
+        m_asked->append(m_name);
+        return m_result;
+    }
+
+private:
+    const char m_name;
+    const bool m_result;
+    QByteArray *const m_asked;
+};
+
+} // namespace
+
+void TestMagicMatchers::ruleMatcherStopsAtTheFirstMatch()
+{
+    QByteArray asked;
+    MagicRuleMatcher matcher;
+    matcher.add(MagicRulePtr(new AskedRule('a', false, &asked)));
+    matcher.add(MagicRulePtr(new AskedRule('b', true, &asked)));
+    matcher.add(MagicRulePtr(new AskedRule('c', true, &asked)));
+
+    QVERIFY(matcher.matches(QByteArray("text")));
+
+    QCOMPARE(asked, QByteArray("ab"));
+}
+
+void TestMagicMatchers::ruleMatcherIgnoresANullRule()
+{
+    MagicRuleMatcher matcher;
+
+    matcher.add(MagicRulePtr());
+
+    QVERIFY(matcher.rules().isEmpty());
 }
 
 void TestMagicMatchers::ruleMatcherWithoutRulesMatchesNothing()

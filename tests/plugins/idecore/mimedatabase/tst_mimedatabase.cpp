@@ -15,11 +15,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <algorithm>
-#include <iterator>
+#include <cstring>
 
 #include <sys/inotify.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 using Core::MimeDatabase;
@@ -63,11 +61,10 @@ class TestMimeDatabase : public QObject
 private Q_SLOTS:
     void nullTypeIsRefused();
     void laterDefinitionReplaces();
+    void whatTheEarlierDefinitionAddedStays();
     void laterAliasWins();
     void unknownNames();
     void aliasesAreResolved();
-    void preferredSuffixes();
-    void setPreferredSuffixLeavesCopiesAlone();
     void filters();
     void dump();
 
@@ -86,19 +83,13 @@ private Q_SLOTS:
     void deepHierarchyIsWalked();
     void wideDiamondsAreWalkedOnce();
 
-    void builtInTypes_data();
-    void builtInTypes();
-    void builtInTableHasNoOtherTypes();
-    void builtInFilter();
-    void builtInContent_data();
-    void builtInContent();
-    void suffixDecidesWithoutTheFile();
     void fileIsOpenedOnceAtMost_data();
     void fileIsOpenedOnceAtMost();
-    void fifoAndDeviceAreNotOpened();
 
     void missingDefinitionFile();
     void brokenDefinitionsKeepWhatWasRead();
+    void definitionFileIsReadInTextMode();
+    void definitionsComeFromADevice();
     void streamIsNamedInMessages();
     void freedesktopTypes();
 };
@@ -120,6 +111,20 @@ void TestMimeDatabase::laterDefinitionReplaces()
     QVERIFY(database.addMimeType(makeType("a/b", {}, "*.two")));
 
     QCOMPARE(database.filterStrings(), QStringList(s("a/b comment (*.two)")));
+}
+
+void TestMimeDatabase::whatTheEarlierDefinitionAddedStays()
+{
+    MimeDatabasePrivate database;
+    MimeType first = makeType("a/b", {s("top")});
+    first.setAliases({s("x/y")});
+    QVERIFY(database.addMimeType(first));
+
+    QVERIFY(database.addMimeType(makeType("a/b", {s("top"), s("other")})));
+
+    QCOMPARE(database.findByType(s("x/y")).subClassesOf(), QStringList({s("top"), s("other")}));
+    QCOMPARE(database.parentChildrenMap.count(s("top"), s("a/b")), 2);
+    QCOMPARE(database.parentChildrenMap.count(s("other"), s("a/b")), 1);
 }
 
 void TestMimeDatabase::laterAliasWins()
@@ -157,30 +162,6 @@ void TestMimeDatabase::aliasesAreResolved()
     QVERIFY(database.setPreferredSuffix(s("x/y"), s("two")));
 
     QCOMPARE(database.preferredSuffixByType(s("a/b")), s("two"));
-}
-
-void TestMimeDatabase::preferredSuffixes()
-{
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-
-    QCOMPARE(database.preferredSuffixByType(s("text/verilog")), s("v"));
-    QCOMPARE(database.preferredSuffixByFile(QFileInfo(s("x.sv"))), s("v"));
-    const MessageRecorder recorder;
-    QVERIFY(!database.setPreferredSuffix(s("text/verilog"), s("vhd")));
-    QCOMPARE(recorder.labelled().size(), 1);
-}
-
-void TestMimeDatabase::setPreferredSuffixLeavesCopiesAlone()
-{
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-    const MimeType before = database.findByType(s("text/verilog"));
-
-    QVERIFY(database.setPreferredSuffix(s("text/verilog"), s("sv")));
-
-    QCOMPARE(before.preferredSuffix(), s("v"));
-    QCOMPARE(database.preferredSuffixByFile(QFileInfo(s("x.v"))), s("sv"));
 }
 
 void TestMimeDatabase::filters()
@@ -416,127 +397,6 @@ void TestMimeDatabase::wideDiamondsAreWalkedOnce()
     QCOMPARE(database.findByFile(QFileInfo(s("a.x"))).type(), s("60"));
 }
 
-void TestMimeDatabase::builtInTypes_data()
-{
-    QTest::addColumn<QString>("comment");
-    QTest::addColumn<QString>("parent");
-    QTest::addColumn<QStringList>("suffixes");
-    const auto add = [](const char *type, const char *comment, const char *suffixes,
-                        const char *parent = "text/plain") {
-        QTest::newRow(type) << s(comment) << s(parent) << s(suffixes).split(QLatin1Char(' '));
-    };
-    add("text/plain", "Plain Text File", "txt", "application/octet-stream");
-    add("text/html", "HTML Document File", "htm html hts xhtml");
-    add("application/km-ide-project", "KELMO FPGA Designer Project File", "kprj");
-    add("text/verilog", "Verilog HDL File", "v sv vo vp vh vg");
-    add("text/vhdl", "VHDL File", "vhd vhdl");
-    add("text/ksc", "KELMO Synthesize Constraints File", "ksc");
-    add("text/pcn", "KELMO Physical Constraints File", "pcn");
-    add("text/sdc", "KELMO Timing Constraints File", "sdc");
-    add("text/kao", "KELMO Oscilloscope Config File", "kao qlz");
-    add("text/fdc", "FPGA Design Constraints File", "fdc");
-    add("text/adc", "Analysis Design Constraints File", "adc");
-    add("text/kpa", "KELMO Power Analyzer Conifg File", "kpa");
-    add("text/fcx", "KELMO Firm Core File", "fcx");
-    add("text/mnx", "Memory Initialization File", "mnx");
-    add("text/ufx", "User Flash Initialization File", "ufx");
-    add("text/kvio", "KELMO Virtual Input/Output Config File", "kvio");
-}
-
-void TestMimeDatabase::builtInTypes()
-{
-    QFETCH(QString, parent);
-    QFETCH(QStringList, suffixes);
-    const QString name = s(QTest::currentDataTag());
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-
-    const MimeType type = database.findByType(name);
-
-    QTEST(type.comment(), "comment");
-    QCOMPARE(type.subClassesOf(), QStringList(parent));
-    QCOMPARE(type.suffixes(), suffixes);
-    QCOMPARE(type.preferredSuffix(), suffixes.first());
-    QCOMPARE(type.aliases(), QStringList());
-    QCOMPARE(type.magicMatchers().size(), name == QLatin1String("text/plain") ? 1 : 0);
-    QCOMPARE(type.globPatterns().size(), suffixes.size());
-    for (int i = 0; i < suffixes.size(); ++i) {
-        QCOMPARE(type.globPatterns().at(i).pattern(), QLatin1String("*.") + suffixes.at(i));
-        QCOMPARE(type.globPatterns().at(i).weight(), 100U);
-        QCOMPARE(
-            database.findByFile(QFileInfo(QLatin1String("/no/where.") + suffixes.at(i).toUpper()))
-                .type(),
-            name);
-    }
-}
-
-void TestMimeDatabase::builtInTableHasNoOtherTypes()
-{
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-
-    QCOMPARE(database.filterStrings().size(), 16);
-    QVERIFY(database.findByType(s("application/octet-stream")).isNull());
-    for (const char *inactive : {"vm", "vma", "vmd", "vho", "ucf", "scf"})
-        QVERIFY(database.findByFile(QFileInfo(s("a.") + s(inactive))).isNull());
-    QFile file(s(":/core/ide.mimetype.xml"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray xml = file.readAll();
-    QVERIFY(xml.contains("KELMO Synthesis Constraints File"));
-    QCOMPARE(xml.count("<mime-type "), 17);
-}
-
-void TestMimeDatabase::builtInFilter()
-{
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-
-    const QString filter = database.filterForFileDialog(true);
-
-    QVERIFY(filter.startsWith(
-        QLatin1String("All Files (*);;Analysis Design Constraints File (*.adc);;")));
-    QVERIFY(filter.contains(QLatin1String(";;HTML Document File (*.htm *.html *.hts *.xhtml);;")));
-}
-
-void TestMimeDatabase::builtInContent_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("type");
-    QTest::newRow("text") << s("README") << QByteArray("plain ASCII") << s("text/plain");
-    QTest::newRow("byte 0x03") << s("README") << QByteArray("plain\x03") << QString();
-    QTest::newRow("empty") << s("data.bin") << QByteArray() << QString();
-    QTest::newRow("known suffix, binary content")
-        << s("top.v") << QByteArray("\x03") << s("text/verilog");
-    QTest::newRow("control character behind what is read")
-        << s("README") << QByteArray(2048, 'a') + '\x03' << s("text/plain");
-}
-
-void TestMimeDatabase::builtInContent()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, data);
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-    const QTemporaryDir dir;
-    QFile file(dir.filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(data) == data.size());
-    file.close();
-
-    QTEST(database.findByFile(QFileInfo(file.fileName())).type(), "type");
-    QTEST(database.findByFileUnlocked(QFileInfo(file.fileName())).type(), "type");
-}
-
-void TestMimeDatabase::suffixDecidesWithoutTheFile()
-{
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-
-    QCOMPARE(database.findByFile(QFileInfo(s("/missing/notes.txt"))).type(), s("text/plain"));
-    QCOMPARE(database.findByFile(QFileInfo(s("top.v"))).type(), s("text/verilog"));
-    QVERIFY(database.findByFile(QFileInfo(s("/missing/README"))).isNull());
-}
-
 void TestMimeDatabase::fileIsOpenedOnceAtMost_data()
 {
     QTest::addColumn<QString>("name");
@@ -571,26 +431,17 @@ void TestMimeDatabase::fileIsOpenedOnceAtMost()
 
     (void)database.findByFile(QFileInfo(file.fileName()));
 
-    // The closing keeps two openings from being told as one.
-    inotify_event events[8] = {};
-    const auto size = ::read(watch, events, sizeof events);
-    const auto *end = events + (size > 0 ? size / qint64(sizeof(inotify_event)) : 0);
-    QTEST(int(std::count_if(std::cbegin(events), end,
-                            [](const inotify_event &event) { return event.mask & IN_OPEN; })),
-          "openings");
-}
-
-void TestMimeDatabase::fifoAndDeviceAreNotOpened()
-{
-    MimeDatabase database;
-    QVERIFY(database.addMimeTypes(s(":/core/ide.mimetype.xml")));
-    const QTemporaryDir dir;
-    const QString fifo = dir.filePath(s("fifo"));
-    QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
-
-    QVERIFY(database.findByFile(QFileInfo(fifo)).isNull());
-    QVERIFY(database.findByFile(QFileInfo(s("/dev/zero"))).isNull());
-    QVERIFY(database.findByFile(QFileInfo(dir.path())).isNull());
+    // The closing keeps two openings from being told as one. No event of a watched
+    // file has a name behind it.
+    char buffer[8 * sizeof(inotify_event)] = {};
+    const auto size = ::read(watch, buffer, sizeof buffer);
+    int openings = 0;
+    for (qint64 at = 0; at + qint64(sizeof(inotify_event)) <= size; at += sizeof(inotify_event)) {
+        inotify_event event = {};
+        std::memcpy(&event, buffer + at, sizeof event);
+        openings += event.mask & IN_OPEN ? 1 : 0;
+    }
+    QTEST(openings, "openings");
 }
 
 void TestMimeDatabase::missingDefinitionFile()
@@ -621,6 +472,38 @@ void TestMimeDatabase::brokenDefinitionsKeepWhatWasRead()
         QStringLiteral("An error has been encountered at line 2 of %1: Missing 'type'-attribute:")
             .arg(file.fileName()));
     QVERIFY(!database.findByType(s("a/b")).isNull());
+}
+
+void TestMimeDatabase::definitionFileIsReadInTextMode()
+{
+    // More of them in a row than are read at once.
+    const QByteArray returns(100000, '\r');
+    const QTemporaryDir dir;
+    QFile file(dir.filePath(s("types.xml")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("\r<mime-info>\r\n<mime-type type=\"a/b\">" + returns + "<comment>one\r\ntwo"
+               + returns + "three\r</comment>\r\n</mime-type></mime-info>\r");
+    file.close();
+    MimeDatabase database;
+    QString message;
+
+    QVERIFY2(database.addMimeTypes(file.fileName(), &message), qPrintable(message));
+
+    QCOMPARE(database.findByType(s("a/b")).comment(), s("one\ntwothree"));
+}
+
+void TestMimeDatabase::definitionsComeFromADevice()
+{
+    MimeDatabase database;
+    QByteArray xml("<mime-type type=\"a/b\"><comment>one</comment></mime-type>");
+    QBuffer buffer(&xml);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QString message = s("as before");
+
+    QVERIFY(database.addMimeTypes(&buffer, &message));
+
+    QCOMPARE(message, s("as before"));
+    QCOMPARE(database.findByType(s("a/b")).comment(), s("one"));
 }
 
 void TestMimeDatabase::streamIsNamedInMessages()

@@ -411,7 +411,7 @@ void TestMimeLookup::indexFollowsTheRules()
                 QCOMPARE(file.write(data), qint64(data.size()));
             }
             unsigned expectedPriority = 0;
-            unsigned priority = 0;
+            unsigned priority = 12345;
             const QFileInfo info(onDisk ? path : QLatin1String("/missing/") + name);
             const MimeType expected = plain.find(info.fileName(), data, &expectedPriority);
 

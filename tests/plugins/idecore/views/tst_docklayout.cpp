@@ -78,6 +78,10 @@ private Q_SLOTS:
 
     void panelsOfAnAreaAreTabsInTheOrderOfTheirPriorities_data();
     void panelsOfAnAreaAreTabsInTheOrderOfTheirPriorities();
+    void panelsAddedBeforeTheWindowIsShown_data();
+    void panelsAddedBeforeTheWindowIsShown();
+    void panelShownBeforeTheWindowIsShown_data();
+    void panelShownBeforeTheWindowIsShown();
     void equalPrioritiesKeepTheOrderOfAdding();
     void anyNumberIsAPriority();
     void prioritiesAreAskedAtEachLayout();
@@ -140,6 +144,51 @@ void TestDockLayout::panelsOfAnAreaAreTabsInTheOrderOfTheirPriorities()
 
     QTRY_COMPARE(dockGroups(area), texts({"[90] 50 10"}));
     QCOMPARE(docks().size(), 3);
+}
+
+void TestDockLayout::panelsAddedBeforeTheWindowIsShown_data()
+{
+    panelsOfAnAreaAreTabsInTheOrderOfTheirPriorities_data();
+}
+
+void TestDockLayout::panelsAddedBeforeTheWindowIsShown()
+{
+    QFETCH(const Qt::DockWidgetArea, area);
+    QFETCH(const QVector<int>, added);
+    m_core.reset();
+    m_core = std::make_unique<CoreFixture>();
+    for (const int priority : added)
+        addTestPanel(qPrintable(QString::number(priority)), area, priority);
+
+    m_core->show();
+
+    QTRY_COMPARE(dockGroups(area), texts({"[90] 50 10"}));
+}
+
+void TestDockLayout::panelShownBeforeTheWindowIsShown_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("groups");
+    QTest::newRow("first") << QStringLiteral("90") << QStringLiteral("[90] 50 10");
+    QTest::newRow("second") << QStringLiteral("50") << QStringLiteral("90 [50] 10");
+    QTest::newRow("third") << QStringLiteral("10") << QStringLiteral("90 50 [10]");
+}
+
+void TestDockLayout::panelShownBeforeTheWindowIsShown()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QString, groups);
+    m_core.reset();
+    m_core = std::make_unique<CoreFixture>();
+    for (const int priority : {10, 90, 50}) {
+        addTestPanel(qPrintable(QString::number(priority)), Qt::BottomDockWidgetArea, priority);
+    }
+    ViewManager::hidePanel(name);
+    ViewManager::showPanel(name);
+
+    m_core->show();
+
+    QTRY_COMPARE(dockGroups(Qt::BottomDockWidgetArea), QStringList{groups});
 }
 
 void TestDockLayout::equalPrioritiesKeepTheOrderOfAdding()

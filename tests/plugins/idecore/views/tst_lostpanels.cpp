@@ -382,13 +382,27 @@ void TestLostPanels::panelsGoWithTheMainWindow()
 
 void TestLostPanels::panelDestroysAnotherWhileTheMainWindowGoes()
 {
-    TestPanel *first = addTestPanel("first", Qt::LeftDockWidgetArea);
-    const QPointer<TestPanel> second = addTestPanel("second", Qt::LeftDockWidgetArea);
-    first->whenDestroyed = [second] { delete second; };
+    // Whichever goes first takes the other along.
+    const QPointer<TestPanel> one = addTestPanel("one", Qt::LeftDockWidgetArea);
+    const QPointer<TestPanel> other = addTestPanel("other", Qt::BottomDockWidgetArea);
+    bool destroyed = false;
+    bool dockWasTakenOut = false;
+    const auto destroy = [&](const QPointer<TestPanel> &panel, const QDockWidget *dock) {
+        if (destroyed)
+            return;
+        destroyed = true;
+        delete panel;
+        dockWasTakenOut = dock->isHidden();
+    };
+    one->whenDestroyed = [&, dock = dockOf(other)] { destroy(other, dock); };
+    other->whenDestroyed = [&, dock = dockOf(one)] { destroy(one, dock); };
 
     m_core->shutdown();
 
-    QVERIFY(!second);
+    QVERIFY(!one);
+    QVERIFY(!other);
+    QVERIFY(destroyed);
+    QVERIFY(!dockWasTakenOut);
 }
 
 QTEST_MAIN(TestLostPanels)

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "ktexteditoraccess.h"
+#include "texteditorfixture.h"
+
+#include <appstyle/appstylemanager.h>
+#include <idecore/core/idecore.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/views/viewmanager.h>
+#include <texteditor/abstracttexteditor.h>
+
+#include <KTextEditor/ConfigInterface>
+#include <KTextEditor/View>
+
+#include <KSyntaxHighlighting/Repository>
+#include <KSyntaxHighlighting/Theme>
+
+#include <QApplication>
+#include <QColor>
+#include <QSettings>
+#include <QTest>
+
+using APPSTYLE::AppStyleManager;
+using TextEditor::AbstractTextEditor;
+
+namespace {
+
+QVariant configValue(const AbstractTextEditor *editor, const char *key)
+{
+    const KTextEditor::Document *const document = documentIn(editor);
+    auto *config = document
+                       ? qobject_cast<KTextEditor::ConfigInterface *>(document->views().value(0))
+                       : nullptr;
+    return config ? config->configValue(QLatin1String(key)) : QVariant();
+}
+
+QString colours(const AbstractTextEditor *editor)
+{
+    return configValue(editor, "theme").toString();
+}
+
+void choose(const QVariant &scheme)
+{
+    Core::IdeCore::userSettings()->setValue(QStringLiteral("TextEditor/ColorScheme"), scheme);
+}
+
+} // namespace
+
+/// The colours follow the scheme in the settings and the theme of the program.
+class TestEditorColours final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_fixture = std::make_unique<TextEditorFixture>(); }
+    void cleanup()
+    {
+        m_fixture.reset();
+        AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_CLASSIC);
+    }
+
+    void schemeAndThemeNameTheColours_data();
+    void schemeAndThemeNameTheColours();
+    void openEditorsFollowTheTheme();
+    void openEditorsFollowTheSchemeWhenTheUserComesBack();
+    void laterEditorsFollowTheScheme();
+    void nothingIsFollowedWhenTheCoreIsGone();
+    void coloursAreFollowedAgainWithTheNextCore();
+
+private:
+    std::unique_ptr<TextEditorFixture> m_fixture;
+};
+
+void TestEditorColours::schemeAndThemeNameTheColours_data()
+{
+    QTest::addColumn<QVariant>("scheme");
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QString>("expected");
+
+    const QString classic = APPSTYLE::THEME_CLASSIC;
+    const QString dark = APPSTYLE::THEME_DARK;
+    const QString light = QStringLiteral("Breeze Light");
+    QTest::newRow("none") << QVariant() << classic << light;
+    QTest::newRow("none, dark") << QVariant() << dark << QStringLiteral("Breeze Dark");
+    QTest::newRow("default") << QVariant(QStringLiteral("Default")) << classic << light;
+    QTest::newRow("desert") << QVariant(QStringLiteral("Desert")) << classic
+                            << QStringLiteral("gruvbox Light");
+    QTest::newRow("desert, dark") << QVariant(QStringLiteral("Desert")) << dark
+                                  << QStringLiteral("gruvbox Dark");
+    QTest::newRow("another case") << QVariant(QStringLiteral("desert")) << classic << light;
+    QTest::newRow("unknown") << QVariant(QStringLiteral("?")) << classic << light;
+    QTest::newRow("number") << QVariant(7) << classic << light;
+    QTest::newRow("list") << QVariant(QStringList{QStringLiteral("Desert"), QStringLiteral("a")})
+                          << classic << light;
+}
+
+void TestEditorColours::schemeAndThemeNameTheColours()
+{
+    QFETCH(QVariant, scheme);
+    QFETCH(QString, theme);
+    QFETCH(QString, expected);
+    choose(scheme);
+    AppStyleManager::instance()->setAppStyle(theme);
+
+    const AbstractTextEditor *const editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+
+    QVERIFY(editor);
+    QCOMPARE(colours(editor), expected);
+    QVERIFY(KTextEditor::Editor::instance()->repository().theme(expected).isValid());
+    const bool isDark = configValue(editor, "background-color").value<QColor>().lightness() < 128;
+    QCOMPARE(isDark, theme == APPSTYLE::THEME_DARK);
+}
+
+void TestEditorColours::openEditorsFollowTheTheme()
+{
+    const AbstractTextEditor *const first = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    const AbstractTextEditor *const second = m_fixture->open(QStringLiteral("b.v"), "wire b;\n");
+    QVERIFY(first && second);
+
+    AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_DARK);
+
+    QCOMPARE(colours(first), QStringLiteral("Breeze Dark"));
+    QCOMPARE(colours(second), QStringLiteral("Breeze Dark"));
+}
+
+void TestEditorColours::openEditorsFollowTheSchemeWhenTheUserComesBack()
+{
+    m_fixture->core.show();
+    const AbstractTextEditor *const editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    QVERIFY(editor);
+    QWidget options;
+    options.show();
+    options.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&options));
+
+    choose(QStringLiteral("Desert"));
+    QCOMPARE(colours(editor), QStringLiteral("Breeze Light"));
+    options.close();
+    Core::ViewManager::mainWindow()->activateWindow();
+
+    QTRY_COMPARE(colours(editor), QStringLiteral("gruvbox Light"));
+}
+
+void TestEditorColours::laterEditorsFollowTheScheme()
+{
+    QVERIFY(m_fixture->open(QStringLiteral("a.v"), "wire a;\n"));
+    choose(QStringLiteral("Desert"));
+
+    const AbstractTextEditor *const later = m_fixture->open(QStringLiteral("b.v"), "wire b;\n");
+
+    QVERIFY(later);
+    QCOMPARE(colours(later), QStringLiteral("gruvbox Light"));
+}
+
+void TestEditorColours::nothingIsFollowedWhenTheCoreIsGone()
+{
+    QVERIFY(m_fixture->open(QStringLiteral("a.v"), "wire a;\n"));
+    m_fixture.reset();
+
+    // Who followed it would ask for settings that are gone.
+    AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_DARK);
+
+    QCOMPARE(AppStyleManager::instance()->currentTheme(), APPSTYLE::THEME_DARK);
+}
+
+void TestEditorColours::coloursAreFollowedAgainWithTheNextCore()
+{
+    QVERIFY(m_fixture->open(QStringLiteral("a.v"), "wire a;\n"));
+    m_fixture.reset();
+    m_fixture = std::make_unique<TextEditorFixture>();
+    const AbstractTextEditor *const editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    QVERIFY(editor);
+
+    AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_DARK);
+
+    QCOMPARE(colours(editor), QStringLiteral("Breeze Dark"));
+}
+
+QTEST_MAIN(TestEditorColours)
+#include "tst_editorcolours.moc"
