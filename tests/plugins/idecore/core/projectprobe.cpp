@@ -8,8 +8,12 @@
 // its own is due before it at the same delay, one made after it is due after it:
 // the two say at which delay the core does something, however slow the machine.
 
+#include "support/corefixture.h"
+#include "support/testproject.h"
+
 #include <idecore/core/idecore.h>
 #include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 
 #include <QApplication>
@@ -54,6 +58,8 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     qInstallMessageHandler(log);
     ShowWatcher watcher;
+    TestProjectFactory factory;
+    const InPool inPool(&factory);
     {
         Core::IdeCore core;
         core.initialize();
@@ -65,6 +71,9 @@ int main(int argc, char **argv)
         sayAfter(1050, "after 1050");
         QTimer::singleShot(1050, qApp, &QCoreApplication::quit);
         QCoreApplication::exec();
+        if (const Core::IProject *project = Core::ProjectManager::currentProject())
+            std::printf("current: %s\n", qPrintable(project->fileName()));
+        Core::ProjectManager::closeCurrentProject();
         core.shutdown();
     }
     return 0;

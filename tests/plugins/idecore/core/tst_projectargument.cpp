@@ -1,7 +1,11 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/testproject.h"
+
 #include <QProcess>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -38,6 +42,38 @@ private Q_SLOTS:
                  qPrintable(lines.join(QLatin1Char('\n'))));
         QVERIFY2(opened < lines.indexOf(QStringLiteral("after 1050")),
                  qPrintable(lines.join(QLatin1Char('\n'))));
+    }
+
+    void theProjectIsOpen()
+    {
+        const QTemporaryDir folder;
+        const QString file = writeProject(folder.filePath(QStringLiteral("a b/top.kprj")));
+        const QStringList lines =
+            linesOf({QStringLiteral("-prj"), folder.filePath(QStringLiteral("a b/./top.kprj"))});
+        QVERIFY2(lines.contains(QStringLiteral("current: ") + file),
+                 qPrintable(lines.join(QLatin1Char('\n'))));
+    }
+
+    void twoStartsOpenTheSameProject()
+    {
+        const QTemporaryDir folder;
+        const QString file = writeProject(folder.filePath(QStringLiteral("top.kprj")));
+        QProcess first;
+        QProcess second;
+        for (QProcess *process : {&first, &second}) {
+            process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+            process->start(QStringLiteral(PROJECT_PROBE), {QStringLiteral("-prj"), file});
+        }
+        for (QProcess *process : {&first, &second}) {
+            QVERIFY(process->waitForFinished());
+            QCOMPARE(process->exitCode(), 0);
+            const QString output = QString::fromUtf8(process->readAllStandardOutput());
+            QVERIFY2(output.contains(QStringLiteral("current: ") + file), qPrintable(output));
+        }
+        const QSettings settings(QSettings::IniFormat, QSettings::UserScope,
+                                 QStringLiteral("KelmoWare"), QStringLiteral("IDE"));
+        QCOMPARE(settings.value(QStringLiteral("Core/RecentProjects")).toStringList().count(file),
+                 1);
     }
 
     void otherCommandLinesOpenNothing_data()

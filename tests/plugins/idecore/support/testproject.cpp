@@ -73,8 +73,9 @@ bool TestProject::close()
     note("close");
     ++closes;
     const bool refuse = refuseClose;
-    if (whileClosing)
-        whileClosing(); // may delete it
+    const std::function<void()> run = whileClosing;
+    if (run)
+        run(); // may delete the project
     return !refuse;
 }
 
