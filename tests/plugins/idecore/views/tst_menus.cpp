@@ -78,10 +78,12 @@ void TestMenus::wholeFileMenu()
                                           "&Close",
                                           "Close All",
                                           "-- Core.Sep.File.Close.B",
+                                          "Close Project",
                                           "-- Core.Sep.File.Print.F",
                                           "&Print...",
                                           "-- Core.Sep.File.Print.B",
                                           "> Recent Files",
+                                          "> Recent Projects",
                                           "-- Core.Sep.File.Exit.F",
                                           "&Exit",
                                       }));

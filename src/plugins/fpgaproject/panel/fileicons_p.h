@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef FPGAPROJECT_PANEL_FILEICONS_P_H
+#define FPGAPROJECT_PANEL_FILEICONS_P_H
+
+#include <fpgaproject/file/filekind.h>
+
+class QIcon;
+
+namespace Fpga {
+
+/// The sheet of the workbench with the sign of the kind on it.
+QIcon fileIcon(FileKind kind);
+
+} // namespace Fpga
+
+#endif // FPGAPROJECT_PANEL_FILEICONS_P_H
