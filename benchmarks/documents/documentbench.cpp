@@ -47,7 +47,7 @@ double heapBytes()
 void warmMemory()
 {
     constexpr std::size_t piece = std::size_t(16) << 20;
-    constexpr int pieces = 64;
+    constexpr int pieces = 96; // 500 editors here, and 500 in the peer
     mallopt(M_MMAP_THRESHOLD, 2 * piece);
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     std::vector<std::unique_ptr<char[]>> memory;

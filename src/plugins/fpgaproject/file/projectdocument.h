@@ -98,7 +98,7 @@ class FPGAPROJECT_EXPORT ProjectDocument final
 {
 public:
     /// The largest project file that is read, in bytes.
-    static constexpr qint64 MAX_SIZE = 16 * 1024 * 1024;
+    static constexpr qint64 MAX_SIZE = qint64(16) * 1024 * 1024;
 
     /// An empty project of the template "FPGA".
     ProjectDocument();

@@ -6,6 +6,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <utility>
 
 namespace Fpga {
 
@@ -45,7 +46,7 @@ bool ProjectReader::read()
     bool rootMet = false;
     while (!failed() && next() != QXmlStreamReader::EndDocument) {
         if (m_xml.isStartElement()) {
-            m_data->rootExtras.before = std::move(before);
+            m_data->rootExtras.before = std::exchange(before, {});
             rootMet = true;
             readRoot();
         } else {
@@ -68,8 +69,7 @@ void ProjectReader::readRoot()
     const auto enter = [&](const char *name, XmlExtras *extras) {
         if (!takeOnce(name))
             return false;
-        extras->before = std::move(before);
-        before.clear();
+        extras->before = std::exchange(before, {});
         return true;
     };
     while (!failed() && next() != QXmlStreamReader::EndElement) {
@@ -153,9 +153,8 @@ void ProjectReader::readFiles()
             if (!before.isEmpty() && m_data->files.size() > count) {
                 FileEntry &entry = m_data->files.last();
                 XmlExtras extras = entry.extras ? *entry.extras : XmlExtras();
-                extras.before = std::move(before);
+                extras.before = std::exchange(before, {});
                 entry.extras = std::make_shared<const XmlExtras>(std::move(extras));
-                before.clear();
             }
         }
     }

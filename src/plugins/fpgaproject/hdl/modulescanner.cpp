@@ -10,7 +10,7 @@ namespace Fpga {
 
 namespace {
 
-constexpr qint64 MAX_READ = 4 * 1024 * 1024;
+constexpr qint64 MAX_READ = qint64(4) * 1024 * 1024;
 
 bool isWordStart(char c)
 {

@@ -122,7 +122,7 @@ void FolderWatcher::dropWatches()
 
 void FolderWatcher::readEvents()
 {
-    alignas(inotify_event) std::array<char, 65536> buffer;
+    alignas(inotify_event) std::array<char, 65536> buffer{};
     for (;;) {
         const ssize_t size = ::read(m_descriptor, buffer.data(), buffer.size());
         if (size <= 0)

@@ -80,7 +80,8 @@ ProjectEditors::Answer ProjectEditors::ask(const QString &projectName) const
 {
     const QList<Core::IEditor *> editors = modified();
     QStringList names;
-    for (const Core::IEditor *editor : editors.mid(0, MAX_NAMES))
+    const QList<Core::IEditor *> named = editors.mid(0, MAX_NAMES);
+    for (const Core::IEditor *editor : named)
         names.append(QDir::toNativeSeparators(editor->fileName()));
     if (editors.size() > MAX_NAMES)
         names.append(tr("and %n more", nullptr, editors.size() - MAX_NAMES));

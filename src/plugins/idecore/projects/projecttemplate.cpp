@@ -12,7 +12,7 @@ namespace private_impl {
 
 namespace {
 
-constexpr qint64 MAX_SIZE = 16 * 1024 * 1024;
+constexpr qint64 MAX_SIZE = qint64(16) * 1024 * 1024;
 constexpr int MAX_DEPTH = 10000;
 
 const QString TEMPLATE_FPGA = QStringLiteral("FPGA");
