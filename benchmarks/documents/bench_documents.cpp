@@ -5,6 +5,7 @@
 // widget, with few and with many documents open.
 
 #include "documentbench.h"
+#include "growth.h"
 
 #include <benchmark/benchmark.h>
 
@@ -61,24 +62,40 @@ BENCHMARK(stackPage)->Unit(benchmark::kMillisecond);
 BENCHMARK(areaEditor)->Unit(benchmark::kMillisecond);
 BENCHMARK(stackEditor)->Unit(benchmark::kMillisecond);
 
-void compareGrowth(const char *kind, QWidget *(*make)(int), bool wholeOpening)
+template<class HostType>
+double openingMs(QWidget *(*make)(int))
 {
-    Openings stack;
-    {
-        StackHost host;
-        stack = openMany(host, make, 100);
-    }
+    HostType host;
+    return median(openMany(host, make, 100).mid(20));
+}
+
+void compareWithStack(const char *kind, QWidget *(*make)(int))
+{
+    const std::string name = std::string("documents_") + kind + "_open_vs_stack_ms";
+    const double peer = openingMs<StackHost>(make);
     settle();
+    ratio(name.c_str(), openingMs<AreaHost>(make), peer, 1.5);
+}
+
+/// The other process of compareGrowth(): what is counted of a page is the area's
+/// own share, of an editor all of it.
+void openForGrowth(QWidget *(*make)(int), bool wholeOpening, int already)
+{
+    warmMemory();
     AreaHost host;
-    const Openings area = openMany(host, make, 500);
-    const auto name = [kind](const char *what) { return std::string("documents_") + kind + what; };
-    ratio(name("_open_vs_stack_ms").c_str(), median(area.own.mid(20, 80)),
-          median(stack.own.mid(20, 80)), 1.5);
-    const QVector<double> &times = wholeOpening ? area.whole : area.own;
-    ratio(name("_growth_ms").c_str(), Openings::lastTen(times, 500), Openings::lastTen(times, 100),
-          1.3);
-    ratio(name("_growth_bytes").c_str(), Openings::lastTen(area.bytes, 500),
-          Openings::lastTen(area.bytes, 100), 1.3);
+    serveOpenings(already, [&](int number) {
+        Opening opening;
+        const double heap = heapBytes();
+        double begin = cpuMilliseconds();
+        QWidget *document = make(number);
+        if (!wholeOpening)
+            begin = cpuMilliseconds();
+        host.open(document, number);
+        settle();
+        opening.ms = cpuMilliseconds() - begin;
+        opening.bytes = heapBytes() - heap;
+        return opening;
+    });
 }
 
 void compareReopening()
@@ -106,16 +123,24 @@ int main(int argc, char **argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(QStringLiteral("Fusion"));
     QLoggingCategory::setFilterRules(QStringLiteral("kf.sonnet.*=false"));
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.value(1) == QLatin1String("--open")) {
+        const bool editor = arguments.value(2) == QLatin1String("editor");
+        openForGrowth(editor ? makeEditor : makePage, editor, arguments.value(3).toInt());
+        return 0;
+    }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
-    warmMemory();
 
     // A name of one of them runs that one alone.
     const QString only = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
-    if (only.isEmpty() || only == QLatin1String("page"))
-        compareGrowth("page", makePage, false);
-    if (only.isEmpty() || only == QLatin1String("editor"))
-        compareGrowth("editor", makeEditor, true);
+    for (const char *kind : {"page", "editor"}) {
+        if (!only.isEmpty() && only != QLatin1String(kind))
+            continue;
+        compareWithStack(kind, kind == std::string("page") ? makePage : makeEditor);
+        const std::string name = std::string("documents_") + kind;
+        compareGrowth(name.c_str(), {QStringLiteral("--open"), QString::fromLatin1(kind)});
+    }
     if (only.isEmpty() || only == QLatin1String("reopen"))
         compareReopening();
     return 0;

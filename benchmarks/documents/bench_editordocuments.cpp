@@ -5,6 +5,7 @@
 // with many documents open.
 
 #include "documentbench.h"
+#include "growth.h"
 
 #include <extsys/iplugin.h>
 #include <idecore/core/idecore.h>
@@ -12,21 +13,13 @@
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 
-#include <benchmark/benchmark.h>
-
 #include <QApplication>
 #include <QFile>
 #include <QLoggingCategory>
 #include <QPluginLoader>
 #include <QTemporaryDir>
 
-#include <cstdio>
-#include <memory>
-
 namespace {
-
-constexpr int few = 100;
-constexpr int many = 500;
 
 /// The workbench with the text editor in it, shown.
 class Workbench
@@ -73,13 +66,6 @@ private:
     ExtSys::IPlugin *m_plugin;
 };
 
-void report(const char *name, double ours, double peer)
-{
-    const double value = peer > 0 ? ours / peer : 0;
-    std::printf("RATIO documents_workbench_%s %.3f %.3f %.2f limit 1.30 %s\n", name, ours, peer,
-                value, value <= 1.3 ? "ok" : "MISSED");
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -87,21 +73,21 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
-    benchmark::Initialize(&argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.value(1) != QLatin1String("--open")) {
+        compareGrowth("documents_workbench", {QStringLiteral("--open")});
+        return 0;
+    }
     warmMemory();
-
     const Workbench workbench;
-    Openings openings;
-    for (int i = 0; i < many; ++i) {
+    serveOpenings(arguments.value(2).toInt(), [&workbench](int number) {
+        Opening opening;
         const double heap = heapBytes();
         const double begin = cpuMilliseconds();
-        workbench.open(i);
-        openings.whole.append(cpuMilliseconds() - begin);
-        openings.bytes.append(heapBytes() - heap);
-    }
-    report("growth_ms", Openings::lastTen(openings.whole, many),
-           Openings::lastTen(openings.whole, few));
-    report("growth_bytes", Openings::lastTen(openings.bytes, many),
-           Openings::lastTen(openings.bytes, few));
+        workbench.open(number);
+        opening.ms = cpuMilliseconds() - begin;
+        opening.bytes = heapBytes() - heap;
+        return opening;
+    });
     return 0;
 }

@@ -47,7 +47,7 @@ double heapBytes()
 void warmMemory()
 {
     constexpr std::size_t piece = std::size_t(16) << 20;
-    constexpr int pieces = 96; // 500 editors here, and 500 in the peer
+    constexpr int pieces = 40; // 500 editors
     mallopt(M_MMAP_THRESHOLD, 2 * piece);
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     std::vector<std::unique_ptr<char[]>> memory;
@@ -166,25 +166,15 @@ void StackHost::closeCurrent()
     }
 }
 
-double Openings::lastTen(const QVector<double> &values, int upTo)
+QVector<double> openMany(Host &host, QWidget *(*make)(int), int count)
 {
-    return median(values.mid(upTo - 10, 10));
-}
-
-Openings openMany(Host &host, const std::function<QWidget *(int)> &make, int count)
-{
-    Openings result;
+    QVector<double> result;
     for (int i = 0; i < count; ++i) {
-        const double heap = heapBytes();
-        const double begin = cpuMilliseconds();
         QWidget *document = make(i);
-        const double made = cpuMilliseconds();
+        const double begin = cpuMilliseconds();
         host.open(document, i);
         settle();
-        const double end = cpuMilliseconds();
-        result.own.append(end - made);
-        result.whole.append(end - begin);
-        result.bytes.append(heapBytes() - heap);
+        result.append(cpuMilliseconds() - begin);
     }
     return result;
 }

@@ -75,16 +75,8 @@ private:
     QStackedWidget *m_stack;
 };
 
-/// What the opening of documents took, one entry a document.
-struct Openings
-{
-    QVector<double> own;   // milliseconds, without the making of the widget
-    QVector<double> whole; // milliseconds, with it
-    QVector<double> bytes; // heap growth
-
-    [[nodiscard]] static double lastTen(const QVector<double> &values, int upTo);
-};
-
-[[nodiscard]] Openings openMany(Host &host, const std::function<QWidget *(int)> &make, int count);
+/// The milliseconds that opening each of @p count documents took, without their
+/// making.
+[[nodiscard]] QVector<double> openMany(Host &host, QWidget *(*make)(int), int count);
 
 #endif // BENCHMARKS_DOCUMENTS_DOCUMENTBENCH_H
