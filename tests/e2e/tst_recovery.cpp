@@ -107,8 +107,9 @@ void TestRecovery::end(Program *program)
     program->closeMainWindow();
     QVERIFY(program->waitForEnd());
     QVERIFY(program->exitedNormally());
-    QCOMPARE(program->exitCode(), 0);
+    // First what it said, which tells why it did not end well.
     QCOMPARE(program->errorOutput(), QString());
+    QCOMPARE(program->exitCode(), 0);
 }
 
 bool TestRecovery::press(Program *program, Button button)

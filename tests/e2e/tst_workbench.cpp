@@ -253,8 +253,9 @@ private:
         program.closeMainWindow();
         QVERIFY(program.waitForEnd());
         QVERIFY(program.exitedNormally());
-        QCOMPARE(program.exitCode(), 0);
+        // First what it said, which tells why it did not end well.
         QCOMPARE(program.errorOutput(), QString());
+        QCOMPARE(program.exitCode(), 0);
     }
 
     QString file(const QString &name, const QByteArray &bytes)
