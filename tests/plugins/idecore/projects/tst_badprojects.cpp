@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "projecttest.h"
+
 #include "support/corefixture.h"
 #include "support/modaldialog.h"
 #include "support/testproject.h"
@@ -41,24 +43,13 @@ QString messageOf(const QString &path)
 } // namespace
 
 /// What is refused, and what only looks as if it should be.
-class TestBadProjects final : public QObject
+class TestBadProjects final : public ProjectTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_factory = std::make_unique<TestProjectFactory>();
-        m_inPool = std::make_unique<InPool>(m_factory.get());
-        m_core = std::make_unique<CoreFixture>();
-    }
+    void init() { setUp(); }
 
-    void cleanup()
-    {
-        ProjectManager::closeCurrentProject();
-        m_core.reset();
-        m_inPool.reset();
-    }
+    void cleanup() { tearDown(); }
 
     void theMessageIsCriticalWithOneButtonOverTheMainWindow()
     {
@@ -306,12 +297,6 @@ private Q_SLOTS:
         QVERIFY(ProjectManager::currentProject());
         QVERIFY(ProjectManager::closeCurrentProject());
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<TestProjectFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
-    std::unique_ptr<CoreFixture> m_core;
 };
 
 QTEST_MAIN(TestBadProjects)

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "projecttest.h"
+
 #include "support/corefixture.h"
 #include "support/messagerecorder.h"
 #include "support/testproject.h"
@@ -28,25 +30,17 @@ const QString FILE_KEY = QStringLiteral("Key.Open.Project.File");
 } // namespace
 
 /// Requests over the event bus.
-class TestProjectEvents final : public QObject
+class TestProjectEvents final : public ProjectTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void init()
     {
-        m_dir = std::make_unique<QTemporaryDir>();
+        setUp();
         m_file = writeProject(m_dir->filePath(QStringLiteral("a.kprj")));
-        m_factory = std::make_unique<TestProjectFactory>();
-        m_inPool = std::make_unique<InPool>(m_factory.get());
-        m_core = std::make_unique<CoreFixture>();
     }
 
-    void cleanup()
-    {
-        ProjectManager::closeCurrentProject();
-        m_core.reset();
-        m_inPool.reset();
-    }
+    void cleanup() { tearDown(); }
 
     void theOpenEventOpensItsFile()
     {
@@ -143,11 +137,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> m_dir;
     QString m_file;
-    std::unique_ptr<TestProjectFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
-    std::unique_ptr<CoreFixture> m_core;
 };
 
 QTEST_MAIN(TestProjectEvents)

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "projecttest.h"
+
 #include "support/corefixture.h"
 #include "support/modaldialog.h"
 #include "support/testproject.h"
@@ -80,24 +82,13 @@ private:
 } // namespace
 
 /// The recent projects, the File menu's entries and the work directory.
-class TestRecentProjects final : public QObject
+class TestRecentProjects final : public ProjectTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_factory = std::make_unique<TestProjectFactory>();
-        m_inPool = std::make_unique<InPool>(m_factory.get());
-        m_core = std::make_unique<CoreFixture>();
-    }
+    void init() { setUp(); }
 
-    void cleanup()
-    {
-        ProjectManager::closeCurrentProject();
-        m_core.reset();
-        m_inPool.reset();
-    }
+    void cleanup() { tearDown(); }
 
     void theMenuStandsBeforeTheSeparatorOfExit()
     {
@@ -358,11 +349,6 @@ private:
         m_core.reset();
         m_core = std::make_unique<CoreFixture>(CoreFixture::Settings::Keep);
     }
-
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<TestProjectFactory> m_factory;
-    std::unique_ptr<InPool> m_inPool;
-    std::unique_ptr<CoreFixture> m_core;
 };
 
 QTEST_MAIN(TestRecentProjects)

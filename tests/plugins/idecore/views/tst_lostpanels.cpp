@@ -27,6 +27,24 @@ void endTurn()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+/// p0 to p3, tabs of one place.
+QList<TestPanel *> addFourPanels()
+{
+    QList<TestPanel *> panels;
+    for (const char *name : {"p0", "p1", "p2", "p3"})
+        panels.append(addTestPanel(name, Qt::LeftDockWidgetArea));
+    return panels;
+}
+
+/// What is left of their place without number @p victim, the first in front.
+QString tabsWithout(int victim)
+{
+    QStringList tabs = texts({"p0", "p1", "p2", "p3"});
+    tabs.removeAt(victim);
+    tabs.first() = QLatin1Char('[') + tabs.constFirst() + QLatin1Char(']');
+    return tabs.join(QLatin1Char(' '));
+}
+
 } // namespace
 
 class TestLostPanels final : public QObject
@@ -258,15 +276,7 @@ void TestLostPanels::panelRemovesAnotherWhileLaidOut()
 {
     QFETCH(const int, actor);
     QFETCH(const int, victim);
-    QList<TestPanel *> panels;
-    QStringList expected;
-    for (int i = 0; i < 4; ++i) {
-        const QString name = QStringLiteral("p%1").arg(i);
-        panels.append(addTestPanel(qPrintable(name), Qt::LeftDockWidgetArea));
-        if (i != victim)
-            expected.append(name);
-    }
-    expected.first() = QLatin1Char('[') + expected.constFirst() + QLatin1Char(']');
+    const QList<TestPanel *> panels = addFourPanels();
     int removed = 0;
     panels.at(actor)->whenHidden = [&] {
         if (removed++ == 0)
@@ -279,7 +289,7 @@ void TestLostPanels::panelRemovesAnotherWhileLaidOut()
 
     panels.at(actor)->whenHidden = nullptr;
     QVERIFY(removed > 0);
-    QTRY_COMPARE(dockGroups(Qt::LeftDockWidgetArea), QStringList{expected.join(QLatin1Char(' '))});
+    QTRY_COMPARE(dockGroups(Qt::LeftDockWidgetArea), QStringList(tabsWithout(victim)));
 }
 
 void TestLostPanels::panelDestroysAnotherWhileLaidOut_data()
@@ -291,15 +301,7 @@ void TestLostPanels::panelDestroysAnotherWhileLaidOut()
 {
     QFETCH(const int, actor);
     QFETCH(const int, victim);
-    QList<TestPanel *> panels;
-    QStringList expected;
-    for (int i = 0; i < 4; ++i) {
-        const QString name = QStringLiteral("p%1").arg(i);
-        panels.append(addTestPanel(qPrintable(name), Qt::LeftDockWidgetArea));
-        if (i != victim)
-            expected.append(name);
-    }
-    expected.first() = QLatin1Char('[') + expected.constFirst() + QLatin1Char(']');
+    const QList<TestPanel *> panels = addFourPanels();
     bool destroyed = false;
     panels.at(actor)->whenHidden = [&] {
         if (!destroyed) {
@@ -313,7 +315,7 @@ void TestLostPanels::panelDestroysAnotherWhileLaidOut()
 
     panels.at(actor)->whenHidden = nullptr;
     QVERIFY(destroyed);
-    QTRY_COMPARE(dockGroups(Qt::LeftDockWidgetArea), QStringList{expected.join(QLatin1Char(' '))});
+    QTRY_COMPARE(dockGroups(Qt::LeftDockWidgetArea), QStringList(tabsWithout(victim)));
 }
 
 void TestLostPanels::panelRemovesItselfWhileLaidOut()
