@@ -5,6 +5,7 @@
 
 #include <idecore/core/buildinfo.h>
 
+#include <QBitmap>
 #include <QDialogButtonBox>
 #include <QFont>
 #include <QFrame>
@@ -88,6 +89,8 @@ void letFly(const QPoint &position)
     label->setAlignment(Qt::AlignCenter);
     playground().flying.append(label);
     label->setGeometry(QRect(position, logo.size() / logo.devicePixelRatio()));
+    // Where nothing blends windows, what is to be seen through would be black.
+    label->setMask(QBitmap::fromImage(logo.toImage().scaled(label->size()).createAlphaMask()));
     label->show();
 
     auto *flight = new QPropertyAnimation(label, QByteArrayLiteral("geometry"), label);

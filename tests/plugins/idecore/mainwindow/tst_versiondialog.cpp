@@ -279,6 +279,14 @@ private Q_SLOTS:
         QVERIFY(flying().constFirst()->windowFlags() & Qt::WindowTransparentForInput);
     }
 
+    void nothingIsSeenAroundTheFlyingLogo()
+    {
+        click(5);
+        const QRegion shown = flying().constFirst()->mask();
+        QVERIFY(shown.contains(QPoint(12, 12)));
+        QVERIFY(!shown.contains(QPoint(0, 0)));
+    }
+
     void theQuestionComesAtTheThirtiethClickOnly()
     {
         click(29);
