@@ -24,6 +24,8 @@ configure_file(${PROJECT_SOURCE_DIR}/packaging/kelmo-fpga-designer.desktop.in
     ${PROJECT_BINARY_DIR}/packaging/kelmo-fpga-designer.desktop @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/packaging/kelmo-fpga-designer.desktop
     DESTINATION share/applications)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/kelmo-fpga-designer.xml
+    DESTINATION share/mime/packages)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSES/LGPL-2.1-or-later.txt
     DESTINATION share/doc/kelmo-fpga-designer)
 

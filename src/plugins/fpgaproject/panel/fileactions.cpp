@@ -13,6 +13,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/constants.h>
 #include <idecore/core/idecore.h>
+#include <idecore/core/ideicon.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/newdialog/thenewdialog.h>
@@ -40,9 +41,9 @@ FileActions::FileActions(FileTreeView *view, FileTreeModel *model)
 {
     m_open = add("Open", tr("Open"), &FileActions::openSelected);
     m_addExisting = add("AddExisting", tr("Add Existing Files..."), &FileActions::addExisting);
-    m_addExisting->setIcon(QIcon(QStringLiteral(":/core/image/open.png")));
+    m_addExisting->setIcon(Core::ideIcon(QStringLiteral(":/core/image/open.png")));
     m_newFile = add("NewFile", tr("New File..."), &FileActions::newFile);
-    m_newFile->setIcon(QIcon(QStringLiteral(":/core/image/new.png")));
+    m_newFile->setIcon(Core::ideIcon(QStringLiteral(":/core/image/new.png")));
     m_toggle = add("Toggle", tr("Disable"), &FileActions::toggleEnabled);
     m_top = add("SetAsTop", tr("Set as Top"), &FileActions::setAsTop);
     m_remove = add("Remove", tr("Remove from Project"), &FileActions::remove);
@@ -50,7 +51,7 @@ FileActions::FileActions(FileTreeView *view, FileTreeModel *model)
     m_rename = add("Rename", tr("Rename"), &FileActions::rename);
     m_rename->setShortcut(Qt::Key_F2);
     m_copyPath = add("CopyPath", tr("Copy Path"), &FileActions::copyPath);
-    m_copyPath->setIcon(QIcon(QStringLiteral(":/core/image/copy.png")));
+    m_copyPath->setIcon(Core::ideIcon(QStringLiteral(":/core/image/copy.png")));
     m_openFolder = add("OpenFolder", tr("Open Containing Folder"), &FileActions::openFolder);
 
     // Copy of the Edit menu serves the panel too, by the key it has there.

@@ -75,7 +75,11 @@ QPixmap drawn(const QIcon &sheet, const Sign &sign, int size)
 QIcon fileIcon(FileKind kind)
 {
     // Pixmaps must not outlive the application, so each is kept by those that show it.
-    const QIcon sheet(QStringLiteral(":/core/image/editor_default.png"));
+    QIcon sheet(QStringLiteral(":/core/image/editor_default.png"));
+    sheet.addFile(QStringLiteral(":/core/image/editor_default_16.png"));
+    sheet.addFile(QStringLiteral(":/core/image/editor_default_20.png"));
+    sheet.addFile(QStringLiteral(":/core/image/editor_default_16@2x.png"));
+    sheet.addFile(QStringLiteral(":/core/image/editor_default@2x.png"));
     QIcon icon;
     for (const int size : {16, 20, 24, 32, 48})
         icon.addPixmap(drawn(sheet, signOf(kind), size));

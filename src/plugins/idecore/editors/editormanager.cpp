@@ -5,6 +5,7 @@
 
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
+#include <idecore/core/ideicon.h>
 #include <idecore/core/messages_p.h>
 #include <idecore/editors/editormanager_p.h>
 #include <idecore/interfaces/ieditorfactory.h>
@@ -124,7 +125,7 @@ IEditor *EditorManagerPrivate::createEditor(const QString &file)
 void EditorManagerPrivate::placeEditor(IEditor *editor)
 {
     if (editor->windowIcon().isNull())
-        editor->setWindowIcon(QIcon(QStringLiteral(":/core/image/editor_default.png")));
+        editor->setWindowIcon(ideIcon(QStringLiteral(":/core/image/editor_default.png")));
     editors.append(editor);
     QObject::connect(editor, &IEditor::modificationStateChanged, EditorManager::instance(),
                      &EditorManager::onEditorModified);

@@ -8,6 +8,7 @@
 #include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/iproject.h>
+#include <idecore/mainwindow/versiondialog_p.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
 #include <idecore/newdialog/thenewdialog.h>
@@ -208,7 +209,10 @@ void IdeMainWindow::onNewFiles()
 
 void IdeMainWindow::onShowOptionDialog() {}
 
-void IdeMainWindow::onAboutIde() {}
+void IdeMainWindow::onAboutIde()
+{
+    private_impl::VersionDialog(this).exec();
+}
 
 void IdeMainWindow::onOpenKelmoHelp()
 {

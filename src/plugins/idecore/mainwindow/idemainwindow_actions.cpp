@@ -8,6 +8,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
+#include <idecore/core/ideicon.h>
 #include <utils/mdiarea.h>
 
 #include <QAction>
@@ -33,7 +34,7 @@ QString id(const char *constant)
 
 QIcon icon(const char *file)
 {
-    return QIcon(QLatin1String(":/core/image/") + QLatin1String(file));
+    return ideIcon(QLatin1String(":/core/image/") + QLatin1String(file));
 }
 
 QMenu *createMenu(const char *menuId, const QString &title)

@@ -6,6 +6,7 @@
 #include "support/modaldialog.h"
 #include "support/testview.h"
 
+#include <idecore/core/ideicon.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
 #include <idecore/mainwindow/idemainwindow.h>
@@ -178,7 +179,7 @@ void TestOpenEditor::editorWithoutAnIconGetsTheDefaultOne()
 
     QVERIFY(!editor->windowIcon().isNull());
     QCOMPARE(pixels(editor->windowIcon()),
-             pixels(QIcon(QStringLiteral(":/core/image/editor_default.png"))));
+             pixels(Core::ideIcon(QStringLiteral(":/core/image/editor_default.png"))));
 }
 
 void TestOpenEditor::editorWithAnIconKeepsIt()

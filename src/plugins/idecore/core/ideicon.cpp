@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include <idecore/core/ideicon.h>
+
+#include <QColor>
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <QPixmapCache>
+#include <QString>
+
+#include <algorithm>
+
+namespace Core {
+
+namespace {
+
+struct Variant
+{
+    int pixels;
+    const char *ending;
+};
+
+// What the build renders, from small to large.
+constexpr Variant variants[] = {{16, "_16"}, {20, "_20"},    {24, ""},       {28, "_28"},
+                                {30, "_30"}, {32, "_16@2x"}, {36, "_36"},    {40, "_20@2x"},
+                                {42, "_42"}, {48, "@2x"},    {56, "_28@2x"}, {60, "_20@3x"},
+                                {72, "@3x"}, {84, "_28@3x"}};
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
+/// Nearer to white by a third, for what is drawn to be seen on light and dark.
+void lighten(QImage &image)
+{
+    const auto lighter = [](int channel) { return channel + (255 - channel) / 3; };
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = line[x];
+            line[x] = qRgba(lighter(qRed(pixel)), lighter(qGreen(pixel)), lighter(qBlue(pixel)),
+                            qAlpha(pixel));
+        }
+    }
+}
+
+/// Without colour and half seen through.
+void fade(QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int grey = qGray(line[x]);
+            line[x] = qRgba(grey, grey, grey, qAlpha(line[x]) * 45 / 100);
+        }
+    }
+}
+
+void colour(QImage &image, const QColor &colour)
+{
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(image.rect(), colour);
+}
+
+class IdeIconEngine final : public QIconEngine
+{
+public:
+    explicit IdeIconEngine(const QString &file)
+        : m_file(file)
+    {
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        const int side = std::min(rect.width(), rect.height());
+        QRect square(0, 0, side, side);
+        square.moveCenter(rect.center());
+        QPixmap picture = pixmap(square.size() * ratio, mode, state);
+        picture.setDevicePixelRatio(1.0);
+        painter->drawPixmap(square, picture);
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
+    {
+        const int side = std::min(size.width(), size.height());
+        if (side <= 0)
+            return {};
+        const QPalette palette = QGuiApplication::palette();
+        const QColor selected = palette.color(QPalette::HighlightedText);
+        const QString key = QStringLiteral("ideicon:%1:%2:%3:%4:%5")
+                                .arg(m_file, QString::number(side), QString::number(mode),
+                                     QString::number(isDark(palette)), selected.name());
+        QPixmap found;
+        if (QPixmapCache::find(key, &found))
+            return found;
+        QImage image = read(side);
+        if (isDark(palette))
+            lighten(image);
+        if (mode == QIcon::Disabled)
+            fade(image);
+        else if (mode == QIcon::Selected)
+            colour(image, selected);
+        found = QPixmap::fromImage(image);
+        QPixmapCache::insert(key, found);
+        return found;
+    }
+
+    QSize actualSize(const QSize &size, QIcon::Mode, QIcon::State) override
+    {
+        int largest = 0;
+        for (const Variant &variant : variants) {
+            if (exists(variant))
+                largest = variant.pixels;
+        }
+        const int side = std::min({size.width(), size.height(), largest});
+        return {side, side};
+    }
+
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) const override
+    {
+        QList<QSize> sizes;
+        for (const Variant &variant : variants) {
+            if (exists(variant))
+                sizes.append(QSize(variant.pixels, variant.pixels));
+        }
+        return sizes;
+    }
+
+    QString key() const override { return QStringLiteral("Core::IdeIconEngine"); }
+    QIconEngine *clone() const override { return new IdeIconEngine(m_file); }
+
+private:
+    QString fileOf(const Variant &variant) const
+    {
+        const int dot = m_file.lastIndexOf(QLatin1Char('.'));
+        return m_file.left(dot) + QLatin1String(variant.ending) + m_file.mid(dot);
+    }
+
+    bool exists(const Variant &variant) const { return QFile::exists(fileOf(variant)); }
+
+    /// The picture of @p side pixels, or the largest there is.
+    QImage read(int side) const
+    {
+        const Variant *best = nullptr;
+        for (const Variant &variant : variants) {
+            if (!exists(variant))
+                continue;
+            best = &variant;
+            if (variant.pixels >= side)
+                break;
+        }
+        if (!best)
+            return {};
+        QImage image(fileOf(*best));
+        image.setDevicePixelRatio(1.0);
+        if (best->pixels > side)
+            image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        return image.convertToFormat(QImage::Format_ARGB32);
+    }
+
+    const QString m_file;
+};
+
+} // namespace
+
+QIcon ideIcon(const QString &file)
+{
+    return QFile::exists(file) ? QIcon(new IdeIconEngine(file)) : QIcon();
+}
+
+} // namespace Core

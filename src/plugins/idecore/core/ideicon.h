@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef IDECORE_CORE_IDEICON_H
+#define IDECORE_CORE_IDEICON_H
+
+#include <idecore/idecore_export.h>
+
+#include <QIcon>
+
+class QString;
+
+namespace Core {
+
+/// The icon of the resource @p file, a PNG of 24 pixels such as
+/// ":/core/image/new.png", sharp at every size for which a picture lies beside it:
+/// new_16.png, new_20.png, new_28.png, new_30.png, new_36.png, new_42.png, and each
+/// at two and three times its size (new@2x.png, new_16@3x.png). Those that are
+/// missing are made from the next larger one; nothing is enlarged.
+///
+/// Follows the theme: lighter on a dark one, pale where disabled, in the colour of
+/// selected text where selected. Null when there is no such resource; pictures are
+/// read when they are first shown. GUI thread only.
+[[nodiscard]] IDECORE_EXPORT QIcon ideIcon(const QString &file);
+
+} // namespace Core
+
+#endif // IDECORE_CORE_IDEICON_H
