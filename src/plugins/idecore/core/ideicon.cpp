@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QImage>
+#include <QImageReader>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
@@ -31,6 +32,15 @@ constexpr Variant variants[] = {{16, "_16"}, {20, "_20"},    {24, ""},       {28
                                 {30, "_30"}, {32, "_16@2x"}, {36, "_36"},    {40, "_20@2x"},
                                 {42, "_42"}, {48, "@2x"},    {56, "_28@2x"}, {60, "_20@3x"},
                                 {72, "@3x"}, {84, "_28@3x"}};
+
+/// Told what it is, the reader does not load the plugins of all other formats to ask
+/// whether it is theirs, which a start would feel.
+QImage readPng(const QString &file)
+{
+    QImageReader reader(file, "png");
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}
 
 bool isDark(const QPalette &palette)
 {
@@ -160,7 +170,7 @@ private:
         }
         if (!best)
             return {};
-        QImage image(fileOf(*best));
+        QImage image = readPng(fileOf(*best));
         image.setDevicePixelRatio(1.0);
         if (best->pixels > side)
             image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -175,6 +185,18 @@ private:
 QIcon ideIcon(const QString &file)
 {
     return QFile::exists(file) ? QIcon(new IdeIconEngine(file)) : QIcon();
+}
+
+QIcon windowIcon()
+{
+    QIcon icon;
+    for (const char *size : {"24", "32", "24@2x", "32@2x", "32@3x"}) {
+        QImage image = readPng(QStringLiteral(":/core/image/logo/ide_logo_%1.png")
+                                   .arg(QLatin1String(size)));
+        image.setDevicePixelRatio(1.0);
+        icon.addPixmap(QPixmap::fromImage(image));
+    }
+    return icon;
 }
 
 } // namespace Core

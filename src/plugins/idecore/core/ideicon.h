@@ -23,6 +23,9 @@ namespace Core {
 /// read when they are first shown. GUI thread only.
 [[nodiscard]] IDECORE_EXPORT QIcon ideIcon(const QString &file);
 
+/// The product's own, of its windows, in all sizes. GUI thread only.
+[[nodiscard]] IDECORE_EXPORT QIcon windowIcon();
+
 } // namespace Core
 
 #endif // IDECORE_CORE_IDEICON_H

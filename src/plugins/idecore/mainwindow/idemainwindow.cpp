@@ -6,6 +6,7 @@
 #include <assistant/assistantproxy.h>
 #include <idecore/core/buildinfo.h>
 #include <idecore/core/idecore.h>
+#include <idecore/core/ideicon.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/iproject.h>
 #include <idecore/mainwindow/versiondialog_p.h>
@@ -63,7 +64,7 @@ Utils::MdiArea *IdeMainWindow::documentArea() const
 void IdeMainWindow::setupUi()
 {
     setWindowTitle(QStringLiteral("KELMO FPGA Designer"));
-    setWindowIcon(QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png")));
+    setWindowIcon(windowIcon());
     statusBar();
     permanentLabel = new QLabel(this);
     statusBar()->addPermanentWidget(permanentLabel);

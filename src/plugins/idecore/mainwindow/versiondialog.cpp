@@ -4,6 +4,7 @@
 #include <idecore/mainwindow/versiondialog_p.h>
 
 #include <idecore/core/buildinfo.h>
+#include <idecore/core/ideicon.h>
 
 #include <QBitmap>
 #include <QDialogButtonBox>
@@ -107,7 +108,7 @@ VersionDialog::VersionDialog(QWidget *parent)
     : QDialog(parent)
     , m_logo(new QLabel(this))
 {
-    setWindowIcon(QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png")));
+    setWindowIcon(windowIcon());
     setWindowTitle(tr("About"));
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
 

@@ -6,6 +6,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/assertion_p.h>
 #include <idecore/core/constants.h>
+#include <idecore/core/ideicon.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager_p.h>
 #include <utils/mdiarea.h>
@@ -181,7 +182,7 @@ void ViewManager::showView(IView *view)
         return;
     }
     if (view->windowIcon().isNull())
-        view->setWindowIcon(QIcon(QStringLiteral(":/core/image/logo/ide_logo_32.png")));
+        view->setWindowIcon(windowIcon());
 
     auto *window = new Utils::MdiSubWindow(nullptr);
     window->setWidget(view);
