@@ -17,9 +17,6 @@
 #include <QDir>
 #include <QIcon>
 #include <QItemSelectionModel>
-#include <QPainter>
-#include <QPalette>
-#include <QPixmap>
 #include <QPushButton>
 #include <QStandardItemModel>
 
@@ -37,21 +34,6 @@ QList<IWizardFactory *> poolWizards()
     for (Factory *factory : found)
         wizards.append(factory);
     return wizards;
-}
-
-/// An icon of the core's own, in the colour of the selected text while its row is
-/// selected: tinted as is usual it would vanish in the highlight.
-QIcon ownIcon(const QString &file, const QPalette &palette)
-{
-    constexpr int size = 24;
-    QIcon icon(file);
-    QPixmap selected = icon.pixmap(size);
-    QPainter painter(&selected);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(selected.rect(), palette.color(QPalette::HighlightedText));
-    painter.end();
-    icon.addPixmap(selected, QIcon::Selected);
-    return icon;
 }
 
 /// Whether the flags say so; they count while a project is open.
@@ -173,8 +155,8 @@ void TheNewDialog::addCategory(const QString &title, const QList<IWizardFactory 
 QStandardItem *TheNewDialog::createItem(IWizardFactory *factory, const QString &defaultIcon)
 {
     const QIcon icon = factory->icon();
-    auto *item = new QStandardItem(icon.isNull() ? ownIcon(defaultIcon, palette()) : icon,
-                                   factory->displayName());
+    auto *item =
+        new QStandardItem(icon.isNull() ? QIcon(defaultIcon) : icon, factory->displayName());
     item->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
     m_factories.insert(item, factory);
     connect(factory, &QObject::destroyed, this, [this, item] { removeItem(item); });
