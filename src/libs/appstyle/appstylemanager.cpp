@@ -4,12 +4,12 @@
 #include <appstyle/appstylemanager.h>
 
 #include "appstyle/themepalette_p.h"
+#include "appstyle/themestyle_p.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QSettings>
 #include <QStyle>
-#include <QStyleFactory>
 #include <QTimer>
 #include <QToolTip>
 #include <QVariant>
@@ -83,17 +83,17 @@ void AppStyleManager::setAppStyle(const QString &theme)
     d->shown = d->theme;
 
     // The palette goes first: a new style polishes every widget, which then is
-    // done once. Where Fusion is in place already, only the palette changes.
+    // done once. Where the style is in place already, only the palette changes.
     const QPalette palette = d->theme == THEME_DARK ? darkPalette() : lightPalette();
     QApplication::setPalette(palette);
     // Tool tips keep a palette of their own, taken from the desktop.
-    QToolTip::setPalette(palette);
+    QToolTip::setPalette(toolTipPalette(palette));
     // Later: at the start nothing shows these icons, and searching them takes
     // longer than all the rest of it.
     QTimer::singleShot(0, this, [this] { setIconTheme(d->shown); });
-    const QString fusion = QStringLiteral("fusion");
-    if (QApplication::style()->objectName().compare(fusion, Qt::CaseInsensitive) != 0)
-        QApplication::setStyle(QStyleFactory::create(fusion));
+    // Where one widget has a style sheet of its own, what serves the others is it still.
+    if (!qobject_cast<ThemeStyle *>(QApplication::style()))
+        QApplication::setStyle(new ThemeStyle);
     Q_EMIT themeChanged(d->theme);
 }
 

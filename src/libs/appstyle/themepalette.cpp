@@ -9,6 +9,8 @@ namespace APPSTYLE {
 
 namespace {
 
+constexpr QRgb toolTipText = 0xffe6e7e9;
+
 struct Colours
 {
     QRgb window;
@@ -32,11 +34,11 @@ struct Colours
     QRgb shadow;
 };
 
-constexpr Colours classic{0xffefefef, 0xffffffff, 0xfff5f6f7, 0xfff4f4f4, 0xff1d1f23, 0xff85898f,
-                          0xff666b72, 0xff1f6fb8, 0xffb4bac1, 0xff1a5fa8, 0xff6b3fa0, 0xffffffe1,
+constexpr Colours classic{0xffefefef, 0xffffffff, 0xfff5f6f7, 0xfff4f4f4, 0xff1d1f23, 0xff7f8389,
+                          0xff666b72, 0xff1f6fb8, 0xffb4bac1, 0xff1a5fa8, 0xff6b3fa0, 0xff121316,
                           0xffb3261e, 0xffffffff, 0xffe4e5e7, 0xffb9bcc0, 0xff9da1a6, 0xff6c7075};
-constexpr Colours nightly{0xff2b2d31, 0xff1d1f23, 0xff232529, 0xff36393f, 0xffe6e7e9, 0xff7b8088,
-                          0xff9aa0a8, 0xff2a6cab, 0xff43474e, 0xff6cb2f5, 0xffbd9bf0, 0xff3c4047,
+constexpr Colours nightly{0xff2b2d31, 0xff1d1f23, 0xff232529, 0xff36393f, 0xffe6e7e9, 0xff888d95,
+                          0xff9aa0a8, 0xff377ab4, 0xff43474e, 0xff6cb2f5, 0xffbd9bf0, 0xff121316,
                           0xffff8a80, 0xff4c5058, 0xff3f434a, 0xff25272b, 0xff1b1c1f, 0xff0e0f11};
 
 void fill(QPalette &palette, QPalette::ColorGroup group, const Colours &colours, QRgb text,
@@ -52,9 +54,11 @@ void fill(QPalette &palette, QPalette::ColorGroup group, const Colours &colours,
     set(QPalette::Text, text);
     set(QPalette::Button, colours.button);
     set(QPalette::ButtonText, text);
-    // A tool tip may tell of something disabled; it is never disabled itself.
+    // A tool tip may tell of something disabled; it is never disabled itself. It is
+    // dark in either theme: the keys in the tool tips of commands are "gray", which
+    // can be read on hardly anything else.
     set(QPalette::ToolTipBase, colours.toolTip);
-    set(QPalette::ToolTipText, colours.text);
+    set(QPalette::ToolTipText, toolTipText);
     set(QPalette::PlaceholderText, group == QPalette::Disabled ? text : colours.placeholder);
     set(QPalette::BrightText, colours.brightText);
     set(QPalette::Highlight, highlight);
@@ -92,6 +96,18 @@ QPalette lightPalette()
 QPalette darkPalette()
 {
     return paletteOf(nightly);
+}
+
+QPalette toolTipPalette(const QPalette &palette)
+{
+    QPalette toolTip(palette);
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase})
+        toolTip.setBrush(role, palette.brush(QPalette::ToolTipBase));
+    for (const auto role : {QPalette::WindowText, QPalette::Text})
+        toolTip.setBrush(role, palette.brush(QPalette::ToolTipText));
+    toolTip.setColor(QPalette::Link, nightly.link);
+    toolTip.setColor(QPalette::LinkVisited, nightly.linkVisited);
+    return toolTip;
 }
 
 } // namespace APPSTYLE

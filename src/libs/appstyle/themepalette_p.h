@@ -11,6 +11,8 @@ namespace APPSTYLE {
 /// Complete palettes: every role is set in every colour group.
 [[nodiscard]] QPalette lightPalette();
 [[nodiscard]] QPalette darkPalette();
+/// That of the tool tips beside @p palette, with links that are read on their ground.
+[[nodiscard]] QPalette toolTipPalette(const QPalette &palette);
 
 } // namespace APPSTYLE
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/contrast.h"
 #include "support/testhome.h"
 
 #include <appstyle/appstylemanager.h>
@@ -13,6 +14,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QMetaEnum>
 #include <QPalette>
 #include <QSettings>
 #include <QSignalSpy>
@@ -20,31 +22,12 @@
 #include <QStyle>
 #include <QTest>
 #include <QToolTip>
-#include <QtMath>
 
 using APPSTYLE::AppStyleManager;
 using APPSTYLE::THEME_CLASSIC;
 using APPSTYLE::THEME_DARK;
 
 namespace {
-
-double channel(double value)
-{
-    return value <= 0.03928 ? value / 12.92 : qPow((value + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor &colour)
-{
-    return 0.2126 * channel(colour.redF()) + 0.7152 * channel(colour.greenF())
-           + 0.0722 * channel(colour.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double light = qMax(luminance(a), luminance(b));
-    const double dark = qMin(luminance(a), luminance(b));
-    return (light + 0.05) / (dark + 0.05);
-}
 
 QString settingsFile()
 {
@@ -61,9 +44,21 @@ void store(const QByteArray &content)
         qFatal("cannot write %s", qPrintable(file.fileName()));
 }
 
+bool isDark(const QColor &ground)
+{
+    return Contrast::ratio(Qt::white, ground) > Contrast::ratio(Qt::black, ground);
+}
+
 bool isDark()
 {
-    return luminance(QApplication::palette().color(QPalette::Window)) < 0.2;
+    return isDark(QApplication::palette().color(QPalette::Window));
+}
+
+void themes()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("classic") << THEME_CLASSIC;
+    QTest::newRow("dark") << THEME_DARK;
 }
 
 } // namespace
@@ -91,8 +86,12 @@ private Q_SLOTS:
     void notedThemeIsStillApplied();
     void textIsReadable_data();
     void textIsReadable();
-    void disabledTextIsFainterYetVisible_data();
-    void disabledTextIsFainterYetVisible();
+    void toolTipsAreReadable_data();
+    void toolTipsAreReadable();
+    void selectionStandsOut_data();
+    void selectionStandsOut();
+    void disabledTextIsFainter_data();
+    void disabledTextIsFainter();
     void paletteIsComplete_data();
     void paletteIsComplete();
 };
@@ -228,11 +227,11 @@ void TestAppStyleManager::openWindowsMenusAndToolTipsFollow()
 
     AppStyleManager::instance()->setAppStyle(THEME_DARK);
 
-    QVERIFY(luminance(window.palette().color(QPalette::Window)) < 0.2);
-    QVERIFY(luminance(menu.palette().color(QPalette::Window)) < 0.2);
-    QVERIFY(luminance(QToolTip::palette().color(QPalette::ToolTipBase)) < 0.2);
+    QVERIFY(isDark(window.palette().color(QPalette::Window)));
+    QVERIFY(isDark(menu.palette().color(QPalette::Window)));
+    QVERIFY(isDark(QToolTip::palette().color(QPalette::ToolTipBase)));
     const QImage shown = window.grab().toImage();
-    QVERIFY(luminance(shown.pixelColor(shown.width() - 1, shown.height() - 1)) < 0.2);
+    QVERIFY(isDark(shown.pixelColor(shown.width() - 1, shown.height() - 1)));
 }
 
 void TestAppStyleManager::themeChangedIsSentAfterTheChange()
@@ -288,24 +287,36 @@ void TestAppStyleManager::textIsReadable_data()
     QTest::addColumn<QPalette::ColorGroup>("group");
     QTest::addColumn<QPalette::ColorRole>("text");
     QTest::addColumn<QPalette::ColorRole>("ground");
+    QTest::addColumn<double>("least");
     using P = QPalette;
     const QVector<QPair<P::ColorRole, P::ColorRole>> pairs{{P::WindowText, P::Window},
                                                            {P::Text, P::Base},
                                                            {P::Text, P::AlternateBase},
                                                            {P::ButtonText, P::Button},
-                                                           {P::ToolTipText, P::ToolTipBase},
+                                                           {P::ButtonText, P::Window},
                                                            {P::PlaceholderText, P::Base},
+                                                           {P::PlaceholderText, P::Window},
                                                            {P::HighlightedText, P::Highlight},
                                                            {P::Link, P::Base},
+                                                           {P::Link, P::AlternateBase},
                                                            {P::Link, P::Window},
                                                            {P::LinkVisited, P::Base},
+                                                           {P::LinkVisited, P::AlternateBase},
                                                            {P::LinkVisited, P::Window},
-                                                           {P::BrightText, P::Window}};
+                                                           {P::BrightText, P::Window},
+                                                           {P::BrightText, P::Base}};
+    const QMetaEnum roles = QMetaEnum::fromType<P::ColorRole>();
     for (const QString &theme : {THEME_CLASSIC, THEME_DARK}) {
-        for (P::ColorGroup group : {P::Active, P::Inactive}) {
-            for (const auto &pair : pairs)
-                QTest::addRow("%s %d: %d on %d", qPrintable(theme), group, pair.first, pair.second)
-                    << theme << group << pair.first << pair.second;
+        for (const P::ColorGroup group : {P::Active, P::Inactive, P::Disabled}) {
+            for (const auto &pair : pairs) {
+                QTest::addRow("%s %d: %s on %s", qPrintable(theme), group,
+                              roles.valueToKey(pair.first), roles.valueToKey(pair.second))
+                    << theme << group << pair.first << pair.second
+                    << (group == P::Disabled ? Contrast::DISABLED : Contrast::TEXT);
+            }
+            // What a tool tip tells of may be disabled; it is not.
+            QTest::addRow("%s %d: tool tip", qPrintable(theme), group)
+                << theme << group << P::ToolTipText << P::ToolTipBase << Contrast::TEXT;
         }
     }
 }
@@ -316,38 +327,74 @@ void TestAppStyleManager::textIsReadable()
     QFETCH(QPalette::ColorGroup, group);
     QFETCH(QPalette::ColorRole, text);
     QFETCH(QPalette::ColorRole, ground);
+    QFETCH(double, least);
 
     AppStyleManager::instance()->setAppStyle(theme);
 
     const QPalette palette = QApplication::palette();
-    const double ratio = contrast(palette.color(group, text), palette.color(group, ground));
-    QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
+    const double ratio = Contrast::ratio(palette.color(group, text), palette.color(group, ground));
+    QVERIFY2(ratio >= least, qPrintable(QString::number(ratio)));
 }
 
-void TestAppStyleManager::disabledTextIsFainterYetVisible_data()
+void TestAppStyleManager::toolTipsAreReadable_data()
 {
-    QTest::addColumn<QString>("theme");
-    QTest::newRow("classic") << THEME_CLASSIC;
-    QTest::newRow("dark") << THEME_DARK;
+    themes();
 }
 
-void TestAppStyleManager::disabledTextIsFainterYetVisible()
+void TestAppStyleManager::toolTipsAreReadable()
+{
+    QFETCH(QString, theme);
+
+    AppStyleManager::instance()->setAppStyle(theme);
+
+    const QPalette palette = QToolTip::palette();
+    const QColor ground = palette.color(QPalette::ToolTipBase);
+    // The keys in the tool tips of commands are gray.
+    for (const QColor &text : {palette.color(QPalette::ToolTipText), palette.color(QPalette::Link),
+                               QColor(QStringLiteral("gray"))})
+        QVERIFY2(Contrast::ratio(text, ground) >= Contrast::TEXT, qPrintable(text.name()));
+}
+
+void TestAppStyleManager::selectionStandsOut_data()
+{
+    themes();
+}
+
+void TestAppStyleManager::selectionStandsOut()
 {
     QFETCH(QString, theme);
 
     AppStyleManager::instance()->setAppStyle(theme);
 
     const QPalette palette = QApplication::palette();
-    const double disabled = contrast(palette.color(QPalette::Disabled, QPalette::WindowText),
-                                     palette.color(QPalette::Disabled, QPalette::Window));
-    const double active = contrast(palette.color(QPalette::Active, QPalette::WindowText),
-                                   palette.color(QPalette::Active, QPalette::Window));
-    QVERIFY2(disabled >= 3.0 && disabled < active / 2, qPrintable(QString::number(disabled)));
+    for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base}) {
+        QVERIFY(Contrast::ratio(palette.color(QPalette::Highlight), palette.color(ground))
+                >= Contrast::SIGN);
+    }
+}
+
+void TestAppStyleManager::disabledTextIsFainter_data()
+{
+    themes();
+}
+
+void TestAppStyleManager::disabledTextIsFainter()
+{
+    QFETCH(QString, theme);
+
+    AppStyleManager::instance()->setAppStyle(theme);
+
+    const QPalette palette = QApplication::palette();
+    const double disabled = Contrast::ratio(palette.color(QPalette::Disabled, QPalette::WindowText),
+                                            palette.color(QPalette::Disabled, QPalette::Window));
+    const double active = Contrast::ratio(palette.color(QPalette::Active, QPalette::WindowText),
+                                          palette.color(QPalette::Active, QPalette::Window));
+    QVERIFY2(disabled < active / 2, qPrintable(QString::number(disabled)));
 }
 
 void TestAppStyleManager::paletteIsComplete_data()
 {
-    disabledTextIsFainterYetVisible_data();
+    themes();
 }
 
 void TestAppStyleManager::paletteIsComplete()

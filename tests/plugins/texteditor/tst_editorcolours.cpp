@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "ktexteditoraccess.h"
+#include "support/contrast.h"
 #include "texteditorfixture.h"
 
 #include <appstyle/appstylemanager.h>
@@ -18,6 +19,7 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QMetaEnum>
 #include <QSettings>
 #include <QTest>
 
@@ -62,6 +64,10 @@ private Q_SLOTS:
 
     void schemeAndThemeNameTheColours_data();
     void schemeAndThemeNameTheColours();
+    void coloursAreReadable_data();
+    void coloursAreReadable();
+    void theGroundIsThatOfTheTheme_data();
+    void theGroundIsThatOfTheTheme();
     void openEditorsFollowTheTheme();
     void openEditorsFollowTheSchemeWhenTheUserComesBack();
     void laterEditorsFollowTheScheme();
@@ -80,14 +86,14 @@ void TestEditorColours::schemeAndThemeNameTheColours_data()
 
     const QString classic = APPSTYLE::THEME_CLASSIC;
     const QString dark = APPSTYLE::THEME_DARK;
-    const QString light = QStringLiteral("Breeze Light");
+    const QString light = QStringLiteral("Kelmo Light");
     QTest::newRow("none") << QVariant() << classic << light;
-    QTest::newRow("none, dark") << QVariant() << dark << QStringLiteral("Breeze Dark");
+    QTest::newRow("none, dark") << QVariant() << dark << QStringLiteral("Kelmo Dark");
     QTest::newRow("default") << QVariant(QStringLiteral("Default")) << classic << light;
     QTest::newRow("desert") << QVariant(QStringLiteral("Desert")) << classic
-                            << QStringLiteral("gruvbox Light");
+                            << QStringLiteral("Kelmo Desert Light");
     QTest::newRow("desert, dark") << QVariant(QStringLiteral("Desert")) << dark
-                                  << QStringLiteral("gruvbox Dark");
+                                  << QStringLiteral("Kelmo Desert Dark");
     QTest::newRow("another case") << QVariant(QStringLiteral("desert")) << classic << light;
     QTest::newRow("unknown") << QVariant(QStringLiteral("?")) << classic << light;
     QTest::newRow("number") << QVariant(7) << classic << light;
@@ -112,6 +118,60 @@ void TestEditorColours::schemeAndThemeNameTheColours()
     QCOMPARE(isDark, theme == APPSTYLE::THEME_DARK);
 }
 
+void TestEditorColours::coloursAreReadable_data()
+{
+    QTest::addColumn<QString>("theme");
+    for (const char *name :
+         {"Kelmo Light", "Kelmo Dark", "Kelmo Desert Light", "Kelmo Desert Dark"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestEditorColours::coloursAreReadable()
+{
+    using Theme = KSyntaxHighlighting::Theme;
+    QFETCH(QString, theme);
+    // The engine brings the themes.
+    QVERIFY(m_fixture->open(QStringLiteral("a.v"), "wire a;\n"));
+    const Theme colours = KTextEditor::Editor::instance()->repository().theme(theme);
+    QVERIFY(colours.isValid());
+    const auto verify = [&colours](QRgb text, Theme::EditorColorRole ground, const char *what) {
+        const double ratio = Contrast::ratio(QColor(text), QColor(colours.editorColor(ground)));
+        QVERIFY2(ratio >= Contrast::TEXT,
+                 qPrintable(QStringLiteral("%1: %2").arg(QLatin1String(what)).arg(ratio)));
+    };
+
+    const QMetaEnum styles = QMetaEnum::fromType<Theme::TextStyle>();
+    for (int i = 0; i < styles.keyCount(); ++i) {
+        const auto style = Theme::TextStyle(styles.value(i));
+        verify(colours.textColor(style), Theme::BackgroundColor, styles.key(i));
+        verify(colours.textColor(style), Theme::CurrentLine, styles.key(i));
+        verify(colours.selectedTextColor(style), Theme::TextSelection, styles.key(i));
+    }
+    verify(colours.textColor(Theme::Normal), Theme::SearchHighlight, "found");
+    verify(colours.textColor(Theme::Normal), Theme::ReplaceHighlight, "replaced");
+    verify(colours.textColor(Theme::Normal), Theme::BracketMatching, "bracket");
+    verify(colours.editorColor(Theme::LineNumbers), Theme::IconBorder, "line number");
+    verify(colours.editorColor(Theme::CurrentLineNumber), Theme::IconBorder, "current line");
+}
+
+void TestEditorColours::theGroundIsThatOfTheTheme_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("classic") << APPSTYLE::THEME_CLASSIC;
+    QTest::newRow("dark") << APPSTYLE::THEME_DARK;
+}
+
+void TestEditorColours::theGroundIsThatOfTheTheme()
+{
+    QFETCH(QString, theme);
+    AppStyleManager::instance()->setAppStyle(theme);
+
+    const AbstractTextEditor *const editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+
+    QCOMPARE(configValue(editor, "background-color").value<QColor>(),
+             QApplication::palette().color(QPalette::Base));
+}
+
 void TestEditorColours::openEditorsFollowTheTheme()
 {
     const AbstractTextEditor *const first = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
@@ -120,8 +180,8 @@ void TestEditorColours::openEditorsFollowTheTheme()
 
     AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_DARK);
 
-    QCOMPARE(colours(first), QStringLiteral("Breeze Dark"));
-    QCOMPARE(colours(second), QStringLiteral("Breeze Dark"));
+    QCOMPARE(colours(first), QStringLiteral("Kelmo Dark"));
+    QCOMPARE(colours(second), QStringLiteral("Kelmo Dark"));
 }
 
 void TestEditorColours::openEditorsFollowTheSchemeWhenTheUserComesBack()
@@ -135,11 +195,11 @@ void TestEditorColours::openEditorsFollowTheSchemeWhenTheUserComesBack()
     QVERIFY(QTest::qWaitForWindowActive(&options));
 
     choose(QStringLiteral("Desert"));
-    QCOMPARE(colours(editor), QStringLiteral("Breeze Light"));
+    QCOMPARE(colours(editor), QStringLiteral("Kelmo Light"));
     options.close();
     Core::ViewManager::mainWindow()->activateWindow();
 
-    QTRY_COMPARE(colours(editor), QStringLiteral("gruvbox Light"));
+    QTRY_COMPARE(colours(editor), QStringLiteral("Kelmo Desert Light"));
 }
 
 void TestEditorColours::laterEditorsFollowTheScheme()
@@ -150,7 +210,7 @@ void TestEditorColours::laterEditorsFollowTheScheme()
     const AbstractTextEditor *const later = m_fixture->open(QStringLiteral("b.v"), "wire b;\n");
 
     QVERIFY(later);
-    QCOMPARE(colours(later), QStringLiteral("gruvbox Light"));
+    QCOMPARE(colours(later), QStringLiteral("Kelmo Desert Light"));
 }
 
 void TestEditorColours::nothingIsFollowedWhenTheCoreIsGone()
@@ -174,7 +234,7 @@ void TestEditorColours::coloursAreFollowedAgainWithTheNextCore()
 
     AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_DARK);
 
-    QCOMPARE(colours(editor), QStringLiteral("Breeze Dark"));
+    QCOMPARE(colours(editor), QStringLiteral("Kelmo Dark"));
 }
 
 QTEST_MAIN(TestEditorColours)

@@ -16,14 +16,19 @@ namespace Fpga {
 namespace {
 
 constexpr int GAP = 8;
-// Seen on light and on dark ground.
-constexpr QRgb WARNING = 0xffcc701a;
 
-QColor faded(const QPalette &palette, QPalette::ColorRole role)
+/// Of what counts for less; still read with ease on the rows of either theme.
+QColor faded(const QPalette &palette)
 {
-    QColor colour = palette.color(QPalette::Active, role);
-    colour.setAlphaF(0.6);
+    QColor colour = palette.color(QPalette::Active, QPalette::Text);
+    colour.setAlphaF(0.72);
     return colour;
+}
+
+QColor warning(const QPalette &palette)
+{
+    const bool dark = palette.color(QPalette::Active, QPalette::Base).lightness() < 128;
+    return QColor::fromRgb(dark ? 0xffe08a3a : 0xff9a4f0a);
 }
 
 } // namespace
@@ -60,14 +65,13 @@ void FileTreeDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
         return;
     if (!index.data(FileTreeModel::EnabledRole).toBool()) {
         option->font.setItalic(true);
-        const QColor colour = faded(option->palette, QPalette::Text);
-        option->palette.setColor(QPalette::Text, colour);
+        option->palette.setColor(QPalette::Text, faded(option->palette));
         if (option->features & QStyleOptionViewItem::HasDecoration)
             option->icon = QIcon(option->icon.pixmap(option->decorationSize, QIcon::Disabled));
     }
     if (index.data(FileTreeModel::MissingRole).toBool()) {
         option->font.setStrikeOut(true);
-        option->palette.setColor(QPalette::Text, QColor::fromRgb(WARNING));
+        option->palette.setColor(QPalette::Text, warning(option->palette));
     }
     option->fontMetrics = QFontMetrics(option->font);
 }
@@ -96,7 +100,9 @@ void FileTreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     QFont font = option.font;
     painter->save();
     painter->setFont(font);
-    painter->setPen(faded(option.palette, selected ? QPalette::HighlightedText : QPalette::Text));
+    // Hardly anything but the plain colour is read on the highlight.
+    painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
+                             : faded(option.palette));
     painter->drawText(
         rest, int(Qt::AlignVCenter | QStyle::visualAlignment(whole.direction, Qt::AlignLeft)),
         QFontMetrics(font).elidedText(text, Qt::ElideRight, rest.width()));
@@ -108,6 +114,15 @@ QSize FileTreeDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     size.setHeight(qMax(size.height(), QFontMetrics(option.font).height() + 6));
     return size;
+}
+
+QWidget *FileTreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                                        const QModelIndex &index) const
+{
+    QWidget *const editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (editor)
+        editor->setAccessibleName(tr("File name"));
+    return editor;
 }
 
 void FileTreeDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const

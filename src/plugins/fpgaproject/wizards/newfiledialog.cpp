@@ -75,7 +75,6 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
     auto *const form = new QFormLayout(this);
     if (isSource(kind)) {
         m_name = new QLineEdit(this);
-        setTabOrder(m_name, m_fileName);
         m_name->setObjectName(QStringLiteral("editName"));
         form->addRow(kind == FileKind::Vhdl ? tr("&Entity name:") : tr("&Module name:"), m_name);
         connect(m_name, &QLineEdit::textEdited, this, &NewFileDialog::onNameEdited);
@@ -84,7 +83,9 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
     auto *const place = new QHBoxLayout;
     place->addWidget(m_directory, 1);
     place->addWidget(browseButton);
-    form->addRow(tr("Folder:"), place);
+    form->addRow(tr("F&older:"), place);
+    // A layout is no buddy.
+    qobject_cast<QLabel *>(form->labelForField(place))->setBuddy(m_directory);
     if (isSource(kind)) {
         m_ports = new PortTable(this);
         form->addRow(tr("Ports:"), m_ports);
@@ -108,8 +109,12 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
         m_fileName->setText(kind == FileKind::TimingConstraint ? QStringLiteral("timing.sdc")
                                                                : QStringLiteral("pins.pcn"));
     }
+    if (m_name)
+        setTabOrder(m_name, m_fileName);
     setTabOrder(m_fileName, m_directory);
     setTabOrder(m_directory, browseButton);
+    if (m_ports)
+        setTabOrder(browseButton, m_ports);
     (m_name ? m_name : m_fileName)->setFocus();
     resize(640, isSource(kind) ? 560 : 380);
     update();

@@ -46,7 +46,8 @@ PlacePage::PlacePage(const QString &folder, QWidget *parent)
     m_path->setForegroundRole(QPalette::PlaceholderText);
 
     auto *const form = new QFormLayout(this);
-    form->addRow(tr("&Name:"), m_name);
+    // "Next" has the N.
+    form->addRow(tr("Na&me:"), m_name);
     auto *const place = new QHBoxLayout;
     place->addWidget(m_folder, 1);
     place->addWidget(browseButton);

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 namespace Fpga {
@@ -16,6 +17,21 @@ namespace {
 
 enum Column { Name, Direction, Width };
 constexpr int MAX_WIDTH = 65536;
+
+/// Says what is edited to whom the column is not seen.
+class NamedEditor final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override
+    {
+        QWidget *const editor = QStyledItemDelegate::createEditor(parent, option, index);
+        editor->setAccessibleName(PortTable::tr("Port"));
+        return editor;
+    }
+};
 
 } // namespace
 
@@ -30,6 +46,7 @@ PortTable::PortTable(QWidget *parent)
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->verticalHeader()->hide();
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setItemDelegateForColumn(Name, new NamedEditor(m_table));
     m_table->setMinimumHeight(120);
     auto *const add = new QPushButton(tr("Add Port"), this);
     add->setObjectName(QStringLiteral("btnAddPort"));
@@ -52,6 +69,7 @@ PortTable::PortTable(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_table, 1);
     layout->addLayout(buttons);
+    setFocusProxy(m_table);
 }
 
 PortTable::~PortTable() = default;
@@ -67,9 +85,14 @@ void PortTable::addPort()
     width->setRange(1, MAX_WIDTH);
     width->setFrame(false);
     width->setSuffix(tr(" bit"));
+    direction->setAccessibleName(tr("Direction"));
+    width->setAccessibleName(tr("Width"));
     m_table->setCellWidget(row, Direction, direction);
     m_table->setCellWidget(row, Width, width);
     m_table->setItem(row, Name, new QTableWidgetItem);
+    // Tab goes through the rows before it leaves the table.
+    setTabOrder(row > 0 ? m_table->cellWidget(row - 1, Width) : m_table, direction);
+    setTabOrder(direction, width);
     connect(direction, qOverload<int>(&QComboBox::currentIndexChanged), this, &PortTable::changed);
     connect(width, qOverload<int>(&QSpinBox::valueChanged), this, &PortTable::changed);
     m_table->setCurrentCell(row, Name);

@@ -124,8 +124,8 @@ QString currentTheme()
                                == QLatin1String(Constants::SCHEME_DESERT);
     const bool dark = APPSTYLE::AppStyleManager::instance()->currentTheme() == APPSTYLE::THEME_DARK;
     if (desert)
-        return dark ? QStringLiteral("gruvbox Dark") : QStringLiteral("gruvbox Light");
-    return dark ? QStringLiteral("Breeze Dark") : QStringLiteral("Breeze Light");
+        return dark ? QStringLiteral("Kelmo Desert Dark") : QStringLiteral("Kelmo Desert Light");
+    return dark ? QStringLiteral("Kelmo Dark") : QStringLiteral("Kelmo Light");
 }
 
 QString recoveryFolder()

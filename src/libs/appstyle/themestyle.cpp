@@ -1,0 +1,275 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "appstyle/themestyle_p.h"
+
+#include "appstyle/contrast_p.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+#include <QStyleOption>
+
+namespace APPSTYLE {
+
+namespace {
+
+QColor mixed(const QColor &one, const QColor &other, double part)
+{
+    const auto mix = [part](int a, int b) { return qRound(a + (b - a) * part); };
+    return {mix(one.red(), other.red()), mix(one.green(), other.green()),
+            mix(one.blue(), other.blue())};
+}
+
+/// The edge of what would not be known for a control without it.
+QColor edge(const QStyleOption *option)
+{
+    const QPalette &palette = option->palette;
+    const bool enabled = option->state & QStyle::State_Enabled;
+    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText),
+                 enabled ? 0.6 : 0.5);
+}
+
+QColor indicatorGround(const QStyleOption *option)
+{
+    const QPalette &palette = option->palette;
+    if (!(option->state & QStyle::State_Enabled))
+        return palette.color(QPalette::Window);
+    const QColor base = palette.color(QPalette::Base);
+    return option->state & QStyle::State_Sunken ? mixed(base, palette.color(QPalette::Text), 0.2)
+                                                : base;
+}
+
+QRectF indicatorRect(const QStyleOption *option)
+{
+    const int side = qMin(option->rect.width(), option->rect.height());
+    QRect square(0, 0, side, side);
+    square.moveCenter(option->rect.center());
+    return QRectF(square).adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+QPen indicatorPen(const QStyleOption *option)
+{
+    const bool hovered =
+        (option->state & QStyle::State_Enabled) && (option->state & QStyle::State_MouseOver);
+    return {hovered ? option->palette.color(QPalette::Link) : edge(option), 1};
+}
+
+void drawCheckBox(const QStyleOption *option, QPainter *painter)
+{
+    const QRectF box = indicatorRect(option);
+    painter->setPen(indicatorPen(option));
+    painter->setBrush(indicatorGround(option));
+    painter->drawRoundedRect(box, 2, 2);
+    const QColor mark = option->palette.color(QPalette::Text);
+    const double unit = box.width() / 12;
+    if (option->state & QStyle::State_NoChange) {
+        painter->fillRect(QRectF(box.center() - QPointF(3, 1) * unit, QSizeF(6, 2) * unit), mark);
+    } else if (option->state & QStyle::State_On) {
+        painter->setPen(QPen(mark, 1.8 * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const QPointF tick[] = {box.topLeft() + QPointF(2.8, 6.2) * unit,
+                                box.topLeft() + QPointF(5.1, 8.6) * unit,
+                                box.topLeft() + QPointF(9.3, 3.6) * unit};
+        painter->drawPolyline(tick, 3);
+    }
+}
+
+void drawRadioButton(const QStyleOption *option, QPainter *painter)
+{
+    const QRectF circle = indicatorRect(option);
+    painter->setPen(indicatorPen(option));
+    painter->setBrush(indicatorGround(option));
+    painter->drawEllipse(circle);
+    if (option->state & QStyle::State_On) {
+        const double inset = circle.width() * 0.28;
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option->palette.brush(QPalette::Text));
+        painter->drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
+    }
+}
+
+void drawFocus(const QStyleOption *option, QPainter *painter)
+{
+    if (!(option->state & QStyle::State_KeyboardFocusChange))
+        return;
+    painter->setPen(option->palette.color(QPalette::Link));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+}
+
+void drawToolTip(const QStyleOption *option, QPainter *painter)
+{
+    const QColor ground = option->palette.color(QPalette::ToolTipBase);
+    painter->setPen(mixed(ground, option->palette.color(QPalette::ToolTipText), 0.4));
+    painter->setBrush(ground);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+}
+
+/// On light ground Fusion's own frame is seen.
+bool isDark(const QStyleOption *option)
+{
+    return option->palette.color(QPalette::Window).lightness() < 128;
+}
+
+void drawFieldFrame(const QStyleOption *option, QPainter *painter)
+{
+    const bool focused =
+        (option->state & QStyle::State_Enabled) && (option->state & QStyle::State_HasFocus);
+    painter->setPen(focused ? option->palette.color(QPalette::Highlight) : edge(option));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+}
+
+/// Marks the current tab with a bar along the side that is away from its page.
+void markCurrentTab(const QStyleOptionTab *tab, QPainter *painter)
+{
+    constexpr int width = 2;
+    QRect bar = tab->rect;
+    switch (tab->shape) {
+    case QTabBar::RoundedNorth:
+    case QTabBar::TriangularNorth:
+        bar.setHeight(width);
+        break;
+    case QTabBar::RoundedSouth:
+    case QTabBar::TriangularSouth:
+        bar.setTop(bar.bottom() - width + 1);
+        break;
+    case QTabBar::RoundedWest:
+    case QTabBar::TriangularWest:
+        bar.setWidth(width);
+        break;
+    case QTabBar::RoundedEast:
+    case QTabBar::TriangularEast:
+        bar.setLeft(bar.right() - width + 1);
+        break;
+    }
+    painter->fillRect(bar, tab->palette.brush(QPalette::Highlight));
+}
+
+} // namespace
+
+ThemeStyle::ThemeStyle()
+    : QProxyStyle(QStringLiteral("fusion"))
+{
+    // By which it is told what the style is.
+    setObjectName(QStringLiteral("fusion"));
+}
+
+ThemeStyle::~ThemeStyle() = default;
+
+void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                             const QWidget *widget) const
+{
+    if (element == CE_MenuItem && (option->state & State_Selected)
+        && (option->state & State_Enabled)) {
+        // Fusion draws the icon as it is, on the highlight as on the menu.
+        const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        if (item && !item->icon.isNull()) {
+            const int size = pixelMetric(PM_SmallIconSize, option, widget);
+            QStyleOptionMenuItem selected(*item);
+            selected.icon = QIcon(item->icon.pixmap(
+                widget ? widget->window()->windowHandle() : nullptr, QSize(size, size),
+                QIcon::Selected, item->checked ? QIcon::On : QIcon::Off));
+            QProxyStyle::drawControl(element, &selected, painter, widget);
+            return;
+        }
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_TabBarTabShape && (option->state & State_Selected)) {
+        if (const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option))
+            markCurrentTab(tab, painter);
+    }
+}
+
+void ThemeStyle::drawItemText(QPainter *painter, const QRect &rect, int flags,
+                              const QPalette &palette, bool enabled, const QString &text,
+                              QPalette::ColorRole role) const
+{
+    if (enabled && role == QPalette::WindowText) {
+        const QColor given = palette.color(role);
+        const QColor shown = readable(given, palette.color(QPalette::Window), TEXT_CONTRAST);
+        if (shown != given) {
+            QPalette changed(palette);
+            changed.setColor(role, shown);
+            QProxyStyle::drawItemText(painter, rect, flags, changed, enabled, text, role);
+            return;
+        }
+    }
+    QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
+}
+
+void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                               QPainter *painter, const QWidget *widget) const
+{
+    void (*draw)(const QStyleOption *, QPainter *) = nullptr;
+    switch (element) {
+    case PE_IndicatorCheckBox:
+        draw = drawCheckBox;
+        break;
+    case PE_IndicatorRadioButton:
+        draw = drawRadioButton;
+        break;
+    case PE_FrameFocusRect:
+        draw = drawFocus;
+        break;
+    case PE_PanelTipLabel:
+        draw = drawToolTip;
+        break;
+    case PE_FrameLineEdit:
+        draw = isDark(option) ? drawFieldFrame : nullptr;
+        break;
+    default:
+        break;
+    }
+    if (!draw) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, element != PE_PanelTipLabel);
+    draw(option, painter);
+    painter->restore();
+}
+
+int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                          QStyleHintReturn *returned) const
+{
+    // The desktop's icons on buttons follow the desktop's theme, not this one.
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+QPixmap ThemeStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
+                                        const QStyleOption *option) const
+{
+    if (mode != QIcon::Selected)
+        return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+    const QColor ground = option->palette.color(QPalette::Highlight);
+    // As the text beside it.
+    const bool light = option->palette.color(QPalette::HighlightedText).lightness() > 127;
+    const Towards towards = light ? Towards::White : Towards::Black;
+    QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    QRgb last = 0;
+    QRgb lastShown = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = line[x];
+            if (qAlpha(pixel) == 0)
+                continue;
+            const QRgb solid = pixel | 0xff000000;
+            // Most neighbours are of one colour.
+            if (solid != last) {
+                last = solid;
+                lastShown = readable(QColor(solid), ground, SIGN_CONTRAST, towards).rgb();
+            }
+            line[x] = (lastShown & RGB_MASK) | (pixel & ~RGB_MASK);
+        }
+    }
+    QPixmap shown = QPixmap::fromImage(image);
+    shown.setDevicePixelRatio(pixmap.devicePixelRatio());
+    return shown;
+}
+
+} // namespace APPSTYLE

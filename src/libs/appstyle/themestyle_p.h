@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#ifndef APPSTYLE_THEMESTYLE_P_H
+#define APPSTYLE_THEMESTYLE_P_H
+
+#include <QProxyStyle>
+
+namespace APPSTYLE {
+
+/// Fusion, with what it draws too faintly drawn so that it is seen on dark ground
+/// as on light: check boxes, the focus, the current tab, icons in selected rows.
+///
+/// It keeps nothing of a palette: what is drawn follows the palette of the moment.
+class ThemeStyle final : public QProxyStyle
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(ThemeStyle)
+public:
+    /// Has the object name "fusion".
+    ThemeStyle();
+    ~ThemeStyle() override;
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+    /// What a style sheet has coloured too near to its ground is made readable: a
+    /// style sheet does not know the theme.
+    void drawItemText(QPainter *painter, const QRect &rect, int flags, const QPalette &palette,
+                      bool enabled, const QString &text, QPalette::ColorRole role) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override;
+    /// Icons of selected rows keep their colours, lightened where these would be
+    /// lost in the highlight.
+    QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
+                                const QStyleOption *option) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override;
+};
+
+} // namespace APPSTYLE
+
+#endif // APPSTYLE_THEMESTYLE_P_H

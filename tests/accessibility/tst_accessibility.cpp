@@ -1,0 +1,334 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/accessibilitywalk.h"
+#include "support/corefixture.h"
+#include "support/modaldialog.h"
+
+#include <extsys/iplugin.h>
+#include <extsys/pluginmanager.h>
+#include <idecore/editors/editormanager.h>
+#include <idecore/interfaces/ieditor.h>
+#include <idecore/interfaces/ioptionspage.h>
+#include <idecore/interfaces/iwizardfactory.h>
+#include <idecore/mainwindow/idemainwindow.h>
+#include <idecore/newdialog/thenewdialog.h>
+#include <idecore/projects/projectmanager.h>
+#include <idecore/projects/projectsaveasdlg.h>
+#include <idecore/views/viewmanager.h>
+#include <utils/mdiarea.h>
+
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QPluginLoader>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWizard>
+
+#include <algorithm>
+
+// Says which there are.
+#define VERIFY_NONE(list)                                                                          \
+    do {                                                                                           \
+        const QStringList found = (list);                                                          \
+        QVERIFY2(found.isEmpty(), qPrintable(QLatin1Char('\n') + found.join(QLatin1Char('\n'))));  \
+    } while (false)
+
+using Core::EditorManager;
+using Core::ViewManager;
+using ExtSys::PluginManager;
+
+namespace {
+
+QString named(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// The workbench with its companions and a copy of the example project.
+class Workbench final
+{
+public:
+    Workbench()
+    {
+        for (const char *library : {TEXTEDITOR_PLUGIN, FPGAPROJECT_PLUGIN}) {
+            QPluginLoader loader(named(library));
+            auto *plugin = qobject_cast<ExtSys::IPlugin *>(loader.instance());
+            if (!plugin || !plugin->initialize())
+                qFatal("%s did not start: %s", library, qPrintable(loader.errorString()));
+            m_plugins.prepend(plugin);
+        }
+        for (ExtSys::IPlugin *plugin : qAsConst(m_plugins))
+            plugin->extensionsInitialized();
+        copy(named(EXAMPLE_PROJECT), path());
+        core.show();
+    }
+    ~Workbench()
+    {
+        Core::ProjectManager::closeCurrentProject();
+        for (ExtSys::IPlugin *plugin : qAsConst(m_plugins))
+            plugin->shutDown();
+    }
+    Workbench(const Workbench &) = delete;
+    Workbench &operator=(const Workbench &) = delete;
+
+    [[nodiscard]] QString path(const char *name = "") const
+    {
+        return QDir::cleanPath(m_folder.path() + named("/blinky/") + named(name));
+    }
+    void openProject() const
+    {
+        Core::ProjectManager::openProject(path("blinky.kprj"));
+        QVERIFY(Core::ProjectManager::currentProject());
+    }
+    void openEditors() const
+    {
+        for (const char *name : {"rtl/blinky.v", "rtl/counter.sv", "rtl/pwm.vhd"})
+            QVERIFY(EditorManager::openEditor(path(name)));
+    }
+
+    CoreFixture core;
+
+private:
+    static void copy(const QString &from, const QString &to)
+    {
+        QDir().mkpath(to);
+        const QFileInfoList entries =
+            QDir(from).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        for (const QFileInfo &entry : entries) {
+            const QString target = to + QLatin1Char('/') + entry.fileName();
+            if (entry.isDir())
+                copy(entry.filePath(), target);
+            else if (!QFile::copy(entry.filePath(), target))
+                qFatal("cannot copy %s", qPrintable(entry.filePath()));
+        }
+    }
+
+    QTemporaryDir m_folder;
+    QList<ExtSys::IPlugin *> m_plugins;
+};
+
+/// The faults of a dialog that is about to be opened; it is closed again.
+class WalkedDialog final
+{
+public:
+    WalkedDialog()
+        : m_dialog([this](QWidget *dialog) {
+            faults = AccessibilityWalk::faults(dialog);
+            static_cast<QDialog *>(dialog)->reject();
+        })
+    {
+    }
+
+    QStringList faults;
+
+private:
+    ModalDialog m_dialog;
+};
+
+/// Opens a dialog and returns when it is closed.
+using Opener = void (*)(const Workbench &);
+
+void run(const char *name, const Workbench &workbench)
+{
+    const auto wizards = PluginManager::instance()->getObjects<Core::IWizardFactory>();
+    for (Core::IWizardFactory *factory : wizards) {
+        if (factory->displayName() == named(name)) {
+            factory->runWizard(ViewManager::mainWindow(), workbench.path());
+            return;
+        }
+    }
+    QFAIL("there is no such wizard");
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Opener)
+
+/// What the program shows is named, is read in order and is reached without a mouse.
+class TestAccessibility final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theEmptyMainWindow();
+    void theMainWindowWithAProjectAndEditors();
+    void tiledDocuments();
+    void anEditorWhoseFileHasChanged();
+    void dialogs_data();
+    void dialogs();
+    void thePagesOfTheProjectWizard();
+    void aNewFileWithPorts();
+    void closingAnEditorWithChanges();
+    void everyOptionsPage();
+};
+
+void TestAccessibility::theEmptyMainWindow()
+{
+    const Workbench workbench;
+
+    VERIFY_NONE(AccessibilityWalk::faults(ViewManager::mainWindow()));
+}
+
+void TestAccessibility::theMainWindowWithAProjectAndEditors()
+{
+    const Workbench workbench;
+    workbench.openProject();
+    workbench.openEditors();
+
+    VERIFY_NONE(AccessibilityWalk::faults(ViewManager::mainWindow()));
+}
+
+void TestAccessibility::tiledDocuments()
+{
+    const Workbench workbench;
+    workbench.openEditors();
+    ViewManager::mainWindow()->findChild<Utils::MdiArea *>()->tileSubWindows();
+
+    VERIFY_NONE(AccessibilityWalk::faults(ViewManager::mainWindow()));
+}
+
+void TestAccessibility::anEditorWhoseFileHasChanged()
+{
+    const Workbench workbench;
+    workbench.openEditors();
+    Core::IEditor *const editor = EditorManager::currentEditor();
+    QVERIFY(editor);
+    QWidget *text = editor;
+    while (text->focusProxy())
+        text = text->focusProxy();
+    QTest::keyClicks(text, named("x"));
+    // The watch may miss what happens within the second in which it began.
+    const auto isAsked = [editor] {
+        QFile file(editor->fileName());
+        if (!file.open(QIODevice::Append) || file.write("\n") != 1)
+            return false;
+        const QList<QWidget *> widgets = editor->findChildren<QWidget *>();
+        return std::any_of(widgets.cbegin(), widgets.cend(), [](const QWidget *widget) {
+            return widget->inherits("KMessageWidget") && widget->isVisible();
+        });
+    };
+    QTRY_VERIFY(isAsked());
+
+    VERIFY_NONE(AccessibilityWalk::faults(ViewManager::mainWindow()));
+    const WalkedDialog closing;
+    EditorManager::closeEditor(editor);
+}
+
+void TestAccessibility::dialogs_data()
+{
+    QTest::addColumn<Opener>("open");
+    const auto add = [](const char *name, Opener open) { QTest::newRow(name) << open; };
+    add("New", [](const Workbench &) { Core::TheNewDialog::showAllWizards(); });
+    add("Save Project As", [](const Workbench &workbench) {
+        Core::ProjectSaveAsDlg dialog(workbench.path(), named("blinky"), ViewManager::mainWindow());
+        dialog.exec();
+    });
+    add("Verilog", [](const Workbench &workbench) { run("Verilog File", workbench); });
+    add("SystemVerilog", [](const Workbench &workbench) { run("SystemVerilog File", workbench); });
+    add("VHDL", [](const Workbench &workbench) { run("VHDL File", workbench); });
+    add("timing", [](const Workbench &workbench) { run("Timing Constraints File", workbench); });
+    add("physical",
+        [](const Workbench &workbench) { run("Physical Constraints File", workbench); });
+}
+
+void TestAccessibility::dialogs()
+{
+    QFETCH(Opener, open);
+    const Workbench workbench;
+    const WalkedDialog dialog;
+
+    open(workbench);
+
+    VERIFY_NONE(dialog.faults);
+}
+
+void TestAccessibility::thePagesOfTheProjectWizard()
+{
+    const Workbench workbench;
+    QStringList faults;
+    int pages = 0;
+    const ModalDialog dialog([&faults, &pages](QWidget *widget) {
+        auto *const pageWizard = qobject_cast<QWizard *>(widget);
+        QVERIFY(pageWizard);
+        faults += AccessibilityWalk::faults(pageWizard);
+        QTest::keyClicks(pageWizard->focusWidget(), named("demo"));
+        pageWizard->next();
+        faults += AccessibilityWalk::faults(pageWizard);
+        pageWizard->findChild<QTableView *>()->selectRow(0);
+        pageWizard->next();
+        faults += AccessibilityWalk::faults(pageWizard);
+        pages = pageWizard->visitedPages().size();
+        pageWizard->reject();
+    });
+
+    run("FPGA Project", workbench);
+
+    VERIFY_NONE(faults);
+    QCOMPARE(pages, 3);
+}
+
+void TestAccessibility::aNewFileWithPorts()
+{
+    const Workbench workbench;
+    QStringList faults;
+    const ModalDialog dialog([&faults](QWidget *widget) {
+        widget->findChild<QPushButton *>(named("btnAddPort"))->click();
+        widget->findChild<QPushButton *>(named("btnAddPort"))->click();
+        QTRY_VERIFY(widget->isVisible());
+        faults = AccessibilityWalk::faults(widget);
+        static_cast<QDialog *>(widget)->reject();
+    });
+
+    run("VHDL File", workbench);
+
+    VERIFY_NONE(faults);
+}
+
+void TestAccessibility::closingAnEditorWithChanges()
+{
+    const Workbench workbench;
+    workbench.openEditors();
+    Core::IEditor *const editor = EditorManager::currentEditor();
+    QWidget *text = editor;
+    while (text->focusProxy())
+        text = text->focusProxy();
+    QTest::keyClicks(text, named("x"));
+    QStringList faults;
+    {
+        const ModalDialog question([&faults](QWidget *box) {
+            faults = AccessibilityWalk::faults(box);
+            static_cast<QDialog *>(box)->reject();
+        });
+        QVERIFY(!EditorManager::closeEditor(editor));
+    }
+
+    VERIFY_NONE(faults);
+    const ModalDialog leave(ModalDialog::press(QMessageBox::Discard));
+    EditorManager::closeEditor(editor);
+}
+
+void TestAccessibility::everyOptionsPage()
+{
+    const Workbench workbench;
+    const auto pages = PluginManager::instance()->getObjects<Core::IOptionsPage>();
+    QVERIFY(!pages.isEmpty());
+    QStringList faults;
+    for (Core::IOptionsPage *page : pages) {
+        // A page may have nothing to show.
+        if (QWidget *const widget = page->widget()) {
+            widget->show();
+            faults += AccessibilityWalk::faults(widget);
+        }
+        page->finish();
+    }
+
+    VERIFY_NONE(faults);
+}
+
+QTEST_MAIN(TestAccessibility)
+#include "tst_accessibility.moc"

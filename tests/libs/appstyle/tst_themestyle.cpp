@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/contrast.h"
+
+#include <appstyle/appstylemanager.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOption>
+#include <QTabBar>
+#include <QTest>
+
+using APPSTYLE::AppStyleManager;
+
+namespace {
+
+QImage shown(QWidget *widget)
+{
+    widget->ensurePolished();
+    widget->resize(widget->sizeHint());
+    return widget->grab().toImage();
+}
+
+/// The contrast of what stands out most within @p rect from @p ground.
+double strongest(const QImage &image, const QRect &rect, const QColor &ground)
+{
+    double best = 1;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x)
+            best = qMax(best, Contrast::ratio(image.pixelColor(x, y), ground));
+    }
+    return best;
+}
+
+QColor windowColour()
+{
+    return QApplication::palette().color(QPalette::Window);
+}
+
+QRect indicator(const QAbstractButton *button, QStyle::SubElement element)
+{
+    QStyleOptionButton option;
+    option.initFrom(button);
+    return QApplication::style()->subElementRect(element, &option, button);
+}
+
+} // namespace
+
+/// What the style draws is seen on the ground of either theme.
+class TestThemeStyle final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase_data();
+    void init();
+    void anEmptyCheckBoxIsSeen();
+    void anEmptyRadioButtonIsSeen();
+    void aCheckedBoxDiffersFromAnEmptyOne();
+    void theCurrentTabIsMarked();
+    void theEdgeOfAFieldIsSeen();
+    void redTextOfAStyleSheetIsReadable();
+    void iconsInSelectedRowsKeepTheirOwnColours();
+    void iconsInSelectedRowsAreNotLost();
+};
+
+void TestThemeStyle::initTestCase_data()
+{
+    QTest::addColumn<QString>("theme");
+    QTest::newRow("classic") << APPSTYLE::THEME_CLASSIC;
+    QTest::newRow("dark") << APPSTYLE::THEME_DARK;
+}
+
+void TestThemeStyle::init()
+{
+    QFETCH_GLOBAL(QString, theme);
+    AppStyleManager::instance()->setAppStyle(theme);
+}
+
+void TestThemeStyle::anEmptyCheckBoxIsSeen()
+{
+    QCheckBox box;
+
+    const QImage image = shown(&box);
+
+    const QRect rect = indicator(&box, QStyle::SE_CheckBoxIndicator);
+    QVERIFY(strongest(image, rect, windowColour()) >= Contrast::SIGN);
+}
+
+void TestThemeStyle::anEmptyRadioButtonIsSeen()
+{
+    QRadioButton button;
+
+    const QImage image = shown(&button);
+
+    const QRect rect = indicator(&button, QStyle::SE_RadioButtonIndicator);
+    QVERIFY(strongest(image, rect, windowColour()) >= Contrast::SIGN);
+}
+
+void TestThemeStyle::aCheckedBoxDiffersFromAnEmptyOne()
+{
+    QCheckBox box;
+    box.setChecked(true);
+
+    const QImage image = shown(&box);
+
+    const QRect inside = indicator(&box, QStyle::SE_CheckBoxIndicator).adjusted(3, 3, -3, -3);
+    const double ratio = strongest(image, inside, QApplication::palette().color(QPalette::Base));
+
+    QVERIFY2(ratio >= Contrast::SIGN, qPrintable(QString::number(ratio)));
+}
+
+void TestThemeStyle::theCurrentTabIsMarked()
+{
+    QTabBar tabs;
+    tabs.addTab(QStringLiteral("one"));
+    tabs.addTab(QStringLiteral("two"));
+    const QImage image = shown(&tabs);
+    const QColor mark = QApplication::palette().color(QPalette::Highlight);
+
+    QCOMPARE(image.pixelColor(tabs.tabRect(0).center().x(), tabs.tabRect(0).top()), mark);
+    QVERIFY(image.pixelColor(tabs.tabRect(1).center().x(), tabs.tabRect(1).top()) != mark);
+}
+
+void TestThemeStyle::theEdgeOfAFieldIsSeen()
+{
+    QLineEdit field;
+    const QImage image = shown(&field);
+
+    // Of a light field on light ground the frame of Fusion is enough.
+    const double least =
+        AppStyleManager::instance()->currentTheme() == APPSTYLE::THEME_DARK ? Contrast::SIGN : 1.4;
+    QVERIFY(strongest(image, QRect(image.width() / 2, 0, 1, 3), windowColour()) >= least);
+}
+
+void TestThemeStyle::redTextOfAStyleSheetIsReadable()
+{
+    QLabel label(QStringLiteral("MMMMMM"));
+    QFont large = label.font();
+    large.setPixelSize(40);
+    label.setFont(large);
+    label.setStyleSheet(QStringLiteral("QLabel { color : red; }"));
+
+    const QImage image = shown(&label);
+
+    QVERIFY(strongest(image, image.rect(), windowColour()) >= Contrast::TEXT);
+    QCOMPARE(label.styleSheet(), QStringLiteral("QLabel { color : red; }"));
+}
+
+void TestThemeStyle::iconsInSelectedRowsKeepTheirOwnColours()
+{
+    QPixmap white(16, 16);
+    white.fill(Qt::white);
+
+    const QImage image = QIcon(white).pixmap(16, 16, QIcon::Selected).toImage();
+
+    QCOMPARE(image.pixelColor(8, 8), QColor(Qt::white));
+}
+
+void TestThemeStyle::iconsInSelectedRowsAreNotLost()
+{
+    const QColor highlight = QApplication::palette().color(QPalette::Highlight);
+    QPixmap lost(16, 16);
+    lost.fill(highlight);
+
+    const QImage image = QIcon(lost).pixmap(16, 16, QIcon::Selected).toImage();
+
+    QVERIFY(Contrast::ratio(image.pixelColor(8, 8), highlight) >= Contrast::SIGN);
+    // Towards the text beside it.
+    QVERIFY(image.pixelColor(8, 8).lightness() > highlight.lightness());
+}
+
+QTEST_MAIN(TestThemeStyle)
+#include "tst_themestyle.moc"
