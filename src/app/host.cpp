@@ -8,6 +8,7 @@
 #include "splash.h"
 #include "startreport.h"
 
+#include <appstyle/appstylemanager.h>
 #include <extsys/pluginmanager.h>
 #include <extsys/pluginspec.h>
 
@@ -155,6 +156,9 @@ bool Host::startPlugins()
     // Whether there is a core is known before anything appears on the screen.
     if (!manager->corePlugin())
         return false;
+    // Before the first widget: the splash has the user's colours, and no widget is
+    // dressed twice.
+    APPSTYLE::AppStyleManager::instance()->updateStyle();
     m_splash = std::make_unique<Splash>();
     m_splash->show();
     connect(manager, &PluginManager::pluginStarting, m_splash.get(),

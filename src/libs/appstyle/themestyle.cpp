@@ -4,6 +4,7 @@
 #include "appstyle/themestyle_p.h"
 
 #include "appstyle/contrast_p.h"
+#include "appstyle/themesigns_p.h"
 
 #include <QImage>
 #include <QPainter>
@@ -229,6 +230,13 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     painter->setRenderHint(QPainter::Antialiasing, element != PE_PanelTipLabel);
     draw(option, painter);
     painter->restore();
+}
+
+QIcon ThemeStyle::standardIcon(StandardPixmap picture, const QStyleOption *option,
+                               const QWidget *widget) const
+{
+    const QIcon sign = themeSign(picture);
+    return sign.isNull() ? QProxyStyle::standardIcon(picture, option, widget) : sign;
 }
 
 int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

@@ -33,6 +33,10 @@ public:
     /// lost in the highlight.
     QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
                                 const QStyleOption *option) const override;
+    /// Draws the signs on the small buttons of bars and docks itself: they follow the
+    /// theme, and a start does not load every plugin for pictures to read a file.
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption *option,
+                       const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returned) const override;
 };

@@ -191,8 +191,8 @@ QIcon windowIcon()
 {
     QIcon icon;
     for (const char *size : {"24", "32", "24@2x", "32@2x", "32@3x"}) {
-        QImage image = readPng(QStringLiteral(":/core/image/logo/ide_logo_%1.png")
-                                   .arg(QLatin1String(size)));
+        QImage image =
+            readPng(QStringLiteral(":/core/image/logo/ide_logo_%1.png").arg(QLatin1String(size)));
         image.setDevicePixelRatio(1.0);
         icon.addPixmap(QPixmap::fromImage(image));
     }
