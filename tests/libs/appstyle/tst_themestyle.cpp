@@ -69,6 +69,8 @@ private Q_SLOTS:
     void redTextOfAStyleSheetIsReadable();
     void iconsInSelectedRowsKeepTheirOwnColours();
     void iconsInSelectedRowsAreNotLost();
+    void signsOfSmallButtonsAreSeen_data();
+    void signsOfSmallButtonsAreSeen();
 };
 
 void TestThemeStyle::initTestCase_data()
@@ -175,6 +177,30 @@ void TestThemeStyle::iconsInSelectedRowsAreNotLost()
     QVERIFY(Contrast::ratio(image.pixelColor(8, 8), highlight) >= Contrast::SIGN);
     // Towards the text beside it.
     QVERIFY(image.pixelColor(8, 8).lightness() > highlight.lightness());
+}
+
+void TestThemeStyle::signsOfSmallButtonsAreSeen_data()
+{
+    QTest::addColumn<QStyle::StandardPixmap>("sign");
+    QTest::newRow("more of a bar") << QStyle::SP_ToolBarHorizontalExtensionButton;
+    QTest::newRow("more of an upright bar") << QStyle::SP_ToolBarVerticalExtensionButton;
+    QTest::newRow("close a dock") << QStyle::SP_TitleBarCloseButton;
+    QTest::newRow("float a dock") << QStyle::SP_TitleBarNormalButton;
+}
+
+void TestThemeStyle::signsOfSmallButtonsAreSeen()
+{
+    QFETCH(const QStyle::StandardPixmap, sign);
+    const QIcon icon = QApplication::style()->standardIcon(sign);
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(windowColour());
+    QPainter painter(&image);
+
+    icon.paint(&painter, image.rect());
+
+    painter.end();
+    QVERIFY(strongest(image, image.rect(), windowColour()) >= 4.5);
+    QCOMPARE(icon.actualSize(QSize(16, 16)), QSize(10, 10));
 }
 
 QTEST_MAIN(TestThemeStyle)
