@@ -87,29 +87,36 @@ void FolderWatcher::watchAll()
     // From above, so that what appears between is told by the folder it lies in.
     QStringList folders = m_nodes.keys();
     folders.sort();
-    for (const QString &folder : qAsConst(folders))
-        watch(folder, &m_nodes[folder]);
+    QSet<QString> unwatched;
+    for (const QString &folder : qAsConst(folders)) {
+        Node &node = m_nodes[folder];
+        const bool refused = !watch(folder, &node);
+        // Nobody tells when what is not there comes into a folder that is not watched.
+        if (refused || (node.watch < 0 && unwatched.contains(parentOf(folder))))
+            unwatched.insert(folder);
+        if (node.wanted && unwatched.contains(folder))
+            m_polled.insert(folder);
+    }
     if (m_polled.isEmpty())
         m_poll.stop();
     else
         m_poll.start();
 }
 
-void FolderWatcher::watch(const QString &folder, Node *node)
+bool FolderWatcher::watch(const QString &folder, Node *node)
 {
     const QByteArray path = QFile::encodeName(folder);
     const int watch = m_descriptor < 0 ? -1
                                        : inotify_add_watch(m_descriptor, path.constData(),
                                                            node->wanted ? OF_FILES : OF_FOLDERS);
     const bool refused = m_descriptor < 0 || (watch < 0 && errno != ENOENT && errno != ENOTDIR);
-    if (refused && node->wanted)
-        m_polled.insert(folder);
     if (watch == node->watch)
-        return;
+        return !refused;
     m_paths.remove(node->watch, folder);
     node->watch = watch;
     if (watch >= 0)
         m_paths.insert(watch, folder);
+    return !refused;
 }
 
 void FolderWatcher::dropWatches()

@@ -51,7 +51,8 @@ private:
 
     void add(const QString &folder);
     void watchAll();
-    void watch(const QString &folder, Node *node);
+    /// False when the folder is there and the system will not watch it.
+    bool watch(const QString &folder, Node *node);
     void dropWatches();
     void readEvents();
     void handle(int watch, unsigned mask, const QString &name);
@@ -66,7 +67,7 @@ private:
     QHash<QString, Node> m_nodes;
     /// One folder may have several paths.
     QMultiHash<int, QString> m_paths;
-    /// Those that the system will not watch.
+    /// Those of which the system tells nothing.
     QSet<QString> m_polled;
     QTimer m_delay;
     QTimer m_poll;
