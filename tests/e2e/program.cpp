@@ -4,9 +4,12 @@
 #include "program.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
 
@@ -43,16 +46,26 @@ Program::~Program()
     }
 }
 
-QString Program::start(const QStringList &arguments)
+QString Program::launch(const QStringList &arguments)
 {
     m_errors.clear();
+    m_output.clear();
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
     QObject::disconnect(&m_process, &QProcess::readyReadStandardError, nullptr, nullptr);
+    QObject::disconnect(&m_process, &QProcess::readyReadStandardOutput, nullptr, nullptr);
     QObject::connect(&m_process, &QProcess::readyReadStandardError, &m_process,
                      [this] { m_errors += QString::fromUtf8(m_process.readAllStandardError()); });
+    QObject::connect(&m_process, &QProcess::readyReadStandardOutput, &m_process,
+                     [this] { m_output += QString::fromUtf8(m_process.readAllStandardOutput()); });
     m_process.start(QStringLiteral(KELMO_DESIGNER), arguments);
-    if (!m_process.waitForStarted())
-        return m_process.errorString();
+    return m_process.waitForStarted() ? QString() : m_process.errorString();
+}
+
+QString Program::start(const QStringList &arguments)
+{
+    const QString error = launch(arguments);
+    if (!error.isEmpty())
+        return error;
     const bool shown =
         QTest::qWaitFor([this] { return !mainWindowId().isEmpty() || !isRunning(); }, 30000);
     if (!shown || !isRunning())
@@ -85,6 +98,15 @@ QString Program::errorOutput() const
     return QString(m_errors).remove(gone);
 }
 
+QString Program::lastLine(const QString &beginning) const
+{
+    const int end = m_output.lastIndexOf(QLatin1Char('\n'));
+    const QStringList said = lines(m_output.left(end + 1));
+    const auto last = std::find_if(said.crbegin(), said.crend(),
+                                   [&](const QString &line) { return line.startsWith(beginning); });
+    return last == said.crend() ? QString() : *last;
+}
+
 void Program::keys(const QStringList &names)
 {
     run(QStringLiteral("xdotool"),
@@ -103,6 +125,24 @@ void Program::click(int x, int y, int button)
     run(QStringLiteral("xdotool"),
         {QStringLiteral("mousemove"), QString::number(x), QString::number(y),
          QStringLiteral("click"), QString::number(button)});
+}
+
+void Program::drag(const QPoint &from, const QPoint &to)
+{
+    const auto moveTo = [](const QPoint &place) {
+        return QStringList{QStringLiteral("mousemove"), QString::number(place.x()),
+                           QString::number(place.y()), QStringLiteral("sleep"),
+                           QStringLiteral("0.03")};
+    };
+    constexpr int STEPS = 16;
+    QStringList arguments = moveTo(from);
+    arguments += {QStringLiteral("mousedown"), QStringLiteral("1")};
+    for (int i = 1; i <= STEPS; ++i)
+        arguments += moveTo(from + (to - from) * i / STEPS);
+    // On the spot, too, as a hand does before it lets go.
+    arguments += moveTo(to);
+    arguments += {QStringLiteral("mouseup"), QStringLiteral("1")};
+    run(QStringLiteral("xdotool"), arguments);
 }
 
 void Program::moveMainWindow(const QRect &place)
@@ -196,4 +236,17 @@ void Program::picture(const QString &name) const
     QDir().mkpath(folder);
     run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"),
                                    QDir(folder).filePath(name + QStringLiteral(".png"))});
+}
+
+QStringList storedPaths(const QString &key)
+{
+    const QSettings settings(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"),
+                             QSettings::IniFormat);
+    return settings.value(key).toStringList();
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
