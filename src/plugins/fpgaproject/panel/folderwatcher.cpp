@@ -19,7 +19,7 @@ namespace {
 
 // A program that writes a file in pieces is told of once.
 constexpr int DELAY_MS = 100;
-constexpr int POLL_MS = 700;
+constexpr int POLL_MS = 500;
 constexpr unsigned OF_FOLDERS = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF
                                 | IN_MOVE_SELF | IN_ONLYDIR;
 constexpr unsigned OF_FILES = OF_FOLDERS | IN_CLOSE_WRITE | IN_MODIFY | IN_ATTRIB;
