@@ -80,6 +80,11 @@ QString Program::start(const QStringList &arguments)
     return {};
 }
 
+bool Program::waitForMainWindow() const
+{
+    return waitFor([this] { return !mainWindowId().isEmpty() && windowTitles().size() == 1; });
+}
+
 bool Program::isRunning() const
 {
     return m_process.state() != QProcess::NotRunning;
@@ -173,10 +178,11 @@ void Program::kill(int signal)
 QStringList Program::windowTitles() const
 {
     QStringList titles;
-    const QStringList ids = lines(
-        run(QStringLiteral("xdotool"),
-            {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-             QString::number(pid()), QStringLiteral("--name"), QStringLiteral(".")}));
+    const QStringList ids =
+        lines(run(QStringLiteral("xdotool"),
+                  {QStringLiteral("search"), QStringLiteral("--all"),
+                   QStringLiteral("--onlyvisible"), QStringLiteral("--pid"), QString::number(pid()),
+                   QStringLiteral("--name"), QStringLiteral(".")}));
     for (const QString &id : ids)
         titles.append(run(QStringLiteral("xdotool"), {QStringLiteral("getwindowname"), id}));
     return titles;
@@ -198,9 +204,9 @@ QString Program::mainWindowId() const
     // The splash has the same title; its type tells it apart.
     const QStringList ids =
         lines(run(QStringLiteral("xdotool"),
-                  {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                   QStringLiteral("--pid"), QString::number(pid()), QStringLiteral("--name"),
-                   QLatin1Char('^') + MAIN_TITLE + QLatin1Char('$')}));
+                  {QStringLiteral("search"), QStringLiteral("--all"),
+                   QStringLiteral("--onlyvisible"), QStringLiteral("--pid"), QString::number(pid()),
+                   QStringLiteral("--name"), QLatin1Char('^') + MAIN_TITLE + QLatin1Char('$')}));
     for (const QString &id : ids) {
         const QString type = run(QStringLiteral("xprop"), {QStringLiteral("-id"), id,
                                                            QStringLiteral("_NET_WM_WINDOW_TYPE")});

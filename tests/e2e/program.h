@@ -26,6 +26,9 @@ public:
     [[nodiscard]] QString launch(const QStringList &arguments = {});
     /// Starts it and waits for its painted main window.
     [[nodiscard]] QString start(const QStringList &arguments = {});
+    /// After launch(): true when the main window stood alone within 20 s, whichever
+    /// window has the keyboard.
+    [[nodiscard]] bool waitForMainWindow() const;
     [[nodiscard]] bool isRunning() const;
     /// Waits for the end; false when it has not come after 20 s.
     [[nodiscard]] bool waitForEnd();

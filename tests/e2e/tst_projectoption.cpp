@@ -149,9 +149,11 @@ void TestProjectOption::twoStartsOfOneProjectShareIt()
     Program second;
     QCOMPARE(first.launch(arguments), QString());
     QCOMPARE(second.launch(arguments), QString());
-    for (const Program *program : {&first, &second})
+    for (const Program *program : {&first, &second}) {
+        QVERIFY(program->waitForMainWindow());
         SOON_COMPARE(program->lastLine(QStringLiteral("project ")),
                      QString(QStringLiteral("project ") + project));
+    }
     second.picture(QStringLiteral("two-starts"));
 
     end(&second);
