@@ -113,6 +113,7 @@ private Q_SLOTS:
         row("comment before", "<!-- <!DOCTYPE --><p><Template>FPGA</Template></p>", fpga);
         row("declaration", "<?xml version='1.0' encoding='UTF-8'?><p><Template>FPGA</Template></p>",
             fpga);
+        row("prefix of nothing", "<p><x:a y:b='c'/><Template>FPGA</Template></p>", fpga);
         row("plain document type", "<!DOCTYPE p><p><Template>FPGA</Template></p>", fpga);
         row("mark", "\xEF\xBB\xBF<p><Template>FPGA</Template></p>", fpga);
         row("UTF-8", "<p><Template>\xC3\xA9</Template></p>", QString(QChar(0xE9)));
