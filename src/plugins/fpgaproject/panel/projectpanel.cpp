@@ -34,6 +34,7 @@ ProjectPanel::ProjectPanel(QWidget *parent)
     m_view->setAccessibleName(tr("Files of the project"));
     m_view->setModel(m_model);
     m_actions = new FileActions(m_view, m_model);
+    m_header->setChangeDeviceAction(m_actions->changeDeviceAction());
 
     auto *const page = new QWidget(this);
     auto *const layout = new QVBoxLayout(page);
@@ -49,6 +50,7 @@ ProjectPanel::ProjectPanel(QWidget *parent)
     m_pages->addWidget(page);
     setFocusProxy(m_view);
     connect(m_watcher, &FolderWatcher::fileTouched, this, &ProjectPanel::onFileTouched);
+    connect(m_watcher, &FolderWatcher::folderTouched, this, &ProjectPanel::reload);
     Core::ViewManager::registerContext(this, QLatin1String(Constants::C_PROJECTPANEL));
 }
 
@@ -106,7 +108,13 @@ void ProjectPanel::setProject(Core::IProject *project)
 
 void ProjectPanel::onFileTouched(const QString &folder, const QString &name)
 {
-    if (!m_project || QString(folder + QLatin1Char('/') + name) != m_project->fileName())
+    if (m_project && QString(folder + QLatin1Char('/') + name) == m_project->fileName())
+        reload();
+}
+
+void ProjectPanel::reload()
+{
+    if (!m_project)
         return;
     // What cannot be read, perhaps because it is just being written, leaves the
     // project as it is; the next change to it says why.

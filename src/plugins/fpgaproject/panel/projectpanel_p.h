@@ -43,6 +43,7 @@ public:
 private:
     void updateHeader();
     void onFileTouched(const QString &folder, const QString &name);
+    void reload();
     QWidget *createEmptyPage();
 
     QPointer<FpgaProject> m_project;
