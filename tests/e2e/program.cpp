@@ -105,6 +105,27 @@ void Program::click(int x, int y, int button)
          QStringLiteral("click"), QString::number(button)});
 }
 
+void Program::drag(const QPoint &from, const QPoint &to)
+{
+    const auto move = [](const QPoint &place) {
+        run(QStringLiteral("xdotool"),
+            {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+    };
+    const auto press = [](const char *verb) {
+        run(QStringLiteral("xdotool"), {QLatin1String(verb), QStringLiteral("1")});
+    };
+    constexpr int STEPS = 20;
+    move(from);
+    press("mousedown");
+    // What is under the pointer is asked at each step, so there have to be some.
+    for (int i = 1; i <= STEPS; ++i)
+        move(from + (to - from) * i / STEPS);
+    // The last answer has to be there before the button is up.
+    move(to + QPoint(1, 1));
+    move(to);
+    press("mouseup");
+}
+
 void Program::moveMainWindow(const QRect &place)
 {
     const QString id = mainWindowId();

@@ -41,6 +41,8 @@ public:
     void type(const QString &text);
     /// Clicks at a place of the screen.
     void click(int x, int y, int button = 1);
+    /// Presses the left button at a place of the screen, and lets go at another.
+    void drag(const QPoint &from, const QPoint &to);
     /// Makes the main window a normal one at a place of the screen, as a person
     /// drags it there.
     void moveMainWindow(const QRect &place);

@@ -176,9 +176,11 @@ private Q_SLOTS:
 
     void withoutAProjectNothingCanBeDone()
     {
-        const CoreFixture core;
-        const Fpga::ProjectPanel panel;
-        const QList<QAction *> actions = panel.findChild<QTreeView *>()->actions();
+        Shown shown({named("a.v")});
+
+        shown.panel.setProject(nullptr);
+
+        const QList<QAction *> actions = shown.tree()->actions();
         QVERIFY(actions.size() > 9);
         for (const QAction *action : actions)
             QVERIFY2(!action->isEnabled(), qPrintable(action->objectName()));

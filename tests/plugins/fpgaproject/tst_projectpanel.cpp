@@ -46,6 +46,7 @@ private Q_SLOTS:
     void itShowsNameDeviceAndTop();
     void whatOthersWriteToTheProjectFileIsShown();
     void aProjectFileBrokenByOthersLeavesThePanelAsItIs();
+    void theIconOfASelectedFileStandsOut();
     void kindsStandOpen();
     void enterOpensTheSelectedFiles();
     void aDoubleClickOpensTheFile();
@@ -85,7 +86,7 @@ void TestProjectPanel::withoutAProjectItSaysSo()
     panel.show();
 
     QVERIFY(panel.findChild<QLabel *>(named("labelNoProject"))->isVisible());
-    QVERIFY(!panel.findChild<QTreeView *>()->isVisible());
+    QVERIFY(!panel.findChild<QTreeView *>());
 }
 
 void TestProjectPanel::aProjectThatGoesLeavesItEmpty()
@@ -143,6 +144,28 @@ void TestProjectPanel::aProjectFileBrokenByOthersLeavesThePanelAsItIs()
     QTRY_VERIFY(shown.index("a.v").data(FileTreeModel::MissingRole).toBool());
     QVERIFY(shown.index("a.v").isValid());
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestProjectPanel::theIconOfASelectedFileStandsOut()
+{
+    const Shown shown({named("a.v")});
+    const QIcon icon = shown.index("a.v").data(Qt::DecorationRole).value<QIcon>();
+    const QRgb text = QApplication::palette().color(QPalette::HighlightedText).rgb();
+
+    const QImage image =
+        icon.pixmap(16, 16, QIcon::Selected).toImage().convertToFormat(QImage::Format_ARGB32);
+
+    // The upper half has nothing but the outline of the sheet.
+    int points = 0;
+    for (int y = 0; y < 7; ++y) {
+        for (int x = 0; x < 16; ++x) {
+            if (qAlpha(image.pixel(x, y)) < 255)
+                continue;
+            ++points;
+            QCOMPARE(image.pixel(x, y), text);
+        }
+    }
+    QVERIFY2(points > 5, qPrintable(QString::number(points)));
 }
 
 void TestProjectPanel::kindsStandOpen()
