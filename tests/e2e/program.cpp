@@ -134,20 +134,23 @@ void Program::click(int x, int y, int button)
 
 void Program::drag(const QPoint &from, const QPoint &to)
 {
-    const auto moveTo = [](const QPoint &place) {
-        return QStringList{QStringLiteral("mousemove"), QString::number(place.x()),
-                           QString::number(place.y()), QStringLiteral("sleep"),
-                           QStringLiteral("0.03")};
+    const auto move = [](const QPoint &place) {
+        run(QStringLiteral("xdotool"),
+            {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
     };
-    constexpr int STEPS = 16;
-    QStringList arguments = moveTo(from);
-    arguments += {QStringLiteral("mousedown"), QStringLiteral("1")};
+    const auto press = [](const char *verb) {
+        run(QStringLiteral("xdotool"), {QLatin1String(verb), QStringLiteral("1")});
+    };
+    constexpr int STEPS = 20;
+    move(from);
+    press("mousedown");
+    // What is under the pointer is asked at each step, so there have to be some.
     for (int i = 1; i <= STEPS; ++i)
-        arguments += moveTo(from + (to - from) * i / STEPS);
-    // On the spot, too, as a hand does before it lets go.
-    arguments += moveTo(to);
-    arguments += {QStringLiteral("mouseup"), QStringLiteral("1")};
-    run(QStringLiteral("xdotool"), arguments);
+        move(from + (to - from) * i / STEPS);
+    // The last answer has to be there before the button is up.
+    move(to + QPoint(1, 1));
+    move(to);
+    press("mouseup");
 }
 
 void Program::moveMainWindow(const QRect &place)

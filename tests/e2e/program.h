@@ -51,7 +51,7 @@ public:
     void type(const QString &text);
     /// Clicks at a place of the screen.
     void click(int x, int y, int button = 1);
-    /// Moves the mouse with its left button down, as a hand does it.
+    /// Presses the left button at a place of the screen, and lets go at another.
     void drag(const QPoint &from, const QPoint &to);
     /// Makes the main window a normal one at a place of the screen, as a person
     /// drags it there.

@@ -23,7 +23,6 @@ class TestProjectOption final : public QObject
 private Q_SLOTS:
     void init();
 
-    void theExampleIsOpened();
     void anotherSpellingOpensNothing_data();
     void anotherSpellingOpensNothing();
     void aProjectThatCannotBeOpenedIsToldOverTheWindow();
@@ -72,20 +71,6 @@ QString TestProjectOption::copyExample() const
             QTest::qFail(qPrintable(path), __FILE__, __LINE__);
     }
     return target.filePath(QStringLiteral("blinky.kprj"));
-}
-
-void TestProjectOption::theExampleIsOpened()
-{
-    const QString project = copyExample();
-    const QByteArray before = contentOf(project);
-    Program program;
-    QCOMPARE(program.start({QStringLiteral("-prj"), project}), QString());
-
-    SOON_COMPARE(recentProjects(), QStringList{project});
-    program.picture(QStringLiteral("blinky"));
-
-    end(&program);
-    QCOMPARE(contentOf(project), before);
 }
 
 void TestProjectOption::anotherSpellingOpensNothing_data()

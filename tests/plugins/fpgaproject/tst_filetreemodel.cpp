@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "filetree.h"
 #include "projectfolder.h"
+
+#include "support/corefixture.h"
 
 #include <fpgaproject/panel/filetreemodel_p.h>
 #include <fpgaproject/project/fpgaproject.h>
 
+#include <QAbstractItemModelTester>
 #include <QDir>
 #include <QFile>
 #include <QMimeData>
@@ -18,6 +20,14 @@ using Fpga::FileTreeModel;
 using Fpga::FpgaProject;
 
 namespace {
+
+// What happens on disk has to show within a second.
+constexpr int SOON_MS = 1000;
+
+QString named(const char *text)
+{
+    return QString::fromUtf8(text);
+}
 
 /// The rows with their kinds, and what is special about them.
 QStringList rows(const FileTreeModel &model)
@@ -42,6 +52,31 @@ QStringList rows(const FileTreeModel &model)
 }
 
 } // namespace
+
+/// A project with its model.
+class Tree final
+{
+public:
+    explicit Tree(const QStringList &files)
+        : folder(files)
+    {
+        if (!project.open(folder.project()))
+            qFatal("the project did not open");
+        model.setProject(&project);
+    }
+
+    bool isMissing(const char *path) const
+    {
+        return model.indexOf(named(path)).data(FileTreeModel::MissingRole).toBool();
+    }
+
+    const CoreFixture core;
+    const ProjectFolder folder;
+    FpgaProject project;
+    FileTreeModel model;
+    const QAbstractItemModelTester tester{&model,
+                                          QAbstractItemModelTester::FailureReportingMode::QtTest};
+};
 
 class TestFileTreeModel : public QObject
 {

@@ -5,9 +5,10 @@
 
 #include <QColor>
 #include <QFont>
-#include <QHash>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 
 namespace Fpga {
@@ -44,7 +45,8 @@ Sign signOf(FileKind kind)
     return {"", 0};
 }
 
-QPixmap drawn(const QIcon &sheet, const Sign &sign, int size)
+/// @p sheet in one colour when @p colour is valid.
+QPixmap drawn(const QIcon &sheet, const Sign &sign, int size, const QColor &colour = {})
 {
     // Not asked for by its logical size: on a fine screen that would be enlarged.
     QPixmap pixmap(size, size);
@@ -52,6 +54,11 @@ QPixmap drawn(const QIcon &sheet, const Sign &sign, int size)
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     sheet.paint(&painter, 0, 0, size, size);
+    if (colour.isValid()) {
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), colour);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
     const QString letters = QString::fromLatin1(sign.letters);
     if (letters.isEmpty())
         return pixmap;
@@ -77,8 +84,12 @@ QIcon fileIcon(FileKind kind)
     // Pixmaps must not outlive the application, so each is kept by those that show it.
     const QIcon sheet(QStringLiteral(":/core/image/editor_default.png"));
     QIcon icon;
-    for (const int size : {16, 20, 24, 32, 48})
+    // Tinted as is usual, the icon of a selected row would vanish in the highlight.
+    const QColor selected = QGuiApplication::palette().color(QPalette::HighlightedText);
+    for (const int size : {16, 20, 24, 32, 48}) {
         icon.addPixmap(drawn(sheet, signOf(kind), size));
+        icon.addPixmap(drawn(sheet, signOf(kind), size, selected), QIcon::Selected);
+    }
     return icon;
 }
 

@@ -35,6 +35,8 @@ QString parentOf(const QString &folder)
 FolderWatcher::FolderWatcher(QObject *parent)
     : QObject(parent)
     , m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    , m_delay(this)
+    , m_poll(this)
 {
     if (m_descriptor >= 0) {
         m_notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
@@ -87,36 +89,42 @@ void FolderWatcher::watchAll()
     // From above, so that what appears between is told by the folder it lies in.
     QStringList folders = m_nodes.keys();
     folders.sort();
-    QSet<QString> unwatched;
-    for (const QString &folder : qAsConst(folders)) {
-        Node &node = m_nodes[folder];
-        const bool refused = !watch(folder, &node);
-        // Nobody tells when what is not there comes into a folder that is not watched.
-        if (refused || (node.watch < 0 && unwatched.contains(parentOf(folder))))
-            unwatched.insert(folder);
-        if (node.wanted && unwatched.contains(folder))
-            m_polled.insert(folder);
+    for (const QString &folder : qAsConst(folders))
+        watch(folder, &m_nodes[folder]);
+    m_polled.clear();
+    for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node) {
+        if (node->wanted && node->watch < 0 && isUnseen(node.key()))
+            m_polled.insert(node.key());
     }
     if (m_polled.isEmpty())
         m_poll.stop();
-    else
+    else if (!m_poll.isActive())
         m_poll.start();
 }
 
-bool FolderWatcher::watch(const QString &folder, Node *node)
+bool FolderWatcher::isUnseen(const QString &folder) const
+{
+    for (QString path = folder;; path = parentOf(path)) {
+        if (m_nodes.value(path).refused)
+            return true;
+        if (path == QLatin1String("/"))
+            return false;
+    }
+}
+
+void FolderWatcher::watch(const QString &folder, Node *node)
 {
     const QByteArray path = QFile::encodeName(folder);
     const int watch = m_descriptor < 0 ? -1
                                        : inotify_add_watch(m_descriptor, path.constData(),
                                                            node->wanted ? OF_FILES : OF_FOLDERS);
-    const bool refused = m_descriptor < 0 || (watch < 0 && errno != ENOENT && errno != ENOTDIR);
+    node->refused = m_descriptor < 0 || (watch < 0 && errno != ENOENT && errno != ENOTDIR);
     if (watch == node->watch)
-        return !refused;
+        return;
     m_paths.remove(node->watch, folder);
     node->watch = watch;
     if (watch >= 0)
         m_paths.insert(watch, folder);
-    return !refused;
 }
 
 void FolderWatcher::dropWatches()
@@ -214,6 +222,8 @@ void FolderWatcher::tell()
 void FolderWatcher::poll()
 {
     const QSet<QString> folders = m_polled;
+    // There may be watches left again by now.
+    watchAll();
     for (const QString &folder : folders)
         Q_EMIT folderTouched(folder);
 }

@@ -47,12 +47,15 @@ private:
         /// Names that lead to watched folders.
         QSet<QString> children;
         int watch = -1;
+        /// It is there, but the system will not watch it.
+        bool refused = false;
     };
 
     void add(const QString &folder);
     void watchAll();
-    /// False when the folder is there and the system will not watch it.
-    bool watch(const QString &folder, Node *node);
+    void watch(const QString &folder, Node *node);
+    /// True when nothing would tell that @p folder comes back.
+    [[nodiscard]] bool isUnseen(const QString &folder) const;
     void dropWatches();
     void readEvents();
     void handle(int watch, unsigned mask, const QString &name);
@@ -67,7 +70,7 @@ private:
     QHash<QString, Node> m_nodes;
     /// One folder may have several paths.
     QMultiHash<int, QString> m_paths;
-    /// Those of which the system tells nothing.
+    /// Those that are looked at now and then, because nobody tells of them.
     QSet<QString> m_polled;
     QTimer m_delay;
     QTimer m_poll;

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QRegExp>
 #include <QRegExpValidator>
+#include <QScreen>
 
 namespace Core {
 
@@ -19,6 +20,8 @@ namespace {
 
 constexpr int HEIGHT = 132;
 constexpr int MIN_WIDTH = 550;
+// By which the dialog grows to hold a message.
+constexpr int STEP = 20;
 
 /// Where the copy of the project in @p path is proposed to go.
 QString parentOf(const QString &path)
@@ -98,7 +101,28 @@ void ProjectSaveAsDlg::accept()
     if (message.isEmpty())
         QDialog::accept();
     else
-        ui->labelErrMsg->setText(message);
+        showMessage(message);
+}
+
+void ProjectSaveAsDlg::showMessage(const QString &message)
+{
+    QLabel *const label = ui->labelErrMsg;
+    label->setText(message);
+    // Escaped, because a path may look like markup.
+    label->setToolTip(QLatin1String("<p>") + message.toHtmlEscaped() + QLatin1String("</p>"));
+    // The height is fixed, so a long path gets its room in width, as far as the screen
+    // goes; all of it is in the tool tip.
+    layout()->activate();
+    const auto fits = [&](int width) {
+        const QRect text = label->fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX),
+                                                             Qt::TextWordWrap, message);
+        return text.width() <= width && text.height() <= label->height();
+    };
+    const int most = screen()->availableGeometry().width() - width();
+    int more = 0;
+    while (more < most && !fits(label->width() + more))
+        more += STEP;
+    resize(width() + qBound(0, more, qMax(0, most)), height());
 }
 
 } // namespace Core

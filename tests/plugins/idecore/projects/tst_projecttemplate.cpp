@@ -219,6 +219,31 @@ private Q_SLOTS:
         QVERIFY2(peakMemory() - before < 100 * 1024, qPrintable(QString::number(peakMemory())));
     }
 
+    void aFloodOfAttributesIsRefusedInNoTime_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QByteArray attributes;
+        QByteArray defaults;
+        for (int i = 0; i < 100000; ++i) {
+            const QByteArray name = "a" + QByteArray::number(i);
+            attributes += " " + name + "=''";
+            defaults += "<!ATTLIST x " + name + " CDATA ''>";
+        }
+        QTest::newRow("of an element")
+            << QByteArray("<p><Template>FPGA</Template><x" + attributes + "/></p>");
+        QTest::newRow("of a document type")
+            << QByteArray("<!DOCTYPE p [" + defaults + "]><p><Template>FPGA</Template><x/></p>");
+    }
+
+    void aFloodOfAttributesIsRefusedInNoTime()
+    {
+        QFETCH(QByteArray, content);
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(isRead(content, INVALID));
+        QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    }
+
     void deepNestingIsRefused()
     {
         const int depth = 500000;
