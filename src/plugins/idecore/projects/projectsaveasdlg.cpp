@@ -112,17 +112,18 @@ void ProjectSaveAsDlg::showMessage(const QString &message)
     label->setToolTip(QLatin1String("<p>") + message.toHtmlEscaped() + QLatin1String("</p>"));
     // The height is fixed, so a long path gets its room in width, as far as the screen
     // goes; all of it is in the tool tip.
-    layout()->activate();
-    const auto fits = [&](int width) {
-        const QRect text = label->fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX),
-                                                             Qt::TextWordWrap, message);
-        return text.width() <= width && text.height() <= label->height();
-    };
-    const int most = screen()->availableGeometry().width() - width();
-    int more = 0;
-    while (more < most && !fits(label->width() + more))
-        more += STEP;
-    resize(width() + qBound(0, more, qMax(0, most)), height());
+    const int limit = screen()->availableGeometry().width();
+    for (int width = this->width(); width < limit; width += STEP) {
+        resize(width, height());
+        // The inner one first: it tells the other how high the message wants to be.
+        ui->horizontalLayout->activate();
+        layout()->activate();
+        const QRect text = label->fontMetrics().boundingRect(
+            QRect(0, 0, label->width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, message);
+        if (text.width() <= label->width()
+            && label->heightForWidth(label->width()) <= label->height())
+            break;
+    }
 }
 
 } // namespace Core

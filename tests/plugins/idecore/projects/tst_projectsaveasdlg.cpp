@@ -145,9 +145,9 @@ private Q_SLOTS:
     void aVeryLongMessageWidensTheDialog_data()
     {
         QTest::addColumn<QString>("folder");
-        QTest::newRow("many folders") << QStringLiteral("more/").repeated(40);
+        QTest::newRow("many folders") << QStringLiteral("more/").repeated(50);
         QTest::newRow("a long name")
-            << QString(QStringLiteral("n").repeated(120) + QLatin1Char('/'));
+            << QString(QStringLiteral("n").repeated(100) + QLatin1Char('/'));
     }
 
     void aVeryLongMessageWidensTheDialog()
