@@ -4,9 +4,12 @@
 #include "program.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QTest>
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
 
@@ -43,16 +46,26 @@ Program::~Program()
     }
 }
 
-QString Program::start(const QStringList &arguments)
+QString Program::launch(const QStringList &arguments)
 {
     m_errors.clear();
+    m_output.clear();
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
     QObject::disconnect(&m_process, &QProcess::readyReadStandardError, nullptr, nullptr);
+    QObject::disconnect(&m_process, &QProcess::readyReadStandardOutput, nullptr, nullptr);
     QObject::connect(&m_process, &QProcess::readyReadStandardError, &m_process,
                      [this] { m_errors += QString::fromUtf8(m_process.readAllStandardError()); });
+    QObject::connect(&m_process, &QProcess::readyReadStandardOutput, &m_process,
+                     [this] { m_output += QString::fromUtf8(m_process.readAllStandardOutput()); });
     m_process.start(QStringLiteral(KELMO_DESIGNER), arguments);
-    if (!m_process.waitForStarted())
-        return m_process.errorString();
+    return m_process.waitForStarted() ? QString() : m_process.errorString();
+}
+
+QString Program::start(const QStringList &arguments)
+{
+    const QString error = launch(arguments);
+    if (!error.isEmpty())
+        return error;
     const bool shown =
         QTest::qWaitFor([this] { return !mainWindowId().isEmpty() || !isRunning(); }, 30000);
     if (!shown || !isRunning())
@@ -65,6 +78,11 @@ QString Program::start(const QStringList &arguments)
         }))
         return QStringLiteral("the main window is not active but: ") + activeTitle();
     return {};
+}
+
+bool Program::waitForMainWindow() const
+{
+    return waitFor([this] { return !mainWindowId().isEmpty() && windowTitles().size() == 1; });
 }
 
 bool Program::isRunning() const
@@ -85,6 +103,15 @@ QString Program::errorOutput() const
     return QString(m_errors).remove(gone);
 }
 
+QString Program::lastLine(const QString &beginning) const
+{
+    const int end = m_output.lastIndexOf(QLatin1Char('\n'));
+    const QStringList said = lines(m_output.left(end + 1));
+    const auto last = std::find_if(said.crbegin(), said.crend(),
+                                   [&](const QString &line) { return line.startsWith(beginning); });
+    return last == said.crend() ? QString() : *last;
+}
+
 void Program::keys(const QStringList &names)
 {
     run(QStringLiteral("xdotool"),
@@ -103,6 +130,27 @@ void Program::click(int x, int y, int button)
     run(QStringLiteral("xdotool"),
         {QStringLiteral("mousemove"), QString::number(x), QString::number(y),
          QStringLiteral("click"), QString::number(button)});
+}
+
+void Program::drag(const QPoint &from, const QPoint &to)
+{
+    const auto move = [](const QPoint &place) {
+        run(QStringLiteral("xdotool"),
+            {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+    };
+    const auto press = [](const char *verb) {
+        run(QStringLiteral("xdotool"), {QLatin1String(verb), QStringLiteral("1")});
+    };
+    constexpr int STEPS = 20;
+    move(from);
+    press("mousedown");
+    // What is under the pointer is asked at each step, so there have to be some.
+    for (int i = 1; i <= STEPS; ++i)
+        move(from + (to - from) * i / STEPS);
+    // The last answer has to be there before the button is up.
+    move(to + QPoint(1, 1));
+    move(to);
+    press("mouseup");
 }
 
 void Program::moveMainWindow(const QRect &place)
@@ -133,10 +181,11 @@ void Program::kill(int signal)
 QStringList Program::windowTitles() const
 {
     QStringList titles;
-    const QStringList ids = lines(
-        run(QStringLiteral("xdotool"),
-            {QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-             QString::number(pid()), QStringLiteral("--name"), QStringLiteral(".")}));
+    const QStringList ids =
+        lines(run(QStringLiteral("xdotool"),
+                  {QStringLiteral("search"), QStringLiteral("--all"),
+                   QStringLiteral("--onlyvisible"), QStringLiteral("--pid"), QString::number(pid()),
+                   QStringLiteral("--name"), QStringLiteral(".")}));
     for (const QString &id : ids)
         titles.append(run(QStringLiteral("xdotool"), {QStringLiteral("getwindowname"), id}));
     return titles;
@@ -158,9 +207,9 @@ QString Program::mainWindowId() const
     // The splash has the same title; its type tells it apart.
     const QStringList ids =
         lines(run(QStringLiteral("xdotool"),
-                  {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                   QStringLiteral("--pid"), QString::number(pid()), QStringLiteral("--name"),
-                   QLatin1Char('^') + MAIN_TITLE + QLatin1Char('$')}));
+                  {QStringLiteral("search"), QStringLiteral("--all"),
+                   QStringLiteral("--onlyvisible"), QStringLiteral("--pid"), QString::number(pid()),
+                   QStringLiteral("--name"), QLatin1Char('^') + MAIN_TITLE + QLatin1Char('$')}));
     for (const QString &id : ids) {
         const QString type = run(QStringLiteral("xprop"), {QStringLiteral("-id"), id,
                                                            QStringLiteral("_NET_WM_WINDOW_TYPE")});
@@ -196,4 +245,17 @@ void Program::picture(const QString &name) const
     QDir().mkpath(folder);
     run(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"),
                                    QDir(folder).filePath(name + QStringLiteral(".png"))});
+}
+
+QStringList storedPaths(const QString &key)
+{
+    const QSettings settings(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"),
+                             QSettings::IniFormat);
+    return settings.value(key).toStringList();
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }

@@ -4,6 +4,8 @@
 #ifndef TESTS_E2E_PROGRAM_H
 #define TESTS_E2E_PROGRAM_H
 
+#include <QByteArray>
+#include <QPoint>
 #include <QProcess>
 #include <QRect>
 #include <QString>
@@ -20,8 +22,13 @@ public:
     ~Program();
     Q_DISABLE_COPY(Program)
 
+    /// Starts it and waits for nothing.
+    [[nodiscard]] QString launch(const QStringList &arguments = {});
     /// Starts it and waits for its painted main window.
     [[nodiscard]] QString start(const QStringList &arguments = {});
+    /// After launch(): true when the main window stood alone within 20 s, whichever
+    /// window has the keyboard.
+    [[nodiscard]] bool waitForMainWindow() const;
     [[nodiscard]] bool isRunning() const;
     /// Waits for the end; false when it has not come after 20 s.
     [[nodiscard]] bool waitForEnd();
@@ -32,6 +39,9 @@ public:
     }
     /// Without what Qt says of windows of others that went while it asked for them.
     [[nodiscard]] QString errorOutput() const;
+    /// The last whole line of its standard output that begins so; empty when there is
+    /// none.
+    [[nodiscard]] QString lastLine(const QString &beginning) const;
     [[nodiscard]] qint64 pid() const { return m_process.processId(); }
 
     /// Presses keys of the active window, given as xdotool names ("ctrl+s").
@@ -41,6 +51,8 @@ public:
     void type(const QString &text);
     /// Clicks at a place of the screen.
     void click(int x, int y, int button = 1);
+    /// Presses the left button at a place of the screen, and lets go at another.
+    void drag(const QPoint &from, const QPoint &to);
     /// Makes the main window a normal one at a place of the screen, as a person
     /// drags it there.
     void moveMainWindow(const QRect &place);
@@ -67,6 +79,12 @@ private:
 
     QProcess m_process;
     QString m_errors;
+    QString m_output;
 };
+
+/// A list of the store "IDE" as programs have left it on disk.
+[[nodiscard]] QStringList storedPaths(const QString &key);
+/// "unreadable" of a file that is.
+[[nodiscard]] QByteArray contentOf(const QString &path);
 
 #endif // TESTS_E2E_PROGRAM_H

@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -84,15 +83,12 @@ void TestRecovery::open(Program *program)
 
 QByteArray TestRecovery::content() const
 {
-    QFile file(m_path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    return contentOf(m_path);
 }
 
 QStringList TestRecovery::recentFiles()
 {
-    const QSettings settings(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"),
-                             QSettings::IniFormat);
-    return settings.value(QStringLiteral("Core/RecentFiles")).toStringList();
+    return storedPaths(QStringLiteral("Core/RecentFiles"));
 }
 
 QStringList TestRecovery::keptTexts()

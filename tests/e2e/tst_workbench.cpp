@@ -80,9 +80,9 @@ private Q_SLOTS:
         program.type(QStringLiteral("// hello"));
         program.key(QStringLiteral("Return"));
         program.picture(QStringLiteral("edited"));
-        QCOMPARE(content(path), QByteArray("module top;\nendmodule\n"));
+        QCOMPARE(contentOf(path), QByteArray("module top;\nendmodule\n"));
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(path), QByteArray("// hello\nmodule top;\nendmodule\n"));
+        SOON_COMPARE(contentOf(path), QByteArray("// hello\nmodule top;\nendmodule\n"));
         end(program);
     }
 
@@ -97,23 +97,23 @@ private Q_SLOTS:
         program.keys(
             {QStringLiteral("ctrl+Home"), QStringLiteral("ctrl+a"), QStringLiteral("ctrl+x")});
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(second), QByteArray());
+        SOON_COMPARE(contentOf(second), QByteArray());
         program.keys({QStringLiteral("ctrl+v"), QStringLiteral("ctrl+v")});
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(second), QByteArray("signal b;\nsignal b;\n"));
+        SOON_COMPARE(contentOf(second), QByteArray("signal b;\nsignal b;\n"));
         program.key(QStringLiteral("ctrl+z"));
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(second), QByteArray("signal b;\n"));
+        SOON_COMPARE(contentOf(second), QByteArray("signal b;\n"));
         program.key(QStringLiteral("ctrl+y"));
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(second), QByteArray("signal b;\nsignal b;\n"));
-        QCOMPARE(content(first), QByteArray("wire a;\n"));
+        SOON_COMPARE(contentOf(second), QByteArray("signal b;\nsignal b;\n"));
+        QCOMPARE(contentOf(first), QByteArray("wire a;\n"));
         // The other one takes what was cut here.
         program.key(QStringLiteral("ctrl+Tab"));
         program.keys({QStringLiteral("ctrl+End"), QStringLiteral("ctrl+v")});
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(first), QByteArray("wire a;\nsignal b;\n"));
-        QCOMPARE(content(second), QByteArray("signal b;\nsignal b;\n"));
+        SOON_COMPARE(contentOf(first), QByteArray("wire a;\nsignal b;\n"));
+        QCOMPARE(contentOf(second), QByteArray("signal b;\nsignal b;\n"));
         program.picture(QStringLiteral("two-editors"));
         end(program);
     }
@@ -131,8 +131,8 @@ private Q_SLOTS:
         program.key(QStringLiteral("ctrl+Home"));
         program.type(QStringLiteral("1"));
         program.key(QStringLiteral("ctrl+shift+s"));
-        SOON_COMPARE(content(first), QByteArray("1a\n"));
-        SOON_COMPARE(content(second), QByteArray("2b\n"));
+        SOON_COMPARE(contentOf(first), QByteArray("1a\n"));
+        SOON_COMPARE(contentOf(second), QByteArray("2b\n"));
         end(program);
     }
 
@@ -173,7 +173,7 @@ private Q_SLOTS:
             SOON_COMPARE(program.windowTitles().size(), before);
             QVERIFY(program.isRunning());
         }
-        QCOMPARE(content(path), left);
+        QCOMPARE(contentOf(path), left);
     }
 
     void sigtermClosesLikeTheCloseButton()
@@ -189,7 +189,7 @@ private Q_SLOTS:
         program.key(QStringLiteral("Escape"));
         SOON_COMPARE(program.windowTitles().size(), before);
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(path), QByteArray("xold\n"));
+        SOON_COMPARE(contentOf(path), QByteArray("xold\n"));
         program.kill(SIGTERM);
         QVERIFY(program.waitForEnd());
         QVERIFY(program.exitedNormally());
@@ -233,7 +233,7 @@ private Q_SLOTS:
         program.key(QStringLiteral("ctrl+Home"));
         program.type(QStringLiteral("new "));
         program.key(QStringLiteral("ctrl+s"));
-        SOON_COMPARE(content(path), QByteArray("new old\n"));
+        SOON_COMPARE(contentOf(path), QByteArray("new old\n"));
         program.keys(toRecentFiles);
         program.keys({QStringLiteral("Up"), QStringLiteral("Return")});
         SOON_VERIFY(recentFiles().isEmpty());
@@ -267,23 +267,13 @@ private:
         return path;
     }
 
-    static QByteArray content(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-
     static QString settingsFile(const QString &name)
     {
         return QDir::homePath() + QStringLiteral("/.config/KelmoWare/") + name
                + QStringLiteral(".ini");
     }
 
-    static QStringList recentFiles()
-    {
-        const QSettings settings(settingsFile(QStringLiteral("IDE")), QSettings::IniFormat);
-        return settings.value(QStringLiteral("Core/RecentFiles")).toStringList();
-    }
+    static QStringList recentFiles() { return storedPaths(QStringLiteral("Core/RecentFiles")); }
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void aPipeIsNotWaitedFor();
     void deepNestingIsRefused();
     void aFloodOfElementsIsRefused();
+    void aFloodOfAttributesIsRefusedAtOnce_data();
+    void aFloodOfAttributesIsRefusedAtOnce();
     void bytesCutOffAnywhereDoNoHarm();
 };
 
@@ -195,6 +197,41 @@ void TestBadProjectFiles::aFloodOfElementsIsRefused()
         "<P><Template>FPGA</Template>" + QByteArray("<a/>").repeated(600000) + "</P>";
 
     QVERIFY(refused(xml).reason.contains(QStringLiteral("more than 500000 elements")));
+}
+
+void TestBadProjectFiles::aFloodOfAttributesIsRefusedAtOnce_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<int>("line");
+    QByteArray attributes;
+    for (int i = 0; i < 100000; ++i)
+        attributes += " a" + QByteArray::number(i) + "=''";
+    QTest::newRow("at an element")
+        << QByteArray("<P><Template>FPGA</Template>\n<Files/>\n<x" + attributes + "/></P>") << 3;
+    QTest::newRow("at the root") << QByteArray("<P" + attributes + "><Template>FPGA</Template></P>")
+                                 << 1;
+    // The files of this one are taken out before it is read.
+    QTest::newRow("beside a list of files")
+        << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Project>\n"
+                      "    <Template>FPGA</Template>\n    <Files>\n"
+                      "        <File path=\"a.v\" kind=\"verilog\" enabled=\"true\"/>\n"
+                      "    </Files>\n    <x"
+                      + attributes + "/>\n</Project>\n")
+        << 7;
+}
+
+void TestBadProjectFiles::aFloodOfAttributesIsRefusedAtOnce()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(int, line);
+    QElapsedTimer timer;
+    timer.start();
+
+    const ReadError error = refused(xml);
+
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(error.reason, QStringLiteral("An element has more than 256 attributes."));
+    QCOMPARE(error.line, line);
 }
 
 void TestBadProjectFiles::bytesCutOffAnywhereDoNoHarm()

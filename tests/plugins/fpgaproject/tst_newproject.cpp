@@ -154,7 +154,7 @@ void TestNewProject::typingNarrowsTheDevices_data()
     QTest::newRow("nothing") << QString() << devices().size();
     QTest::newRow("a package, in another case") << named("ct256") << 1;
     QTest::newRow("words in any order") << named("sg48  up5k") << 1;
-    QTest::newRow("a series") << named("ultraplus") << 2;
+    QTest::newRow("a series") << named("ultraplus") << 3;
     QTest::newRow("nothing fits") << named("ct256 up5k") << 0;
     QTest::newRow("signs are no pattern") << named(".*") << 0;
 }

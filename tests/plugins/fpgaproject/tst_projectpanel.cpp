@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "projectfolder.h"
+#include "shownpanel.h"
 
-#include "support/corefixture.h"
 #include "support/modaldialog.h"
-#include "support/testeditor.h"
 
 #include <fpgaproject/fpgaprojectconstants.h>
 #include <fpgaproject/panel/droppedfiles_p.h>
@@ -38,69 +36,6 @@ using Fpga::FileTreeModel;
 using Fpga::FpgaProject;
 using Fpga::ProjectPanel;
 
-namespace {
-
-QString named(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-} // namespace
-
-/// The panel, shown, with a project in it.
-class Shown final
-{
-public:
-    explicit Shown(const QStringList &files)
-        : m_offered(&editors)
-        , folder(files)
-    {
-        if (!project.open(folder.project()))
-            qFatal("the project did not open");
-        panel.setProject(&project);
-        panel.resize(320, 500);
-        panel.show();
-        if (!QTest::qWaitForWindowExposed(&panel))
-            QTest::qFail("the panel was not exposed", __FILE__, __LINE__);
-    }
-
-    QTreeView *tree() const { return panel.findChild<QTreeView *>(); }
-    QModelIndex index(const char *path) const
-    {
-        return qobject_cast<FileTreeModel *>(tree()->model())->indexOf(named(path));
-    }
-    void select(const char *path) const { tree()->setCurrentIndex(index(path)); }
-    void selectAlso(const char *path) const
-    {
-        tree()->selectionModel()->select(index(path), QItemSelectionModel::Select);
-    }
-    QAction *action(const char *name) const { return panel.findChild<QAction *>(named(name)); }
-    /// The entries of the menu that the key asks for.
-    QStringList menu() const
-    {
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-        QApplication::sendEvent(tree(), &event);
-        auto *shown = tree()->findChild<QMenu *>(named("FpgaProject.FileMenu"));
-        if (!shown)
-            return {};
-        QStringList entries = menuEntries(shown);
-        delete shown;
-        return entries;
-    }
-    QString label(const char *name) const { return panel.findChild<QLabel *>(named(name))->text(); }
-
-    const CoreFixture core;
-    TestEditorFactory editors{QStringList(named("text/plain"))};
-
-private:
-    const InPool m_offered;
-
-public:
-    const ProjectFolder folder;
-    FpgaProject project;
-    ProjectPanel panel;
-};
-
 class TestProjectPanel : public QObject
 {
     Q_OBJECT
@@ -111,6 +46,7 @@ private Q_SLOTS:
     void itShowsNameDeviceAndTop();
     void whatOthersWriteToTheProjectFileIsShown();
     void aProjectFileBrokenByOthersLeavesThePanelAsItIs();
+    void theIconOfASelectedFileStandsOut();
     void kindsStandOpen();
     void enterOpensTheSelectedFiles();
     void aDoubleClickOpensTheFile();
@@ -210,6 +146,28 @@ void TestProjectPanel::aProjectFileBrokenByOthersLeavesThePanelAsItIs()
     QVERIFY(!QApplication::activeModalWidget());
 }
 
+void TestProjectPanel::theIconOfASelectedFileStandsOut()
+{
+    const Shown shown({named("a.v")});
+    const QIcon icon = shown.index("a.v").data(Qt::DecorationRole).value<QIcon>();
+    const QRgb text = QApplication::palette().color(QPalette::HighlightedText).rgb();
+
+    const QImage image =
+        icon.pixmap(16, 16, QIcon::Selected).toImage().convertToFormat(QImage::Format_ARGB32);
+
+    // The upper half has nothing but the outline of the sheet.
+    int points = 0;
+    for (int y = 0; y < 7; ++y) {
+        for (int x = 0; x < 16; ++x) {
+            if (qAlpha(image.pixel(x, y)) < 255)
+                continue;
+            ++points;
+            QCOMPARE(image.pixel(x, y), text);
+        }
+    }
+    QVERIFY2(points > 5, qPrintable(QString::number(points)));
+}
+
 void TestProjectPanel::kindsStandOpen()
 {
     Shown shown({named("a.v")});
@@ -263,7 +221,7 @@ void TestProjectPanel::theMenuOfAFile()
     QCOMPARE(shown.menu(),
              texts({"Open", "> Open With", "--", "Add Existing Files...", "New File...", "--",
                     "Disable", "Set as Top", "--", "Rename", "Remove from Project", "--",
-                    "Copy Path", "Open Containing Folder"}));
+                    "Copy Path", "Open Containing Folder", "--", "Change Device..."}));
 }
 
 void TestProjectPanel::theMenuWithoutAFile()
@@ -271,8 +229,8 @@ void TestProjectPanel::theMenuWithoutAFile()
     const Shown shown({named("a.v")});
     shown.tree()->clearSelection();
 
-    QCOMPARE(shown.menu(),
-             texts({"Add Existing Files...", "New File...", "--", "Open Containing Folder"}));
+    QCOMPARE(shown.menu(), texts({"Add Existing Files...", "New File...", "--",
+                                  "Open Containing Folder", "--", "Change Device..."}));
 }
 
 void TestProjectPanel::theMenuKeyAsksForIt()

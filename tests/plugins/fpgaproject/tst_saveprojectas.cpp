@@ -144,10 +144,11 @@ void TestSaveProjectAs::thePanelFollowsTheCurrentProject()
 {
     const Workbench workbench;
     const ProjectFolder folder({named("a.v")});
-    const auto *name = Workbench::dock()->findChild<QLabel *>(named("labelProject"));
     const auto *none = Workbench::dock()->findChild<QLabel *>(named("labelNoProject"));
 
     ProjectManager::openProject(folder.project());
+    const auto *name = Workbench::dock()->findChild<QLabel *>(named("labelProject"));
+    QVERIFY(name);
     QCOMPARE(name->text(), named("Test"));
     QVERIFY(none->isHidden());
     ProjectManager::closeCurrentProject();

@@ -6,6 +6,7 @@
 #include <fpgaproject/file/filelistscanner_p.h>
 #include <fpgaproject/file/projectreader_p.h>
 #include <fpgaproject/file/projectwriter_p.h>
+#include <utils/xmltext.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -94,14 +95,23 @@ std::optional<ProjectDocument> ProjectDocument::parse(const QByteArray &contents
                                                       const QString &fileName, ReadError *error)
 {
     const FileListScanner list(contents);
-    if (list.found()) {
+    const QByteArray rest = list.found() ? list.rest() : contents;
+    if (list.found() && Utils::XmlText(rest).lineOfAttributeFlood() == 0) {
         ProjectDocument document;
-        ProjectReader reader(list.rest(), document.d.data());
+        ProjectReader reader(rest, document.d.data());
         reader.setFiles(list.files(), list.line());
         if (reader.read() && reader.listMet())
             return document;
     }
     // What is wrong is found, and said, by reading it whole.
+    const int flood = Utils::XmlText(contents).lineOfAttributeFlood();
+    if (flood > 0) {
+        *error = {fileName, flood,
+                  QCoreApplication::translate("Fpga::ReadError",
+                                              "An element has more than %1 attributes.")
+                      .arg(Utils::XmlText::MAX_ATTRIBUTES)};
+        return std::nullopt;
+    }
     ProjectDocument document;
     ProjectReader reader(contents, document.d.data());
     if (reader.read())

@@ -3,6 +3,7 @@
 
 #include <fpgaproject/panel/fileactions_p.h>
 
+#include <devicedb/devicedb.h>
 #include <fpgaproject/fpgaprojectconstants.h>
 #include <fpgaproject/hdl/modulescanner_p.h>
 #include <fpgaproject/panel/droppedfiles_p.h>
@@ -10,6 +11,7 @@
 #include <fpgaproject/panel/filetreeview_p.h>
 #include <fpgaproject/project/fpgaproject.h>
 #include <fpgaproject/project/messages_p.h>
+#include <fpgaproject/wizards/devicedialog_p.h>
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/constants.h>
 #include <idecore/core/idecore.h>
@@ -53,6 +55,7 @@ FileActions::FileActions(FileTreeView *view, FileTreeModel *model)
     m_copyPath = add("CopyPath", tr("Copy Path"), &FileActions::copyPath);
     m_copyPath->setIcon(Core::ideIcon(QStringLiteral(":/core/image/copy.png")));
     m_openFolder = add("OpenFolder", tr("Open Containing Folder"), &FileActions::openFolder);
+    m_changeDevice = add("ChangeDevice", tr("Change Device..."), &FileActions::changeDevice);
 
     // Copy of the Edit menu serves the panel too, by the key it has there.
     m_copy = new QAction(this);
@@ -142,6 +145,7 @@ void FileActions::update()
     if (m_copy)
         m_copy->setEnabled(any);
     m_openFolder->setEnabled(project());
+    m_changeDevice->setEnabled(project());
 }
 
 void FileActions::showMenu(const QPoint &place)
@@ -179,6 +183,8 @@ QMenu *FileActions::createMenu()
         menu->addSeparator();
     }
     menu->addAction(m_openFolder);
+    menu->addSeparator();
+    menu->addAction(m_changeDevice);
     return menu;
 }
 
@@ -329,6 +335,20 @@ void FileActions::openFolder()
         return;
     }
     QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+void FileActions::changeDevice()
+{
+    const QPointer<FpgaProject> current = project();
+    if (!current)
+        return;
+    const DEV::DeviceDb *const devices = Core::IdeCore::deviceDataBase();
+    DeviceDialog dialog(current->document().device(),
+                        devices ? devices->rows() : QVector<DEV::Device>(),
+                        Core::ViewManager::dialogParent());
+    // It may have been closed from outside while the dialog was open.
+    if (dialog.exec() == QDialog::Accepted && current && current == project())
+        current->setDevice(dialog.choice());
 }
 
 } // namespace Fpga

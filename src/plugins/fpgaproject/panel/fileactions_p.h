@@ -31,6 +31,8 @@ public:
     void showMenu(const QPoint &place);
     /// The menu as it fits the selection; the caller owns it.
     [[nodiscard]] QMenu *createMenu();
+    /// Asks for another device of the project.
+    [[nodiscard]] QAction *changeDeviceAction() const { return m_changeDevice; }
 
 private:
     QAction *add(const char *name, const QString &text, void (FileActions::*slot)());
@@ -46,6 +48,7 @@ private:
     void onRenameRequested(const QString &path, const QString &newName);
     void copyPath();
     void openFolder();
+    void changeDevice();
 
     [[nodiscard]] FpgaProject *project() const;
     [[nodiscard]] QStringList selected() const;
@@ -63,6 +66,7 @@ private:
     QAction *m_rename = nullptr;
     QAction *m_copyPath = nullptr;
     QAction *m_openFolder = nullptr;
+    QAction *m_changeDevice = nullptr;
     /// Serves the Copy of the Edit menu.
     QPointer<QAction> m_copy;
 };

@@ -3,9 +3,10 @@
 
 #include <fpgaproject/panel/fileicons_p.h>
 
+#include <idecore/core/ideicon.h>
+
 #include <QColor>
 #include <QFont>
-#include <QHash>
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
@@ -78,11 +79,7 @@ QPixmap drawn(const QIcon &sheet, const Sign &sign, int size, QIcon::Mode mode)
 QIcon fileIcon(FileKind kind)
 {
     // Pixmaps must not outlive the application, so each is kept by those that show it.
-    QIcon sheet(QStringLiteral(":/core/image/editor_default.png"));
-    sheet.addFile(QStringLiteral(":/core/image/editor_default_16.png"));
-    sheet.addFile(QStringLiteral(":/core/image/editor_default_20.png"));
-    sheet.addFile(QStringLiteral(":/core/image/editor_default_16@2x.png"));
-    sheet.addFile(QStringLiteral(":/core/image/editor_default@2x.png"));
+    const QIcon sheet = Core::ideIcon(QStringLiteral(":/core/image/editor_default.png"));
     QIcon icon;
     for (const int size : {16, 20, 24, 32, 48}) {
         for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})

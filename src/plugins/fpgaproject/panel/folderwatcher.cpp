@@ -19,7 +19,7 @@ namespace {
 
 // A program that writes a file in pieces is told of once.
 constexpr int DELAY_MS = 100;
-constexpr int POLL_MS = 700;
+constexpr int POLL_MS = 500;
 constexpr unsigned OF_FOLDERS = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF
                                 | IN_MOVE_SELF | IN_ONLYDIR;
 constexpr unsigned OF_FILES = OF_FOLDERS | IN_CLOSE_WRITE | IN_MODIFY | IN_ATTRIB;
@@ -35,6 +35,8 @@ QString parentOf(const QString &folder)
 FolderWatcher::FolderWatcher(QObject *parent)
     : QObject(parent)
     , m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    , m_delay(this)
+    , m_poll(this)
 {
     if (m_descriptor >= 0) {
         m_notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
@@ -89,10 +91,25 @@ void FolderWatcher::watchAll()
     folders.sort();
     for (const QString &folder : qAsConst(folders))
         watch(folder, &m_nodes[folder]);
+    m_polled.clear();
+    for (auto node = m_nodes.cbegin(); node != m_nodes.cend(); ++node) {
+        if (node->wanted && node->watch < 0 && isUnseen(node.key()))
+            m_polled.insert(node.key());
+    }
     if (m_polled.isEmpty())
         m_poll.stop();
-    else
+    else if (!m_poll.isActive())
         m_poll.start();
+}
+
+bool FolderWatcher::isUnseen(const QString &folder) const
+{
+    for (QString path = folder;; path = parentOf(path)) {
+        if (m_nodes.value(path).refused)
+            return true;
+        if (path == QLatin1String("/"))
+            return false;
+    }
 }
 
 void FolderWatcher::watch(const QString &folder, Node *node)
@@ -101,9 +118,7 @@ void FolderWatcher::watch(const QString &folder, Node *node)
     const int watch = m_descriptor < 0 ? -1
                                        : inotify_add_watch(m_descriptor, path.constData(),
                                                            node->wanted ? OF_FILES : OF_FOLDERS);
-    const bool refused = m_descriptor < 0 || (watch < 0 && errno != ENOENT && errno != ENOTDIR);
-    if (refused && node->wanted)
-        m_polled.insert(folder);
+    node->refused = m_descriptor < 0 || (watch < 0 && errno != ENOENT && errno != ENOTDIR);
     if (watch == node->watch)
         return;
     m_paths.remove(node->watch, folder);
@@ -207,6 +222,8 @@ void FolderWatcher::tell()
 void FolderWatcher::poll()
 {
     const QSet<QString> folders = m_polled;
+    // There may be watches left again by now.
+    watchAll();
     for (const QString &folder : folders)
         Q_EMIT folderTouched(folder);
 }

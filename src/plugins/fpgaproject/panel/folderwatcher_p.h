@@ -47,11 +47,15 @@ private:
         /// Names that lead to watched folders.
         QSet<QString> children;
         int watch = -1;
+        /// It is there, but the system will not watch it.
+        bool refused = false;
     };
 
     void add(const QString &folder);
     void watchAll();
     void watch(const QString &folder, Node *node);
+    /// True when nothing would tell that @p folder comes back.
+    [[nodiscard]] bool isUnseen(const QString &folder) const;
     void dropWatches();
     void readEvents();
     void handle(int watch, unsigned mask, const QString &name);
@@ -66,7 +70,7 @@ private:
     QHash<QString, Node> m_nodes;
     /// One folder may have several paths.
     QMultiHash<int, QString> m_paths;
-    /// Those that the system will not watch.
+    /// Those that are looked at now and then, because nobody tells of them.
     QSet<QString> m_polled;
     QTimer m_delay;
     QTimer m_poll;

@@ -7,10 +7,13 @@
 #include <fpgaproject/project/fpgaproject.h>
 #include <idecore/core/idecore.h>
 
+#include <QAction>
 #include <QDir>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QToolButton>
 
 namespace Fpga {
 
@@ -34,7 +37,9 @@ ProjectHeader::ProjectHeader(QWidget *parent)
     , m_name(value(this, "labelProject"))
     , m_device(value(this, "labelDevice"))
     , m_top(value(this, "labelTop"))
+    , m_changeDevice(new QToolButton(this))
 {
+    m_changeDevice->setObjectName(QStringLiteral("btnChangeDevice"));
     QFont font = m_name->font();
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * 1.15);
@@ -43,11 +48,24 @@ ProjectHeader::ProjectHeader(QWidget *parent)
     layout->setContentsMargins(8, 8, 8, 6);
     layout->setVerticalSpacing(3);
     layout->addRow(m_name);
-    layout->addRow(tr("Device:"), m_device);
+    auto *const device = new QHBoxLayout;
+    device->addWidget(m_device, 1);
+    device->addWidget(m_changeDevice);
+    layout->addRow(tr("Device:"), device);
     layout->addRow(tr("Top:"), m_top);
 }
 
 ProjectHeader::~ProjectHeader() = default;
+
+void ProjectHeader::setChangeDeviceAction(QAction *action)
+{
+    m_changeDevice->setText(QStringLiteral("..."));
+    m_changeDevice->setToolTip(action->text().remove(QLatin1String("...")));
+    m_changeDevice->setAccessibleName(m_changeDevice->toolTip());
+    m_changeDevice->setAutoRaise(true);
+    m_changeDevice->setFocusPolicy(Qt::StrongFocus);
+    connect(m_changeDevice, &QToolButton::clicked, action, &QAction::trigger);
+}
 
 void ProjectHeader::show(const FpgaProject &project)
 {

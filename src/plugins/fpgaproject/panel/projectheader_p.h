@@ -6,7 +6,9 @@
 
 #include <QWidget>
 
+class QAction;
 class QLabel;
+class QToolButton;
 
 namespace Fpga {
 
@@ -21,11 +23,14 @@ public:
     ~ProjectHeader() override;
 
     void show(const FpgaProject &project);
+    /// Puts a button for it beside the device.
+    void setChangeDeviceAction(QAction *action);
 
 private:
     QLabel *const m_name;
     QLabel *const m_device;
     QLabel *const m_top;
+    QToolButton *const m_changeDevice;
 };
 
 } // namespace Fpga

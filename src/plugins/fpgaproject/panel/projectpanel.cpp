@@ -30,6 +30,7 @@ ProjectPanel::ProjectPanel(QWidget *parent)
     setBackgroundRole(QPalette::Base);
     m_pages->addWidget(createEmptyPage());
     connect(m_watcher, &FolderWatcher::fileTouched, this, &ProjectPanel::onFileTouched);
+    connect(m_watcher, &FolderWatcher::folderTouched, this, &ProjectPanel::reload);
     Core::ViewManager::registerContext(this, QLatin1String(Constants::C_PROJECTPANEL));
 }
 
@@ -79,7 +80,8 @@ void ProjectPanel::createProjectPage()
     m_view->setAccessibleName(tr("Files of the project"));
     m_view->setModel(m_model);
     // Belongs to the view.
-    new FileActions(m_view, m_model);
+    const auto *const actions = new FileActions(m_view, m_model);
+    m_header->setChangeDeviceAction(actions->changeDeviceAction());
 
     auto *const layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -113,7 +115,13 @@ void ProjectPanel::setProject(Core::IProject *project)
 
 void ProjectPanel::onFileTouched(const QString &folder, const QString &name)
 {
-    if (!m_project || QString(folder + QLatin1Char('/') + name) != m_project->fileName())
+    if (m_project && QString(folder + QLatin1Char('/') + name) == m_project->fileName())
+        reload();
+}
+
+void ProjectPanel::reload()
+{
+    if (!m_project)
         return;
     // What cannot be read, perhaps because it is just being written, leaves the
     // project as it is; the next change to it says why.

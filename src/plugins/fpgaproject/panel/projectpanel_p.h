@@ -42,6 +42,7 @@ public:
 private:
     void updateHeader();
     void onFileTouched(const QString &folder, const QString &name);
+    void reload();
     QWidget *createEmptyPage();
     void createProjectPage();
 

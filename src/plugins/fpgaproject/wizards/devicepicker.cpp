@@ -70,6 +70,25 @@ std::optional<DEV::Device> DevicePicker::device() const
     return m_model->device(m_filter->mapToSource(rows.first()).row());
 }
 
+DeviceChoice DevicePicker::choice() const
+{
+    const std::optional<DEV::Device> chosen = device();
+    return chosen ? DeviceChoice{chosen->part, chosen->package, chosen->speedGrade}
+                  : DeviceChoice();
+}
+
+void DevicePicker::selectPart(const QString &part)
+{
+    for (int row = 0; row < m_filter->rowCount(); ++row) {
+        const QModelIndex index = m_filter->index(row, DeviceTableModel::Part);
+        if (index.data().toString() != part)
+            continue;
+        m_table->selectRow(row);
+        m_table->scrollTo(index);
+        return;
+    }
+}
+
 void DevicePicker::onTextChanged(const QString &text)
 {
     m_filter->setText(text);

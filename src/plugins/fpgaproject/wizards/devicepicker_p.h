@@ -5,6 +5,7 @@
 #define FPGAPROJECT_WIZARDS_DEVICEPICKER_P_H
 
 #include <devicedb/device.h>
+#include <fpgaproject/file/projectdocument.h>
 #include <fpgaproject/fpgaproject_export.h>
 
 #include <QVector>
@@ -31,6 +32,10 @@ public:
 
     /// Nothing while no row is selected.
     [[nodiscard]] std::optional<DEV::Device> device() const;
+    /// The same as a project names it; empty for nothing.
+    [[nodiscard]] DeviceChoice choice() const;
+    /// Leaves the selection alone when there is no such part.
+    void selectPart(const QString &part);
 
 Q_SIGNALS:
     void deviceChanged();

@@ -122,9 +122,7 @@ DevicePage::~DevicePage() = default;
 
 DeviceChoice DevicePage::choice() const
 {
-    const std::optional<DEV::Device> device = m_picker->device();
-    return device ? DeviceChoice{device->part, device->package, device->speedGrade}
-                  : DeviceChoice();
+    return m_picker->choice();
 }
 
 bool DevicePage::isComplete() const

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QRegExp>
 #include <QRegExpValidator>
+#include <QScreen>
 
 namespace Core {
 
@@ -19,6 +20,8 @@ namespace {
 
 constexpr int HEIGHT = 132;
 constexpr int MIN_WIDTH = 550;
+// By which the dialog grows to hold a message.
+constexpr int STEP = 20;
 
 /// Where the copy of the project in @p path is proposed to go.
 QString parentOf(const QString &path)
@@ -98,7 +101,29 @@ void ProjectSaveAsDlg::accept()
     if (message.isEmpty())
         QDialog::accept();
     else
-        ui->labelErrMsg->setText(message);
+        showMessage(message);
+}
+
+void ProjectSaveAsDlg::showMessage(const QString &message)
+{
+    QLabel *const label = ui->labelErrMsg;
+    label->setText(message);
+    // Escaped, because a path may look like markup.
+    label->setToolTip(QLatin1String("<p>") + message.toHtmlEscaped() + QLatin1String("</p>"));
+    // The height is fixed, so a long path gets its room in width, as far as the screen
+    // goes; all of it is in the tool tip.
+    const int limit = screen()->availableGeometry().width();
+    for (int width = this->width(); width < limit; width += STEP) {
+        resize(width, height());
+        // The inner one first: it tells the other how high the message wants to be.
+        ui->horizontalLayout->activate();
+        layout()->activate();
+        const QRect text = label->fontMetrics().boundingRect(
+            QRect(0, 0, label->width(), QWIDGETSIZE_MAX), Qt::TextWordWrap, message);
+        if (text.width() <= label->width()
+            && label->heightForWidth(label->width()) <= label->height())
+            break;
+    }
 }
 
 } // namespace Core

@@ -41,6 +41,8 @@ public Q_SLOTS:
     void accept() override;
 
 private:
+    void showMessage(const QString &message);
+
     const std::unique_ptr<Ui_ProjectSaveAsDlg> ui;
 };
 

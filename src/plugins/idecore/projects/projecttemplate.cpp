@@ -3,8 +3,9 @@
 
 #include <idecore/projects/projecttemplate_p.h>
 
+#include <utils/xmltext.h>
+
 #include <QIODevice>
-#include <QTextCodec>
 #include <QXmlStreamReader>
 
 namespace Core {
@@ -18,23 +19,16 @@ constexpr int MAX_DEPTH = 10000;
 const QString TEMPLATE_FPGA = QStringLiteral("FPGA");
 const QString TEMPLATE_FPGA_IMPL = QStringLiteral("FPGA_IMPL");
 
-/// Null when the encoding that @p content declares is unknown.
-QString decode(const QByteArray &content)
-{
-    QXmlStreamReader head(content);
-    head.readNext();
-    const QByteArray declared = head.documentEncoding().toLatin1();
-    QTextCodec *codec = QTextCodec::codecForName(declared.isEmpty() ? "UTF-8" : declared);
-    return codec ? QTextCodec::codecForUtfText(content, codec)->toUnicode(content) : QString();
-}
-
 /// The reader's own limit counts the characters that entities expand to, so that a
 /// few of them can keep it busy for ever when they expand to nothing. No project
-/// file needs any.
-bool declaresEntities(const QString &text)
+/// file needs any. Nor does it any attributes that elements have of themselves,
+/// which the reader searches for each element.
+bool declaresTooMuch(const QString &text)
 {
     const int documentType = text.indexOf(QLatin1String("<!DOCTYPE"));
-    return documentType >= 0 && text.indexOf(QLatin1String("<!ENTITY"), documentType) >= 0;
+    return documentType >= 0
+           && (text.indexOf(QLatin1String("<!ENTITY"), documentType) >= 0
+               || text.indexOf(QLatin1String("<!ATTLIST"), documentType) >= 0);
 }
 
 QString readTemplate(const QString &text)
@@ -76,10 +70,10 @@ QString templateOfProject(QIODevice *file)
     const QByteArray content = file->read(MAX_SIZE + 1);
     if (content.size() > MAX_SIZE)
         return {};
-    const QString text = decode(content);
-    if (declaresEntities(text))
+    const Utils::XmlText xml(content);
+    if (declaresTooMuch(xml.text()) || xml.lineOfAttributeFlood() > 0)
         return {};
-    const QString name = readTemplate(text);
+    const QString name = readTemplate(xml.text());
     return name == TEMPLATE_FPGA_IMPL ? TEMPLATE_FPGA : name;
 }
 

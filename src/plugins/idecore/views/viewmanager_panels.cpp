@@ -52,12 +52,10 @@ void ViewManagerPrivate::raiseDock(QDockWidget *dock)
     // The panel learns that it is shown and may end its dock.
     const QPointer<QDockWidget> raised(dock);
     raised->show();
-    // Alone in its place it is in front.
-    if (!raised || mainWindow->tabifiedDockWidgets(raised).isEmpty())
-        return;
     // A window that is not shown yet adds the tab, and one can only raise what has
-    // a tab, no sooner than it is laid out.
-    mainWindow->layout()->activate();
+    // a tab, no sooner than it is laid out. A dock alone in its place needs none.
+    if (raised && !mainWindow->tabifiedDockWidgets(raised).isEmpty())
+        mainWindow->layout()->activate();
     if (raised)
         raised->raise();
 }

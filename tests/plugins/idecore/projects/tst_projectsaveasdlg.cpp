@@ -18,8 +18,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
 #include <QTranslator>
 #include <QValidator>
@@ -138,6 +140,41 @@ private Q_SLOTS:
         QTRY_VERIFY(label->heightForWidth(label->width()) <= label->height());
         const auto *ok = okButton();
         QVERIFY(ok->width() >= ok->minimumSizeHint().width());
+    }
+
+    void aVeryLongMessageWidensTheDialog_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("many folders") << QStringLiteral("more/").repeated(50);
+        QTest::newRow("a long name")
+            << QString(QStringLiteral("n").repeated(100) + QLatin1Char('/'));
+    }
+
+    void aVeryLongMessageWidensTheDialog()
+    {
+        QFETCH(QString, folder);
+        const QString path = QLatin1String("/none/") + folder + QLatin1String("end");
+        directory()->setText(path);
+        QVERIFY(staysOpenWith(QStringLiteral("Directory %1 is not exist.").arg(path)));
+        const auto *label = part<QLabel>("labelErrMsg");
+        const auto fits = [&] {
+            const QRect text = label->fontMetrics().boundingRect(QRect(0, 0, label->width(), 9999),
+                                                                 Qt::TextWordWrap, label->text());
+            return text.height() <= label->height() && text.width() <= label->width();
+        };
+        QTRY_VERIFY(fits());
+        QCOMPARE(m_dialog->height(), 132);
+    }
+
+    void aMessageThatNoScreenHoldsIsInTheToolTip()
+    {
+        const QString path = QLatin1String("/<b>/") + QStringLiteral("more/").repeated(700);
+        directory()->setText(path);
+        QVERIFY(staysOpenWith(QStringLiteral("Directory %1 is not exist.").arg(path)));
+        QTextDocument tip;
+        tip.setHtml(part<QLabel>("labelErrMsg")->toolTip());
+        QCOMPARE(tip.toPlainText(), message());
+        QVERIFY(m_dialog->width() <= m_dialog->screen()->availableGeometry().width());
     }
 
     void errorsAreRedAndPlain()

@@ -113,6 +113,7 @@ private Q_SLOTS:
         row("comment before", "<!-- <!DOCTYPE --><p><Template>FPGA</Template></p>", fpga);
         row("declaration", "<?xml version='1.0' encoding='UTF-8'?><p><Template>FPGA</Template></p>",
             fpga);
+        row("prefix of nothing", "<p><x:a y:b='c'/><Template>FPGA</Template></p>", fpga);
         row("plain document type", "<!DOCTYPE p><p><Template>FPGA</Template></p>", fpga);
         row("mark", "\xEF\xBB\xBF<p><Template>FPGA</Template></p>", fpga);
         row("UTF-8", "<p><Template>\xC3\xA9</Template></p>", QString(QChar(0xE9)));
@@ -216,6 +217,31 @@ private Q_SLOTS:
         QVERIFY(isRead(content, INVALID));
         QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
         QVERIFY2(peakMemory() - before < 100 * 1024, qPrintable(QString::number(peakMemory())));
+    }
+
+    void aFloodOfAttributesIsRefusedInNoTime_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QByteArray attributes;
+        QByteArray defaults;
+        for (int i = 0; i < 100000; ++i) {
+            const QByteArray name = "a" + QByteArray::number(i);
+            attributes += " " + name + "=''";
+            defaults += "<!ATTLIST x " + name + " CDATA ''>";
+        }
+        QTest::newRow("of an element")
+            << QByteArray("<p><Template>FPGA</Template><x" + attributes + "/></p>");
+        QTest::newRow("of a document type")
+            << QByteArray("<!DOCTYPE p [" + defaults + "]><p><Template>FPGA</Template><x/></p>");
+    }
+
+    void aFloodOfAttributesIsRefusedInNoTime()
+    {
+        QFETCH(QByteArray, content);
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(isRead(content, INVALID));
+        QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
     }
 
     void deepNestingIsRefused()
