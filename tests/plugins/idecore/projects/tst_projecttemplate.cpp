@@ -223,6 +223,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("content");
         QByteArray attributes;
         QByteArray defaults;
+        attributes.reserve(2000000);
+        defaults.reserve(4000000);
         for (int i = 0; i < 100000; ++i) {
             const QByteArray name = "a" + QByteArray::number(i);
             attributes += " " + name + "=''";
