@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QKeySequence>
 
 namespace Fpga {
 
@@ -20,7 +21,7 @@ GoToPanel::GoToPanel(ProjectPanel *panel)
     : m_panel(panel)
     , m_action(new QAction(tr("Go to Project Panel")))
 {
-    m_action->setShortcut(Qt::ALT + Qt::Key_1);
+    m_action->setShortcut(QKeySequence(int(Qt::ALT) + int(Qt::Key_1)));
     connect(m_action, &QAction::triggered, this, &GoToPanel::run);
     // It is in no menu; the window is where its key is pressed.
     Core::ViewManager::mainWindow()->addAction(
