@@ -141,6 +141,8 @@ void openProject(benchmark::State &state)
 {
     auto *const dock = Core::ViewManager::mainWindow()->findChild<QDockWidget *>(
         QLatin1String(Fpga::Constants::PROJECT_PANEL));
+    // The first project brings the tree along.
+    ProjectManager::openProject(s_project);
     auto *const tree = dock->findChild<QTreeView *>();
     PaintWatch watch;
     tree->viewport()->installEventFilter(&watch);

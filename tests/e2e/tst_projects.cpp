@@ -123,14 +123,21 @@ private Q_SLOTS:
         program.picture(QStringLiteral("project-11-recent"));
         program.key(QStringLiteral("Return"));
         QVERIFY(program.waitForActive(MAIN_WINDOW));
-        clickIntoPanel(program);
-        program.keys({QStringLiteral("Home"), QStringLiteral("Down"), QStringLiteral("Return")});
+        program.keys({QStringLiteral("alt+1"), QStringLiteral("Home"), QStringLiteral("Down"),
+                      QStringLiteral("Return")});
         program.picture(QStringLiteral("project-12-again"));
         program.key(QStringLiteral("ctrl+Home"));
         program.type(QStringLiteral("// second"));
         program.key(QStringLiteral("Return"));
         program.key(QStringLiteral("ctrl+s"));
         SOON_COMPARE(contentOf(source), QByteArray("// second\n// first\n" + made));
+
+        // From the document into the panel and back.
+        program.keys(
+            {QStringLiteral("alt+1"), QStringLiteral("alt+1"), QStringLiteral("ctrl+Home")});
+        program.type(QStringLiteral("// third "));
+        program.key(QStringLiteral("ctrl+s"));
+        SOON_COMPARE(contentOf(source), QByteArray("// third // second\n// first\n" + made));
         end(program);
     }
 

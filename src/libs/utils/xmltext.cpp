@@ -12,14 +12,12 @@ namespace {
 
 struct Bracket
 {
-    QLatin1String open;
-    QLatin1String close;
+    const char *open;
+    const char *close;
 };
 
 // What is between these is no tag, whatever it looks like.
-constexpr Bracket BRACKETS[] = {{QLatin1String("<!--"), QLatin1String("-->")},
-                                {QLatin1String("<![CDATA["), QLatin1String("]]>")},
-                                {QLatin1String("<?"), QLatin1String("?>")}};
+constexpr Bracket BRACKETS[] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
 
 } // namespace
 
@@ -49,10 +47,12 @@ int XmlText::lineOfAttributeFlood() const
 int XmlText::skipMarkup(int start) const
 {
     for (const Bracket &bracket : BRACKETS) {
-        if (m_text.midRef(start, bracket.open.size()) != bracket.open)
+        const QLatin1String open(bracket.open);
+        const QLatin1String close(bracket.close);
+        if (m_text.midRef(start, open.size()) != open)
             continue;
-        const int end = m_text.indexOf(bracket.close, start + bracket.open.size());
-        return end < 0 ? m_text.size() : end + bracket.close.size();
+        const int end = m_text.indexOf(close, start + open.size());
+        return end < 0 ? m_text.size() : end + close.size();
     }
     int attributes = 0;
     for (int at = start + 1; at < m_text.size(); ++at) {

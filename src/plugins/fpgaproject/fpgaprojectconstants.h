@@ -16,6 +16,9 @@ inline constexpr char PROJECT_PANEL[] = "FpgaProject.ProjectPanel";
 /// "Save Project As..." of the File menu.
 inline constexpr char A_PROJECT_SAVEAS[] = "FpgaProject.Action.SaveProjectAs";
 
+/// Takes the keyboard to the project panel and back.
+inline constexpr char A_PROJECT_PANEL[] = "FpgaProject.Action.GoToPanel";
+
 } // namespace Constants
 } // namespace Fpga
 

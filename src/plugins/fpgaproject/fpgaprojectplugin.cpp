@@ -4,6 +4,7 @@
 #include <fpgaproject/fpgaprojectplugin_p.h>
 
 #include <extsys/pluginmanager.h>
+#include <fpgaproject/panel/gotopanel_p.h>
 #include <fpgaproject/panel/projectpanel_p.h>
 #include <fpgaproject/project/fpgaprojectfactory.h>
 #include <fpgaproject/project/saveprojectas_p.h>
@@ -31,6 +32,7 @@ bool FpgaProjectPlugin::initialize()
     connect(Core::ProjectManager::instance(), &Core::ProjectManager::currentProjectChanged, m_panel,
             &ProjectPanel::setProject);
     Core::ViewManager::addPanel(m_panel);
+    m_goToPanel = std::make_unique<GoToPanel>(m_panel);
     return true;
 }
 
@@ -41,6 +43,7 @@ void FpgaProjectPlugin::shutDown()
     Core::ViewManager::removePanel(m_panel);
     m_panel = nullptr;
     m_saveAs.reset();
+    m_goToPanel.reset();
     while (!m_offered.empty()) {
         ExtSys::PluginManager::instance()->removeObject(m_offered.back().get());
         m_offered.pop_back();

@@ -11,6 +11,7 @@
 
 namespace Fpga {
 
+class GoToPanel;
 class ProjectPanel;
 class SaveProjectAs;
 
@@ -32,6 +33,7 @@ private:
     void offer(std::unique_ptr<QObject> object);
 
     std::unique_ptr<SaveProjectAs> m_saveAs;
+    std::unique_ptr<GoToPanel> m_goToPanel;
     /// Owned by its dock.
     ProjectPanel *m_panel = nullptr;
     /// What is in the pool, in the order in which it came there.

@@ -204,6 +204,7 @@ void TestBadProjectFiles::aFloodOfAttributesIsRefusedAtOnce_data()
     QTest::addColumn<QByteArray>("xml");
     QTest::addColumn<int>("line");
     QByteArray attributes;
+    attributes.reserve(2000000);
     for (int i = 0; i < 100000; ++i)
         attributes += " a" + QByteArray::number(i) + "=''";
     QTest::newRow("at an element")

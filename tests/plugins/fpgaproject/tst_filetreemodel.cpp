@@ -7,6 +7,9 @@
 
 #include <fpgaproject/panel/filetreemodel_p.h>
 #include <fpgaproject/project/fpgaproject.h>
+#include <idecore/core/idecore.h>
+#include <idecore/mimedatabase/mimedatabase.h>
+#include <idecore/mimedatabase/mimetype.h>
 
 #include <QAbstractItemModelTester>
 #include <QDir>
@@ -109,6 +112,9 @@ private Q_SLOTS:
     void localFilesCanBeDropped();
     void otherThingsCannotBeDropped();
     void theToolTipShowsNamesAsTheyAre();
+    void theToolTipNamesTheTypeOfTheCore();
+    void everySuffixOfTheCoresTypesHasItsKind_data();
+    void everySuffixOfTheCoresTypesHasItsKind();
     void whatIsSpecialIsReadOut();
 };
 
@@ -426,6 +432,54 @@ void TestFileTreeModel::theToolTipShowsNamesAsTheyAre()
     const QString tip = tree.model.indexOf(named("<b>&x.v")).data(Qt::ToolTipRole).toString();
 
     QVERIFY2(tip.contains(named("&lt;b&gt;&amp;x.v")), qPrintable(tip));
+}
+
+void TestFileTreeModel::theToolTipNamesTheTypeOfTheCore()
+{
+    const Tree tree({named("a.sv"), named("!b.sdc"), named("notes")});
+    const auto tip = [&](const char *path) {
+        return tree.model.indexOf(named(path)).data(Qt::ToolTipRole).toString();
+    };
+
+    QVERIFY2(tip("a.sv").contains(named("SystemVerilog (Verilog HDL File)")),
+             qPrintable(tip("a.sv")));
+    QVERIFY2(tip("b.sdc").contains(named("(KELMO Timing Constraints File)")),
+             qPrintable(tip("b.sdc")));
+    QVERIFY2(tip("notes").contains(named("Other Files (Plain Text File)")),
+             qPrintable(tip("notes")));
+}
+
+void TestFileTreeModel::everySuffixOfTheCoresTypesHasItsKind_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QStringList>("kinds");
+    const auto row = [](const char *type, const char *kinds) {
+        QTest::newRow(type) << named(type) << named(kinds).split(QLatin1Char(' '));
+    };
+    row("text/verilog", "verilog systemverilog");
+    row("text/vhdl", "vhdl");
+    row("text/sdc", "timing-constraint");
+    row("text/pcn", "physical-constraint");
+    row("text/fdc", "physical-constraint");
+    row("text/adc", "physical-constraint");
+    row("text/ksc", "synthesis-constraint");
+    row("text/mnx", "memory");
+    row("text/ufx", "memory");
+}
+
+void TestFileTreeModel::everySuffixOfTheCoresTypesHasItsKind()
+{
+    QFETCH(QString, type);
+    QFETCH(QStringList, kinds);
+    const CoreFixture core;
+
+    const QStringList suffixes = Core::IdeCore::mimeDatabase()->findByType(type).suffixes();
+
+    QVERIFY(!suffixes.isEmpty());
+    for (const QString &suffix : suffixes) {
+        const QString kind = Fpga::fileKindName(Fpga::fileKindOf(QLatin1String("a.") + suffix));
+        QVERIFY2(kinds.contains(kind), qPrintable(suffix + QLatin1String(": ") + kind));
+    }
 }
 
 void TestFileTreeModel::whatIsSpecialIsReadOut()

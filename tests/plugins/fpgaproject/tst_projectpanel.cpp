@@ -46,6 +46,7 @@ private Q_SLOTS:
     void itShowsNameDeviceAndTop();
     void whatOthersWriteToTheProjectFileIsShown();
     void aProjectFileBrokenByOthersLeavesThePanelAsItIs();
+    void missingAndDisabledFilesAreSeenToBe();
     void theIconOfASelectedFileStandsOut();
     void kindsStandOpen();
     void enterOpensTheSelectedFiles();
@@ -144,6 +145,28 @@ void TestProjectPanel::aProjectFileBrokenByOthersLeavesThePanelAsItIs()
     QTRY_VERIFY(shown.index("a.v").data(FileTreeModel::MissingRole).toBool());
     QVERIFY(shown.index("a.v").isValid());
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestProjectPanel::missingAndDisabledFilesAreSeenToBe()
+{
+    Shown shown({named("a.v"), named("b.v")});
+    shown.tree()->clearSelection();
+    shown.tree()->setCurrentIndex({});
+    const QRect row = shown.tree()->visualRect(shown.index("a.v"));
+    const auto picture = [&] { return shown.tree()->viewport()->grab(row).toImage(); };
+    const QImage usual = picture();
+
+    QVERIFY(shown.project.setEnabled({named("a.v")}, false));
+    const QImage disabled = picture();
+    QVERIFY(shown.project.setEnabled({named("a.v")}, true));
+    QCOMPARE(picture(), usual);
+    QVERIFY(QFile::remove(shown.folder.path(named("a.v"))));
+    QTRY_VERIFY(shown.index("a.v").data(FileTreeModel::MissingRole).toBool());
+    const QImage missing = picture();
+
+    QVERIFY(disabled != usual);
+    QVERIFY(missing != usual);
+    QVERIFY(missing != disabled);
 }
 
 void TestProjectPanel::theIconOfASelectedFileStandsOut()

@@ -6,6 +6,9 @@
 #include <fpgaproject/panel/fileicons_p.h>
 #include <fpgaproject/panel/filetreemodel_p.h>
 #include <fpgaproject/project/fpgaproject.h>
+#include <idecore/core/idecore.h>
+#include <idecore/mimedatabase/mimedatabase.h>
+#include <idecore/mimedatabase/mimetype.h>
 
 #include <QDateTime>
 #include <QDir>
@@ -13,6 +16,18 @@
 #include <QLocale>
 
 namespace Fpga {
+
+namespace {
+
+/// The kind, and the type of the core where it knows one.
+QString typeTitle(const QString &path, FileKind kind)
+{
+    const Core::MimeType type = Core::IdeCore::mimeDatabase()->findByFile(QFileInfo(path));
+    const QString title = fileKindTitle(kind);
+    return type.isNull() ? title : FileTreeModel::tr("%1 (%2)").arg(title, type.localeComment());
+}
+
+} // namespace
 
 QVariant FileTreeModel::data(const QModelIndex &index, int role) const
 {
@@ -91,7 +106,7 @@ QString FileTreeModel::toolTip(const Row &row, FileKind kind) const
     // The name of a file may look like markup.
     QString text = QLatin1String("<p style='white-space:pre'><b>")
                    + QDir::toNativeSeparators(row.path).toHtmlEscaped() + QLatin1String("</b><br/>")
-                   + fileKindTitle(kind).toHtmlEscaped();
+                   + typeTitle(path, kind).toHtmlEscaped();
     if (isTop(row)) {
         text += QLatin1String("<br/>")
                 + tr("Top module: %1").arg(m_project->document().top().name).toHtmlEscaped();
