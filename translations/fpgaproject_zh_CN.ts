@@ -642,7 +642,7 @@ Do you want to replace it by an empty one? Its list of files is lost.</source>
 Make one with File › New, or open one with File › Open.</source>
         <translation>没有打开的工程。
 
-可通过“文件 › 新建”创建工程，或通过“文件 › 打开”打开工程。</translation>
+可通过“文件&#xa0;›&#xa0;新建”创建工程，或通过“文件&#xa0;›&#xa0;打开”打开工程。</translation>
     </message>
 </context>
 <context>

@@ -15,6 +15,10 @@
 <context>
     <name>QFileSystemModel</name>
     <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
         <source>&lt;b&gt;The name &quot;%1&quot; can not be used.&lt;/b&gt;&lt;p&gt;Try using another name, with fewer characters or no punctuations marks.</source>
         <translation>&lt;b&gt;不能使用名称“%1”。&lt;/b&gt;&lt;p&gt;请尝试其他名称，减少字符数或去掉标点符号。</translation>
     </message>

@@ -19,12 +19,16 @@
 #include <idecore/views/viewmanager.h>
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+#include <QTreeView>
 #include <QVBoxLayout>
 #include <QWizard>
 
@@ -68,6 +72,41 @@ std::function<void(const Look &)> dialogOf(const char *actionId)
 void walkMainWindow(const Look &look)
 {
     look(Core::ViewManager::mainWindow(), QStringLiteral("main window"));
+}
+
+/// The menu that a right click on @p place of @p widget opens.
+void walkContextMenu(QWidget *widget, const QPoint &place, const Look &look)
+{
+    bool met = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget *const menu = QApplication::activePopupWidget();
+        if (!menu)
+            return;
+        timer.stop();
+        met = true;
+        look(menu, QLatin1String("context menu of ") + widget->objectName());
+        menu->close();
+    });
+    timer.start(10);
+    // Some menus block until they are closed.
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
+    QApplication::sendEvent(widget, &event);
+    if (!QTest::qWaitFor([&met] { return met; }))
+        qFatal("no menu of %s came", qPrintable(widget->objectName()));
+}
+
+void walkContextMenus(const Look &look)
+{
+    const QWidget *const window = Core::ViewManager::mainWindow();
+    auto *const tabs = window->findChild<QTabBar *>(id("documentTabBar"));
+    walkContextMenu(tabs, tabs->tabRect(0).center(), look);
+    auto *const tree = window->findChild<QTreeView *>(id("fileTree"));
+    const QModelIndex kind = tree->model()->index(0, 0);
+    tree->setCurrentIndex(tree->model()->index(0, 0, kind));
+    walkContextMenu(tree->viewport(), tree->visualRect(tree->currentIndex()).center(), look);
+    tree->clearSelection();
+    walkContextMenu(tree->viewport(), tree->viewport()->rect().bottomLeft() - QPoint(-5, 5), look);
 }
 
 /// Every page of it, filled in so far that the next one can be reached.
@@ -159,6 +198,7 @@ std::vector<Station> stations()
 {
     return {
         {"main window", walkMainWindow},
+        {"context menus", walkContextMenus},
         {"New", dialogOf(Core::Constants::A_FILE_NEW)},
         {"Open", dialogOf(Core::Constants::A_FILE_OPEN)},
         {"Save Project As", dialogOf(Fpga::Constants::A_PROJECT_SAVEAS)},
