@@ -251,6 +251,7 @@ void TestTexts::buttonsOfQtAreTranslated()
 
 void TestTexts::cleanupTestCase()
 {
+    QVERIFY(Core::ProjectManager::closeCurrentProject());
     while (!m_plugins.empty()) {
         qobject_cast<ExtSys::IPlugin *>(m_plugins.back()->instance())->shutDown();
         m_plugins.pop_back();
