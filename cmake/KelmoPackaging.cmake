@@ -45,8 +45,9 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
     ${CMAKE_LIBRARY_OUTPUT_DIRECTORY} ${CMAKE_BINARY_DIR}/${KELMO_PLUGIN_DIR})
 # Loaded at run time, so that no tool sees it: the help viewer with its database
-# driver, the SVG icons, the file types of the desktop.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt5-assistant, libqt5sql5-sqlite, libqt5svg5, shared-mime-info")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "breeze-icon-theme")
+# driver, the SVG icons, the texts of Qt's own dialogs, the file types of the desktop.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt5-assistant, libqt5sql5-sqlite, libqt5svg5, \
+qttranslations5-l10n, shared-mime-info")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "breeze-icon-theme, fonts-noto-cjk | fonts-droid-fallback")
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/LinkDesktopEntry.cmake)
 include(CPack)

@@ -57,6 +57,8 @@ int main(int argc, char **argv)
         std::printf("%s %s\n", qPrintable(QCoreApplication::applicationName()), KELMO_VERSION);
         return 0;
     }
+    // First: the log makes Qt settle its locale, too.
+    Translations translations;
     setUpLog(commandLine.verbose);
     if (commandLine.listPlugins) {
         // Needs no display.
@@ -69,7 +71,7 @@ int main(int argc, char **argv)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setDesktopFileName(QStringLiteral("kelmo-fpga-designer"));
     const QApplication application(argc, argv);
-    Translations::install(QCoreApplication::applicationDirPath()
-                          + QStringLiteral("/../share/translations"));
+    translations.install(QCoreApplication::applicationDirPath()
+                         + QStringLiteral("/../share/translations"));
     return Host(commandLine).run();
 }

@@ -6,12 +6,20 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTranslator>
+#include <QVariant>
 
 #include <memory>
 
-static bool load(const QString &name, const QString &folder)
+namespace {
+
+const char *const languageVariable = "LANGUAGE";
+const QLatin1String chinese("zh_CN");
+
+bool load(const QString &name, const QString &folder)
 {
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
     if (!translator->load(name, folder))
@@ -20,20 +28,73 @@ static bool load(const QString &name, const QString &folder)
     return QCoreApplication::installTranslator(translator.release());
 }
 
+/// The stored choice, from the files that the settings are read from later. A
+/// store that looks for its file itself makes Qt settle its locale, too early.
+bool choseChinese()
+{
+    const QStringList files = QStandardPaths::locateAll(QStandardPaths::GenericConfigLocation,
+                                                        QStringLiteral("KelmoWare/IDE.ini"));
+    for (const QString &file : files) {
+        const QVariant language =
+            QSettings(file, QSettings::IniFormat).value(QStringLiteral("Language"));
+        if (language.isValid())
+            return language.toString() == chinese;
+    }
+    return false;
+}
+
+/// As the variables say; asking Qt would make it keep the answer.
+QByteArray desktopLanguage()
+{
+    for (const char *const name : {languageVariable, "LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const QByteArray value = qgetenv(name);
+        if (!value.isEmpty())
+            return value;
+    }
+    return {};
+}
+
+} // namespace
+
+Translations::Translations()
+    : m_chinese(choseChinese())
+{
+    const QByteArray desktop = desktopLanguage();
+    const bool isChinese = desktop.startsWith("zh_CN");
+    const bool isEnglish = desktop.isEmpty() || desktop.startsWith("en") || desktop.startsWith('C')
+                           || desktop == "POSIX";
+    if (m_chinese ? !isChinese : !isEnglish)
+        tellLibraries(m_chinese ? "zh_CN" : "en");
+}
+
+void Translations::tellLibraries(const QByteArray &language)
+{
+    m_told = true;
+    m_wasSet = qEnvironmentVariableIsSet(languageVariable);
+    m_previous = qgetenv(languageVariable);
+    qputenv(languageVariable, language);
+}
+
 void Translations::install(const QString &folder)
 {
-    const QSettings settings(QSettings::IniFormat, QSettings::UserScope,
-                             QStringLiteral("KelmoWare"), QStringLiteral("IDE"));
-    const QString language = settings.value(QStringLiteral("Language")).toString();
-    if (language != QLatin1String("zh_CN"))
+    if (m_told) {
+        // Read once and kept; programs that are started from here shall find what
+        // the user has.
+        (void)QLocale::system().name();
+        if (m_wasSet)
+            qputenv(languageVariable, m_previous);
+        else
+            qunsetenv(languageVariable);
+    }
+    if (!m_chinese)
         return;
 
-    const QString qtCatalogue = QStringLiteral("qtbase_") + language;
+    const QString qtCatalogue = QLatin1String("qtbase_") + chinese;
     if (!load(qtCatalogue, QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
         load(qtCatalogue, folder);
     // Plugins bring catalogues of their own; what Qt has is loaded already.
     const QStringList catalogues = QDir(folder).entryList(
-        {QStringLiteral("*_") + language + QStringLiteral(".qm")}, QDir::Files, QDir::Name);
+        {QLatin1String("*_") + chinese + QLatin1String(".qm")}, QDir::Files, QDir::Name);
     for (const QString &catalogue : catalogues) {
         if (!catalogue.startsWith(QLatin1String("qtbase_")))
             load(catalogue, folder);

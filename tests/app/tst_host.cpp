@@ -47,11 +47,6 @@ private Q_SLOTS:
     void programsStartedFromHereFindGlAsTheUserHasIt_data();
     void programsStartedFromHereFindGlAsTheUserHasIt();
 
-    void theLanguageIsTakenFromTheSettings_data();
-    void theLanguageIsTakenFromTheSettings();
-    void aPluginBringsACatalogueOfItsOwn();
-    void aMissingCatalogueIsSilent();
-
     void signalsCloseTheMainWindow_data();
     void signalsCloseTheMainWindow();
     void aRefusedCloseKeepsTheProgramRunning();
@@ -381,67 +376,6 @@ void TestHost::programsStartedFromHereFindGlAsTheUserHasIt()
 
     QVERIFY(host.waitForLine(text("splash gone")));
     QVERIFY(host.output().contains(text("gl later ") + value));
-}
-
-void TestHost::theLanguageIsTakenFromTheSettings_data()
-{
-    QTest::addColumn<QByteArray>("settings");
-    QTest::addColumn<QString>("cancel");
-    const QString english = text("Cancel");
-    QTest::newRow("Chinese") << QByteArray("[General]\nLanguage=zh_CN\n") << QStringLiteral("取消");
-    QTest::newRow("English") << QByteArray("[General]\nLanguage=en\n") << english;
-    QTest::newRow("missing") << QByteArray() << english;
-    QTest::newRow("unknown") << QByteArray("[General]\nLanguage=tlh\n") << english;
-    QTest::newRow("a path") << QByteArray("[General]\nLanguage=../zh_CN\n") << english;
-    QTest::newRow("a list") << QByteArray("[General]\nLanguage=zh_CN, en\n") << english;
-    QTest::newRow("wrong type") << QByteArray("[General]\nLanguage=@ByteArray(\\0\\0\\x1)\n")
-                                << english;
-    QTest::newRow("corrupt file") << QByteArray("[[[\n\xff\xfe=\n;;\0", 12) << english;
-}
-
-void TestHost::theLanguageIsTakenFromTheSettings()
-{
-    QFETCH(const QByteArray, settings);
-    QFETCH(const QString, cancel);
-    HostProcess host;
-    host.copy(text("qtbase_zh_CN.qm"), text("share/translations/qtbase_zh_CN.qm"));
-    host.write(text("config/KelmoWare/IDE.ini"), settings);
-    host.setVariable(text("XDG_CONFIG_HOME"), host.path(text("config")));
-    host.tell(text("close"));
-
-    host.start();
-
-    QVERIFY(host.waitForEnd());
-    QCOMPARE(host.status(), 0);
-    QVERIFY2(host.output().contains(cancel), qPrintable(host.output().join(QLatin1Char('\n'))));
-    QCOMPARE(host.errors(), text("a warning\n"));
-}
-
-void TestHost::aPluginBringsACatalogueOfItsOwn()
-{
-    HostProcess host;
-    host.copy(text("testplugin_zh_CN.qm"), text("share/translations/testplugin_zh_CN.qm"));
-    host.write(text("config/KelmoWare/IDE.ini"), "[General]\nLanguage=zh_CN\n");
-    host.setVariable(text("XDG_CONFIG_HOME"), host.path(text("config")));
-    host.tell(text("close"));
-
-    host.start();
-
-    QVERIFY(host.waitForEnd());
-    QVERIFY(host.output().contains(QStringLiteral("插件的文本")));
-}
-
-void TestHost::aMissingCatalogueIsSilent()
-{
-    HostProcess host;
-    host.write(text("config/KelmoWare/IDE.ini"), "[General]\nLanguage=zh_CN\n");
-    host.setVariable(text("XDG_CONFIG_HOME"), host.path(text("config")));
-    host.tell(text("close"));
-
-    host.start();
-
-    QVERIFY(host.waitForEnd());
-    QCOMPARE(host.errors(), text("a warning\n"));
 }
 
 void TestHost::signalsCloseTheMainWindow_data()

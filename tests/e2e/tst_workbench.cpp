@@ -86,6 +86,23 @@ private Q_SLOTS:
         end(program);
     }
 
+    void theProgramSpeaksTheChosenLanguage()
+    {
+        QSettings settings(settingsFile(QStringLiteral("IDE")), QSettings::IniFormat);
+        settings.setValue(QStringLiteral("Language"), QStringLiteral("zh_CN"));
+        settings.sync();
+        Program program;
+        QCOMPARE(program.start({file(QStringLiteral("a.v"), "module a;\nendmodule\n")}), QString());
+        program.key(QStringLiteral("ctrl+f"));
+        program.picture(QStringLiteral("chinese"));
+        program.key(QStringLiteral("ctrl+o"));
+        QVERIFY(program.waitForActive(QStringLiteral("打开文件")));
+        program.picture(QStringLiteral("chinese-open"));
+        program.key(QStringLiteral("Escape"));
+        QVERIFY(program.waitForActive(QStringLiteral("KELMO FPGA Designer")));
+        end(program);
+    }
+
     void undoCutCopyAndPasteReachTheFocusedEditorOnly()
     {
         const QString first = file(QStringLiteral("a.v"), "wire a;\n");

@@ -7,6 +7,8 @@
 #include <QCloseEvent>
 #include <QDebug>
 #include <QDialog>
+#include <QFile>
+#include <QLocale>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -99,6 +101,15 @@ class TestCore final : public ExtSys::IPlugin
 public:
     ~TestCore() override { say("core destroyed"); }
 
+    /// Those in the memory of the process.
+    static int catalogues()
+    {
+        QFile maps(QStringLiteral("/proc/self/maps"));
+        if (!maps.open(QIODevice::ReadOnly))
+            return -1;
+        return maps.readAll().count(".qm\n");
+    }
+
     bool initialize() override
     {
         say("core initialize");
@@ -111,6 +122,9 @@ public:
         }
         say(QCoreApplication::translate("QPlatformTheme", "Cancel"));
         say(QCoreApplication::translate("TestPlugin", "A text of a plugin"));
+        say(QLatin1String("locale ") + QLocale::system().name() + QLatin1String(", LANGUAGE ")
+            + QString::fromLocal8Bit(qgetenv("LANGUAGE")));
+        say(QStringLiteral("catalogues %1").arg(catalogues()));
         say(QStringLiteral("arguments ")
             + QCoreApplication::arguments().mid(1).join(QLatin1Char('|')));
         say(QStringLiteral("gl ") + QString::fromLocal8Bit(qgetenv("QT_XCB_GL_INTEGRATION")));

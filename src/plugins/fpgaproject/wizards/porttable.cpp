@@ -43,6 +43,12 @@ PortTable::PortTable(QWidget *parent)
     m_table->setAccessibleName(tr("Ports"));
     m_table->setHorizontalHeaderLabels({tr("Port"), tr("Direction"), tr("Width")});
     m_table->horizontalHeader()->setSectionResizeMode(Name, QHeaderView::Stretch);
+    // Other languages have longer words.
+    for (const int column : {Direction, Width}) {
+        const int needed = m_table->horizontalHeader()->sectionSizeHint(column);
+        if (m_table->columnWidth(column) < needed)
+            m_table->setColumnWidth(column, needed);
+    }
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->verticalHeader()->hide();
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -8,12 +8,14 @@
 #include <texteditor/texteditorconstants.h>
 
 #include <KConfigGroup>
+#include <KLocalizedString>
 #include <KSharedConfig>
 
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QLocale>
 #include <QLoggingCategory>
 #include <QSettings>
 #include <QStandardPaths>
@@ -96,6 +98,8 @@ void apply()
     // it replaces, so that one is fetched first.
     previousFilter = QLoggingCategory::installFilter(nullptr);
     QLoggingCategory::installFilter(filterLog);
+    // KTextEditor would speak the desktop's language; Qt knows the program's.
+    KLocalizedString::setLanguages({QLocale::system().name()});
     // KTextEditor takes the settings of the program's own file, and those of all
     // programs of the desktop only where that file has none.
     KConfig::setMainConfigName(QStringLiteral("KelmoWare/texteditorrc"));
