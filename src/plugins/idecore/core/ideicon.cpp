@@ -102,7 +102,7 @@ public:
         QPixmap found;
         if (QPixmapCache::find(key, &found))
             return found;
-        QImage image = read(side);
+        QImage image = load(side);
         if (isDark(palette))
             lighten(image);
         if (mode == QIcon::Disabled)
@@ -148,7 +148,7 @@ private:
     bool exists(const Variant &variant) const { return QFile::exists(fileOf(variant)); }
 
     /// The picture of @p side pixels, or the largest there is.
-    QImage read(int side) const
+    QImage load(int side) const
     {
         const Variant *best = nullptr;
         for (const Variant &variant : variants) {
