@@ -95,7 +95,7 @@ public:
         if (side <= 0)
             return {};
         const QPalette palette = QGuiApplication::palette();
-        const QColor selected = palette.color(QPalette::HighlightedText);
+        const QColor &selected = palette.color(QPalette::HighlightedText);
         const QString key = QStringLiteral("ideicon:%1:%2:%3:%4:%5")
                                 .arg(m_file, QString::number(side), QString::number(mode),
                                      QString::number(isDark(palette)), selected.name());
