@@ -105,14 +105,14 @@ public:
         if (side <= 0)
             return {};
         const QPalette palette = QGuiApplication::palette();
-        const QColor selected = palette.color(QPalette::HighlightedText);
+        const QColor &selected = palette.color(QPalette::HighlightedText);
         const QString key = QStringLiteral("ideicon:%1:%2:%3:%4:%5")
                                 .arg(m_file, QString::number(side), QString::number(mode),
                                      QString::number(isDark(palette)), selected.name());
         QPixmap found;
         if (QPixmapCache::find(key, &found))
             return found;
-        QImage image = read(side);
+        QImage image = load(side);
         if (isDark(palette))
             lighten(image);
         if (mode == QIcon::Disabled)
@@ -158,7 +158,7 @@ private:
     bool exists(const Variant &variant) const { return QFile::exists(fileOf(variant)); }
 
     /// The picture of @p side pixels, or the largest there is.
-    QImage read(int side) const
+    QImage load(int side) const
     {
         const Variant *best = nullptr;
         for (const Variant &variant : variants) {

@@ -22,6 +22,7 @@
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QtMath>
 
 #include <utility>
 
@@ -177,7 +178,7 @@ void VersionDialog::react(const QPointF &globalPosition)
     const int clicks = playground().clicks;
     if (clicks <= ClicksIgnored)
         return;
-    letFly({int(globalPosition.x() + 0.5), int(globalPosition.y() + 0.5)});
+    letFly({qFloor(globalPosition.x() + 0.5), qFloor(globalPosition.y() + 0.5)});
     if (clicks == ClicksAsked) {
         QMessageBox box(QMessageBox::Question, QStringLiteral(" "), tr("Having fun?\t\t"),
                         QMessageBox::NoButton, this);
