@@ -8,6 +8,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
+#include <idecore/mainwindow/panefocus_p.h>
 #include <utils/mdiarea.h>
 
 #include <QAction>
@@ -104,6 +105,7 @@ void IdeMainWindow::initActions()
     initWindowMenu();
     initHelpMenu();
     initToolBars();
+    new private_impl::PaneFocus(this, mdiArea);
 }
 
 void IdeMainWindow::initFileMenu()
