@@ -5,6 +5,8 @@
 #include "host.h"
 #include "translations.h"
 
+#include <appstyle/appstylemanager.h>
+
 #include <QApplication>
 #include <QLoggingCategory>
 
@@ -70,6 +72,7 @@ int main(int argc, char **argv)
     Host::turnGlOff();
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setDesktopFileName(QStringLiteral("kelmo-fpga-designer"));
+    APPSTYLE::AppStyleManager::prepare();
     const QApplication application(argc, argv);
     translations.install(QCoreApplication::applicationDirPath()
                          + QStringLiteral("/../share/translations"));

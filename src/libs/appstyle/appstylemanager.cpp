@@ -58,6 +58,11 @@ AppStyleManager *AppStyleManager::instance()
     return &manager;
 }
 
+void AppStyleManager::prepare()
+{
+    QApplication::setStyle(new ThemeStyle);
+}
+
 AppStyleManager::AppStyleManager()
     : d(std::make_unique<Private>())
 {

@@ -38,6 +38,8 @@ inline constexpr char A_EDIT_COPY[] = "Core.Action.Copy";
 inline constexpr char A_EDIT_PASTE[] = "Core.Action.Paste";
 inline constexpr char A_EDIT_SELECTALL[] = "Core.Action.SelectAll";
 inline constexpr char A_EDIT_FIND[] = "Core.Action.Find";
+inline constexpr char A_NEXT_PANE[] = "Core.Action.NextPane";         // in no menu
+inline constexpr char A_PREVIOUS_PANE[] = "Core.Action.PreviousPane"; // in no menu
 
 // Separators: a final ".F" stands in front of a group, ".B" behind it
 inline constexpr char SEP_FILE_OPEN_B[] = "Core.Sep.File.Open.B";

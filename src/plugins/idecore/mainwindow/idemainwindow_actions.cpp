@@ -9,6 +9,7 @@
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
 #include <idecore/core/ideicon.h>
+#include <idecore/mainwindow/panefocus_p.h>
 #include <utils/mdiarea.h>
 
 #include <QAction>
@@ -105,6 +106,7 @@ void IdeMainWindow::initActions()
     initWindowMenu();
     initHelpMenu();
     initToolBars();
+    new private_impl::PaneFocus(this, mdiArea);
 }
 
 void IdeMainWindow::initFileMenu()

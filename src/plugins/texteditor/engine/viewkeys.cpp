@@ -24,7 +24,7 @@ using KeyTable = QHash<int, QString>;
 QSet<int> standardKeys()
 {
     QSet<int> keys{int(Qt::CTRL) | int(Qt::SHIFT) | int(Qt::Key_S), int(Qt::CTRL) | int(Qt::Key_Y),
-                   int(Qt::Key_F11)};
+                   int(Qt::Key_F11), int(Qt::Key_F6), int(Qt::SHIFT) | int(Qt::Key_F6)};
     const auto standard = {QKeySequence::New,   QKeySequence::Open,  QKeySequence::Save,
                            QKeySequence::Print, QKeySequence::Undo,  QKeySequence::Cut,
                            QKeySequence::Copy,  QKeySequence::Paste, QKeySequence::SelectAll,
