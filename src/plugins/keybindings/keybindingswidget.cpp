@@ -505,9 +505,10 @@ KeyBindingsWidget::Choice KeyBindingsWidget::ask(const QKeySequence &key, const 
     box->setTextFormat(Qt::PlainText);
     box->setInformativeText(tr("A shared key works where only one of the commands is available;"
                                " where both are, neither gets it."));
-    const QAbstractButton *const take =
-        box->addButton(tr("&Take It Away"), QMessageBox::AcceptRole);
-    const QAbstractButton *const share = box->addButton(tr("&Share"), QMessageBox::NoRole);
+    QAbstractButton *const take = box->addButton(tr("&Take It Away"), QMessageBox::AcceptRole);
+    QAbstractButton *const share = box->addButton(tr("&Share"), QMessageBox::NoRole);
+    take->setObjectName(QStringLiteral("btnTakeAway"));
+    share->setObjectName(QStringLiteral("btnShare"));
     box->setDefaultButton(QMessageBox::Cancel);
     box->exec();
     if (!box)

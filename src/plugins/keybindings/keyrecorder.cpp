@@ -19,8 +19,9 @@ constexpr int MostStrokes = 4;
 bool isNoStroke(int key)
 {
     return key == 0 || key == Qt::Key_unknown || (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock)
-           || (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R) || key == Qt::Key_AltGr
-           || key == Qt::Key_Multi_key || key == Qt::Key_Mode_switch
+           || key == Qt::Key_Super_L || key == Qt::Key_Super_R || key == Qt::Key_Hyper_L
+           || key == Qt::Key_Hyper_R || key == Qt::Key_AltGr || key == Qt::Key_Multi_key
+           || key == Qt::Key_Mode_switch
            || (key >= Qt::Key_Dead_Grave && key <= Qt::Key_Dead_Longsolidusoverlay);
 }
 

@@ -152,9 +152,10 @@ void UserKeys::give(IAction *proxy, const Keys &keys)
         return;
     const QScopedValueRollback<const IAction *> given(m_given, proxy);
     const QPointer<IAction> guard(proxy);
-    // The proxy's own operation shows the key in the tool tip, and knows one only.
+    // The proxy's own operation shows the key in the tool tip, but leaves all
+    // further ones as they are.
     proxy->setShortcut(keys.value(0));
-    if (guard && keys.size() > 1)
+    if (guard)
         proxy->setShortcuts(keys);
 }
 
@@ -169,8 +170,14 @@ void UserKeys::onProxyChanged()
     if (served == m_served.end() || served->proxy != proxy || present == wanted
         || (present.isEmpty() && isShownByDocumentsOnly(proxy)))
         return;
-    // Its author has given it another key. That is its default from now on.
-    served->defaults = present;
+    // Its author has given it other keys, which are its default from now on; or
+    // another first key, behind which those of the user's still stand.
+    if (wanted.size() > 1 && present == wanted.mid(1))
+        served->defaults = served->defaults.mid(1);
+    else if (!present.isEmpty() && present.mid(1) == wanted.mid(1))
+        served->defaults = Keys{present.first()} + served->defaults.mid(1);
+    else
+        served->defaults = present;
     give(proxy, wanted);
 }
 
