@@ -195,7 +195,9 @@ QVariant CommandModel::commandData(std::size_t position, int column, int role) c
     case Qt::DecorationRole:
         return row.clashes && column == KeysColumn ? m_clashIcon : QVariant();
     case Qt::ToolTipRole:
-        return row.clashes && column == KeysColumn ? clashText(command) : QVariant();
+        // The column may be too narrow for all of them.
+        return row.clashes && column == KeysColumn ? clashText(command)
+                                                   : commandData(position, column, Qt::DisplayRole);
     case Qt::AccessibleDescriptionRole:
         if (column != KeysColumn)
             return QVariant();

@@ -16,12 +16,16 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPainter>
+#include <QPixmap>
 #include <QPointer>
+#include <QPolygonF>
 #include <QPushButton>
 #include <QSettings>
 #include <QStyle>
@@ -47,6 +51,26 @@ Keys without(const Keys &keys, const QKeySequence &clashing)
     std::copy_if(keys.cbegin(), keys.cend(), std::back_inserter(left),
                  [&clashing](const QKeySequence &key) { return !KeyRules::clash(key, clashing); });
     return left;
+}
+
+/// Seen on every ground, that of a selected row as well, which the signs of an
+/// icon theme need not be.
+QPixmap warningSign(int size, qreal ratio)
+{
+    QPixmap pixmap(QSize(size, size) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // On a grid of sixteen.
+    painter.scale(size / 16.0, size / 16.0);
+    painter.setBrush(QColor(0xcc, 0x70, 0x1a));
+    painter.setPen(QPen(QColor(255, 255, 255, 200), 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolygon(QPolygonF({{8, 1.5}, {15, 14.5}, {1, 14.5}}));
+    painter.setPen(QPen(Qt::white, 1.8, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(8, 6), QPointF(8, 9.5));
+    painter.drawPoint(QPointF(8, 12.3));
+    return pixmap;
 }
 
 } // namespace
@@ -146,7 +170,9 @@ void KeyBindingsWidget::createEditor(QBoxLayout *layout)
     m_keys->setWrapping(true);
     m_keys->setResizeMode(QListView::Adjust);
     m_keys->setSpacing(2);
-    m_keys->setFixedHeight(m_recorder->sizeHint().height() + 8);
+    // Two rows: most commands have few keys.
+    m_keys->setFixedHeight(2 * (m_keys->fontMetrics().height() + 3 * m_keys->spacing())
+                           + 2 * m_keys->frameWidth());
     m_keys->setTabKeyNavigation(false);
     m_message->setWordWrap(true);
     m_message->setTextFormat(Qt::PlainText);
@@ -244,9 +270,13 @@ void KeyBindingsWidget::changeEvent(QEvent *event)
 
 void KeyBindingsWidget::updateIcons()
 {
-    m_model->setClashIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this));
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    m_sign->setFixedWidth(size);
+    const QPixmap sign = warningSign(size, devicePixelRatioF());
+    QIcon icon(sign);
+    // Not in the colour of the selection.
+    icon.addPixmap(sign, QIcon::Selected);
+    m_model->setClashIcon(icon);
+    m_sign->setPixmap(sign);
 }
 
 void KeyBindingsWidget::fillList()
@@ -268,9 +298,12 @@ void KeyBindingsWidget::showList()
         m_list->setFirstColumnSpanned(place, QModelIndex(), true);
     const int shown = m_model->shownCount();
     const int all = static_cast<int>(m_model->commands().size());
-    m_count->setText(shown == 0     ? tr("No command has all of these words.")
-                     : shown == all ? tr("%n command(s)", nullptr, all)
-                                    : tr("%1 of %n command(s)", nullptr, all).arg(shown));
+    if (shown == 0)
+        m_count->setText(tr("No command has all of these words."));
+    else if (shown == all)
+        m_count->setText(tr("%1 commands").arg(all));
+    else
+        m_count->setText(tr("%1 of %2 commands").arg(shown).arg(all));
     // What is narrowed down to one is chosen.
     select(shown == 1 ? firstShown() : m_current);
 }
@@ -366,11 +399,7 @@ void KeyBindingsWidget::sayClashes(const Command &command)
 
 void KeyBindingsWidget::say(const QString &text, bool warning)
 {
-    const int size = m_sign->width();
-    m_sign->setPixmap(warning ? style()
-                                    ->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this)
-                                    .pixmap(window()->windowHandle(), QSize(size, size))
-                              : QPixmap());
+    m_sign->setVisible(warning);
     m_message->setText(text);
     // For those who hear the field rather than see what stands below.
     m_recorder->setAccessibleDescription(text);
@@ -414,7 +443,7 @@ QString KeyBindingsWidget::namesOf(const std::vector<const Command *> &commands)
     QStringList names;
     for (const Command *command : commands) {
         if (names.size() == static_cast<int>(Most)) {
-            names.append(tr("%n more", nullptr, static_cast<int>(commands.size() - Most)));
+            names.append(tr("%1 more").arg(commands.size() - Most));
             break;
         }
         names.append(
@@ -487,7 +516,7 @@ bool KeyBindingsWidget::give(const QString &id, const Keys &keys, const Keys &fr
         const Choice choice = ask(key, namesOf(holders));
         if (choice == Choice::Cancel)
             return false;
-        if (choice == Choice::TakeAway)
+        if (choice == Choice::Reassign)
             others = left;
     }
     for (auto it = others.cbegin(); it != others.cend(); ++it)
@@ -505,9 +534,9 @@ KeyBindingsWidget::Choice KeyBindingsWidget::ask(const QKeySequence &key, const 
     box->setTextFormat(Qt::PlainText);
     box->setInformativeText(tr("A shared key works where only one of the commands is available;"
                                " where both are, neither gets it."));
-    QAbstractButton *const take = box->addButton(tr("&Take It Away"), QMessageBox::AcceptRole);
+    QAbstractButton *const reassign = box->addButton(tr("&Reassign"), QMessageBox::AcceptRole);
     QAbstractButton *const share = box->addButton(tr("&Share"), QMessageBox::NoRole);
-    take->setObjectName(QStringLiteral("btnTakeAway"));
+    reassign->setObjectName(QStringLiteral("btnReassign"));
     share->setObjectName(QStringLiteral("btnShare"));
     box->setDefaultButton(QMessageBox::Cancel);
     box->exec();
@@ -515,7 +544,9 @@ KeyBindingsWidget::Choice KeyBindingsWidget::ask(const QKeySequence &key, const 
         return Choice::Cancel;
     const QAbstractButton *const clicked = box->clickedButton();
     box->deleteLater();
-    return clicked == take ? Choice::TakeAway : clicked == share ? Choice::Share : Choice::Cancel;
+    return clicked == reassign ? Choice::Reassign
+           : clicked == share  ? Choice::Share
+                               : Choice::Cancel;
 }
 
 } // namespace KeyBindings

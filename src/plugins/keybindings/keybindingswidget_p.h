@@ -51,7 +51,7 @@ private:
         /// Other commands that have it.
         std::vector<const Command *> holders;
     };
-    enum class Choice { TakeAway, Share, Cancel };
+    enum class Choice { Reassign, Share, Cancel };
 
     void createList(QBoxLayout *layout);
     void createEditor(QBoxLayout *layout);
