@@ -9,6 +9,7 @@
 #include <idecore/actions/iaction.h>
 #include <idecore/interfaces/ioptionspage.h>
 
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -123,6 +124,12 @@ PageDialog::PageDialog()
 {
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(widget);
+    // As the Options dialog has them.
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
+    layout->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     resize(800, 450);
     show();
     activateWindow();

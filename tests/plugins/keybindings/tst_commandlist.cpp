@@ -64,6 +64,7 @@ private Q_SLOTS:
     void theOnlyOneIsChosen();
     void chosenCommandComesBackWithTheRows();
     void arrowsGoFromTheFilterToTheList();
+    void returnGoesFromTheFilterToTheListAndOn();
     void escapeClearsTheFilterFirst();
 
     void controlsHaveNames();
@@ -362,8 +363,23 @@ void TestCommandList::arrowsGoFromTheFilterToTheList()
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Down);
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Down);
     QCOMPARE(dialog.keyList(), texts({"Ctrl+Shift+S"}));
+}
+
+void TestCommandList::returnGoesFromTheFilterToTheListAndOn()
+{
+    PageDialog dialog;
+    dialog.filter->setFocus();
+    QTest::keyClicks(dialog.filter, QStringLiteral("save"));
+
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    QVERIFY(dialog.tree->hasFocus());
+    QCOMPARE(dialog.keyList(), texts({"Ctrl+S"}));
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Enter, Qt::KeypadModifier);
     QVERIFY(dialog.recorder->hasFocus());
+    QVERIFY(dialog.isVisible());
+    // With nothing recorded it is the dialog's.
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
 }
 
 void TestCommandList::escapeClearsTheFilterFirst()
@@ -434,7 +450,7 @@ void TestCommandList::tabReachesEveryControl()
 
     QCOMPARE(reached, texts({"editFilter", "treeCommands", "listKeys", "btnRemove", "btnReset",
                              "editKey", "btnAdd", "btnResetAll"}));
-    QVERIFY(dialog.filter->hasFocus());
+    QVERIFY(!dialog.widget->isAncestorOf(QApplication::focusWidget()));
 }
 
 QTEST_MAIN(TestCommandList)

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void everyStrokeIsRecorded();
     void severalKeysAreKeptInOrder();
     void lastKeyTakenAwayLeavesNone();
+    void deleteTakesTheMarkedKeyAway();
     void tabLeavesTheField_data();
     void tabLeavesTheField();
     void backspaceTakesTheLastStrokeBack();
@@ -217,6 +218,19 @@ void TestRecordKeys::lastKeyTakenAwayLeavesNone()
     m_fixture = std::make_unique<KeyBindingsFixture>();
     m_fixture->start();
     QCOMPARE(m_fixture->command(Save)->shortcuts(), Keys());
+}
+
+void TestRecordKeys::deleteTakesTheMarkedKeyAway()
+{
+    PageDialog dialog;
+    QVERIFY(dialog.choose(Save));
+    dialog.add(sequence("F9"));
+    dialog.list->setCurrentRow(0);
+    dialog.list->setFocus();
+
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Delete);
+
+    QCOMPARE(dialog.keyList(), texts({"F9"}));
 }
 
 void TestRecordKeys::tabLeavesTheField_data()
