@@ -186,7 +186,7 @@ void KeysEditor::sayClashes(const Command &command)
             return;
         }
     }
-    say(tr("To give it a key, press it in the field. Several in a row make one key of several"
+    say(tr("Press a new key in the field. Several in a row make one key of several"
            " strokes."),
         false);
 }
@@ -202,7 +202,11 @@ void KeysEditor::say(const QString &text, bool warning)
 void KeysEditor::showCurrent()
 {
     const Command *const command = current();
-    setTitle(command ? tr("Keys of \"%1\"").arg(command->title) : tr("Keys of a command"));
+    // An ampersand would mark a mnemonic.
+    setTitle(command
+                 ? tr("Keys of \"%1\"")
+                       .arg(QString(command->title).replace(QLatin1Char('&'), QLatin1String("&&")))
+                 : tr("Keys of a command"));
     m_keys->clear();
     if (command) {
         for (const QKeySequence &key : command->wanted)

@@ -8,8 +8,7 @@
 #include <idecore/interfaces/ioptionspage.h>
 
 #include <QAccessible>
-#include <QComboBox>
-#include <QHeaderView>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -53,6 +52,7 @@ private Q_SLOTS:
     void menuThatStandsInItselfIsWalkedOnce();
     void titleHasNoMnemonic_data();
     void titleHasNoMnemonic();
+    void ampersandOfATitleIsShown();
     void commandWithoutATextIsCalledByItsId();
     void keysAreShownInTheNativeForm();
     void commandThatComesLaterIsListed();
@@ -234,6 +234,16 @@ void TestCommandList::titleHasNoMnemonic()
     const PageDialog dialog;
 
     QTEST(dialog.cell(Late, Title), "title");
+}
+
+void TestCommandList::ampersandOfATitleIsShown()
+{
+    const PageDialog dialog;
+
+    QVERIFY(dialog.choose(QStringLiteral("Core.Action.Find")));
+
+    QCOMPARE(dialog.widget->findChild<QGroupBox *>(QStringLiteral("groupKeys"))->title(),
+             QStringLiteral("Keys of \"Find && Replace\""));
 }
 
 void TestCommandList::commandWithoutATextIsCalledByItsId()
