@@ -32,17 +32,31 @@ const QString Other = QStringLiteral("Test.Other");
 
 enum Column { Title, KeysColumn, Id };
 
-/// Clicks the button of that object name.
+/// Presses the button of that object name, once the question is to be seen.
 ModalDialog::Handler click(const char *name)
 {
     return [name](QWidget *box) {
         auto *button = box->findChild<QPushButton *>(QLatin1String(name));
-        if (!button) {
+        if (!button || !QTest::qWaitForWindowExposed(box)) {
             QTest::qFail("there is no such button", __FILE__, __LINE__);
             box->close();
             return;
         }
-        QTest::mouseClick(button, Qt::LeftButton);
+        button->click();
+    };
+}
+
+/// Takes the question back.
+ModalDialog::Handler takeBack()
+{
+    return [](QWidget *box) {
+        if (!QTest::qWaitForWindowActive(box))
+            QTest::qFail("the question did not become active", __FILE__, __LINE__);
+        QTest::keyClick(box, Qt::Key_Escape);
+        if (box->isVisible()) {
+            QTest::qFail("the question stayed", __FILE__, __LINE__);
+            box->close();
+        }
     };
 }
 
@@ -416,7 +430,7 @@ void TestRecordKeys::cancelledQuestionChangesNothing()
     m_fixture->registerCommand(One, keys({"F9"}));
     PageDialog dialog;
     QVERIFY(dialog.choose(Save));
-    ModalDialog box(ModalDialog::cancel());
+    ModalDialog box(takeBack());
 
     dialog.add(sequence("F9"));
 
@@ -557,7 +571,7 @@ void TestRecordKeys::resetAsksForADefaultThatIsTaken()
     dialog.add(sequence("Ctrl+S"));
     QVERIFY(dialog.choose(Save));
     {
-        ModalDialog box(ModalDialog::cancel());
+        ModalDialog box(takeBack());
         QTest::mouseClick(dialog.resetButton, Qt::LeftButton);
         QCOMPARE(box.text(), QStringLiteral("Ctrl+S clashes with \"Save As...\" (File)."));
     }
