@@ -45,6 +45,8 @@ private Q_SLOTS:
     void disabledSaveKeyDoesNothingElse();
     void otherKeysOfTheEditorWork_data();
     void otherKeysOfTheEditorWork();
+    void keyOfADisabledCommandIsNotTheEditors_data();
+    void keyOfADisabledCommandIsNotTheEditors();
     void commandsFollowTheFocusedOfTwoEditors();
     void enabledStatesFollowTheEditor();
     void readOnlyEditorOffersNoChange();
@@ -243,6 +245,29 @@ void TestEditorKeys::otherKeysOfTheEditorWork()
     press(key, Qt::KeyboardModifiers(modifiers));
 
     QTEST(TextEditorFixture::text(m_editor), "text");
+}
+
+void TestEditorKeys::keyOfADisabledCommandIsNotTheEditors_data()
+{
+    QTest::addColumn<QList<QKeySequence>>("keys");
+
+    const QKeySequence first(QStringLiteral("Ctrl+Alt+X"));
+    const QKeySequence deleteLine(QStringLiteral("Ctrl+K"));
+    QTest::newRow("its key") << QList<QKeySequence>{deleteLine};
+    QTest::newRow("its second key") << QList<QKeySequence>{first, deleteLine};
+    QTest::newRow("the first of two strokes")
+        << QList<QKeySequence>{QKeySequence(QStringLiteral("Ctrl+K, Ctrl+S"))};
+}
+
+void TestEditorKeys::keyOfADisabledCommandIsNotTheEditors()
+{
+    QFETCH(QList<QKeySequence>, keys);
+    QVERIFY(!command(C::A_FILE_SAVE)->isEnabled());
+    command(C::A_FILE_SAVE)->setShortcuts(keys);
+
+    press(Qt::Key_K, Qt::ControlModifier);
+
+    QCOMPARE(TextEditorFixture::text(m_editor), QStringLiteral("one\ntwo\n"));
 }
 
 void TestEditorKeys::commandsFollowTheFocusedOfTwoEditors()

@@ -134,14 +134,18 @@ IAction *ActionManager::registerAction(QAction *action, const QString &id, const
     if (!s_instance || !action || id.isEmpty())
         return nullptr;
     Private *d = s_instance->d.get();
-    IAction *proxy = d->actions.value(id);
-    if (!proxy) {
+    QPointer<IAction> proxy = d->actions.value(id);
+    const bool isNew = !proxy;
+    if (isNew) {
         proxy = new IAction(id, action);
         d->actions.insert(id, proxy);
         d->index.add(proxy);
     }
     proxy->addOverrideAction(action, contextOrGlobal(context));
     action->setParent(s_instance);
+    if (isNew)
+        Q_EMIT s_instance->actionRegistered(proxy);
+    // Who is told may delete it.
     return proxy;
 }
 
@@ -154,6 +158,20 @@ void ActionManager::unregisterAction(const QString &id, const QString &context)
 IAction *ActionManager::action(const QString &id)
 {
     return s_instance ? s_instance->d->actions.value(id) : nullptr;
+}
+
+QList<IAction *> ActionManager::actions()
+{
+    QList<IAction *> proxies;
+    if (!s_instance)
+        return proxies;
+    const QHash<QString, QPointer<IAction>> &actions = s_instance->d->actions;
+    proxies.reserve(actions.size());
+    for (const QPointer<IAction> &proxy : actions) {
+        if (proxy)
+            proxies.append(proxy);
+    }
+    return proxies;
 }
 
 QAction *ActionManager::separator(const QString &id)

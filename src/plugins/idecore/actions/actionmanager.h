@@ -6,6 +6,7 @@
 
 #include <idecore/idecore_export.h>
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -57,6 +58,8 @@ public:
     static void unregisterAction(const QString &id, const QString &context = QString());
     /// The proxy of command @p id, or null.
     [[nodiscard]] static IAction *action(const QString &id);
+    /// The proxies of all commands, in no particular order.
+    [[nodiscard]] static QList<IAction *> actions();
 
     /// The separator of that id, made on the first request and owned by the
     /// registry. One separator may stand in several menus and tool bars.
@@ -83,6 +86,12 @@ public:
 
     /// Binds every proxy to the action of the first of @p contexts that has one.
     static void setCurrentContexts(const QStringList &contexts);
+
+Q_SIGNALS:
+    /// @p proxy stands for a command that was not known before; it has its first
+    /// action, and its author may still change it. Further actions for the
+    /// command are not told of.
+    void actionRegistered(Core::IAction *proxy);
 
 private Q_SLOTS:
     void onContainerDestory();

@@ -3,6 +3,9 @@
 
 #include <texteditor/engine/viewkeys_p.h>
 
+#include <idecore/actions/actionmanager.h>
+#include <idecore/actions/iaction.h>
+
 #include <KTextEditor/View>
 
 #include <KActionCollection>
@@ -32,6 +35,21 @@ QSet<int> standardKeys()
     for (const QKeySequence::StandardKey key : standard)
         keys.insert(QKeySequence(key)[0]);
     return keys;
+}
+
+/// True when a command of the registry has a key that is @p key or begins with it.
+/// It is the registry's also while the command is disabled.
+bool isCommandKey(int key)
+{
+    const QList<Core::IAction *> commands = Core::ActionManager::actions();
+    for (const Core::IAction *command : commands) {
+        const QList<QKeySequence> shortcuts = command->shortcuts();
+        for (const QKeySequence &shortcut : shortcuts) {
+            if (shortcut[0] == key)
+                return true;
+        }
+    }
+    return false;
 }
 
 /// Actions that would go past the editor: they load and save behind its back,
@@ -115,7 +133,8 @@ QAction *ViewKeys::actionFor(const QKeyEvent *event) const
         event->key() < Qt::Key_Escape && !(event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z);
     if (found == keys.constEnd() && sign)
         found = keys.constFind(event->key() | (modifiers & ~int(Qt::SHIFT)));
-    if (found == keys.constEnd())
+    // The user may have given any key to a command.
+    if (found == keys.constEnd() || isCommandKey(found.key()))
         return nullptr;
     return m_view->actionCollection()->action(*found);
 }

@@ -21,7 +21,8 @@ namespace TextEditor {
 /// A shortcut there would be ambiguous with one of the registry, and every view
 /// would add a hundred of them to a table that all of them search. Here a key
 /// reaches the view's action only when nothing else in the program wanted it.
-/// The keys of the standard commands and what those commands replace have none.
+/// The keys that commands have, and what the standard ones replace, are not
+/// served.
 class ViewKeys final : public QObject
 {
     Q_OBJECT

@@ -66,6 +66,11 @@ private Q_SLOTS:
     void unknownIdsGiveNull();
     void contextsReachEveryProxy();
     void destroyedProxyIsForgotten();
+    void allProxiesAreListed();
+    void destroyedProxyIsNotListed();
+    void firstRegistrationIsToldOf();
+    void furtherRegistrationIsNotToldOf();
+    void proxyMayBeDestroyedWhenItIsToldOf();
 
     void containerIsMadeOnce_data() { kinds(); }
     void containerIsMadeOnce();
@@ -329,6 +334,67 @@ void TestActionManager::destroyedProxyIsForgotten()
     ActionManager::setCurrentContexts({Global});
 
     QVERIFY(proxy->isEnabled());
+}
+
+void TestActionManager::allProxiesAreListed()
+{
+    const QList<IAction *> before = ActionManager::actions();
+    IAction *const one = ActionManager::registerAction(new QAction, Command);
+    IAction *const other = ActionManager::registerAction(new QAction, QStringLiteral("Test.Other"));
+
+    const QList<IAction *> listed = ActionManager::actions();
+
+    QCOMPARE(listed.size(), before.size() + 2);
+    QVERIFY(listed.contains(one));
+    QVERIFY(listed.contains(other));
+    QVERIFY(listed.contains(ActionManager::action(QLatin1String(Constants::A_FILE_SAVE))));
+}
+
+void TestActionManager::destroyedProxyIsNotListed()
+{
+    const QList<IAction *> before = ActionManager::actions();
+    delete ActionManager::registerAction(new QAction, Command);
+
+    QCOMPARE(ActionManager::actions().size(), before.size());
+    QVERIFY(!ActionManager::actions().contains(nullptr));
+}
+
+void TestActionManager::firstRegistrationIsToldOf()
+{
+    IAction *told = nullptr;
+    QKeySequence key;
+    connect(ActionManager::instance(), &ActionManager::actionRegistered, this,
+            [&told, &key](IAction *proxy) {
+                told = proxy;
+                key = proxy->shortcut();
+            });
+    auto *action = new QAction;
+    action->setShortcut(QKeySequence(Qt::Key_F9));
+
+    IAction *const proxy = ActionManager::registerAction(action, Command);
+
+    QVERIFY(proxy);
+    QCOMPARE(told, proxy);
+    QCOMPARE(key, QKeySequence(Qt::Key_F9));
+}
+
+void TestActionManager::furtherRegistrationIsNotToldOf()
+{
+    ActionManager::registerAction(new QAction, Command);
+    const QSignalSpy told(ActionManager::instance(), &ActionManager::actionRegistered);
+
+    ActionManager::registerAction(new QAction, Command, QStringLiteral("Test.Context"));
+
+    QCOMPARE(told.count(), 0);
+}
+
+void TestActionManager::proxyMayBeDestroyedWhenItIsToldOf()
+{
+    connect(ActionManager::instance(), &ActionManager::actionRegistered, this,
+            [](IAction *proxy) { delete proxy; });
+
+    QVERIFY(!ActionManager::registerAction(new QAction, Command));
+    QVERIFY(!ActionManager::action(Command));
 }
 
 void TestActionManager::containerIsMadeOnce()
