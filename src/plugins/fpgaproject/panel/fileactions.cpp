@@ -6,6 +6,7 @@
 #include <fpgaproject/fpgaprojectconstants.h>
 #include <fpgaproject/hdl/modulescanner_p.h>
 #include <fpgaproject/panel/droppedfiles_p.h>
+#include <fpgaproject/panel/fileopening_p.h>
 #include <fpgaproject/panel/filetreemodel_p.h>
 #include <fpgaproject/panel/filetreeview_p.h>
 #include <fpgaproject/project/fpgaproject.h>
@@ -13,7 +14,6 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/constants.h>
 #include <idecore/core/idecore.h>
-#include <idecore/editors/editormanager.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/newdialog/thenewdialog.h>
 #include <idecore/views/viewmanager.h>
@@ -187,29 +187,25 @@ void FileActions::fillOpenWith(QMenu *menu) const
     QAction *const here = menu->addAction(QApplication::applicationDisplayName().isEmpty()
                                               ? tr("This Program")
                                               : QApplication::applicationDisplayName());
-    connect(here, &QAction::triggered, m_view, [files] {
-        for (const QString &file : files)
-            Core::EditorManager::openEditor(file);
-    });
+    connect(here, &QAction::triggered, m_view, [files] { openFilesInside(files); });
     QAction *const system = menu->addAction(tr("System Default Program"));
     connect(system, &QAction::triggered, m_view, [files] {
         for (const QString &file : files)
             QDesktopServices::openUrl(QUrl::fromLocalFile(file));
     });
+    addExternalEditors(menu, files);
 }
 
 void FileActions::open(const QModelIndex &file)
 {
     const QString path = file.data(FileTreeModel::FilePathRole).toString();
     if (!path.isEmpty())
-        Core::EditorManager::openEditor(path);
+        openFiles({path});
 }
 
 void FileActions::openSelected()
 {
-    const QStringList files = selectedFiles();
-    for (const QString &file : files)
-        Core::EditorManager::openEditor(file);
+    openFiles(selectedFiles());
 }
 
 void FileActions::addExisting()
