@@ -10,7 +10,6 @@
 #include <utils/fileutils.h>
 
 #include <QFileInfo>
-#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -102,11 +101,9 @@ void ExternalEditorDialog::browse()
     const QString program = ui->editPath->text();
     const QString folder =
         program.isEmpty() ? QStringLiteral("/usr/bin") : QFileInfo(program).absolutePath();
-    // The dialog may be destroyed while the chooser is open.
-    const QPointer<ExternalEditorDialog> self(this);
     const QString chosen = Utils::FileUtils::getOpenFileName(this, QStringLiteral("ExternalEditor"),
                                                              tr("Select Executable File"), folder);
-    if (self && !chosen.isEmpty())
+    if (!chosen.isEmpty())
         ui->editPath->setText(chosen);
 }
 
