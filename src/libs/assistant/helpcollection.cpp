@@ -32,8 +32,9 @@ bool refresh(const QFileInfo &source, const QString &stamp, const QString &targe
     QSaveFile to(target);
     if (!to.open(QIODevice::WriteOnly))
         return false;
-    to.write(from.readAll());
-    if (!to.commit())
+    const QByteArray contents = from.readAll();
+    // commit() passes over what fails while it empties the buffer.
+    if (to.write(contents) != contents.size() || !to.flush() || !to.commit())
         return false;
     // Without the mark the file is only copied again next time.
     QSaveFile newMark(stamp);

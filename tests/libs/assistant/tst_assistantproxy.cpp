@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/fulldisk.h"
 #include "support/modaldialog.h"
 #include "support/testhome.h"
 
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void collectionIsCopiedForTheUser();
     void newerCollectionIsCopiedAgain();
     void collectionIsUsedInPlaceWhenItCannotBeCopied();
+    void fullDiskLeavesNoHalfCollection();
 
 private:
     [[nodiscard]] QStringList log() const;
@@ -372,6 +374,20 @@ void TestAssistantProxy::collectionIsUsedInPlaceWhenItCannotBeCopied()
     QTRY_COMPARE(log().value(0), QStringLiteral("start -collectionFile %1 -enableRemoteControl")
                                      .arg(m_dir->filePath(QStringLiteral("help/kelmo.qhc"))));
     QVERIFY(inTheWay.remove());
+}
+
+void TestAssistantProxy::fullDiskLeavesNoHalfCollection()
+{
+    writeCollection(QByteArray(5000, 'x'));
+    {
+        const FullDisk full(2000);
+
+        m_proxy->startAssistant();
+
+        QTRY_COMPARE(log().value(0), QStringLiteral("start -collectionFile %1 -enableRemoteControl")
+                                         .arg(m_dir->filePath(QStringLiteral("help/kelmo.qhc"))));
+    }
+    QVERIFY(!QFile::exists(userFolder() + QStringLiteral("/help/kelmo.qch")));
 }
 
 QTEST_MAIN(TestAssistantProxy)

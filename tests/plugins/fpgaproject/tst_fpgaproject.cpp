@@ -4,6 +4,7 @@
 #include "projectfolder.h"
 
 #include "support/corefixture.h"
+#include "support/fulldisk.h"
 #include "support/modaldialog.h"
 #include "support/testeditor.h"
 
@@ -17,8 +18,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,30 +30,6 @@ QString named(const char *text)
 {
     return QString::fromUtf8(text);
 }
-
-/// Lets no file grow beyond a few bytes while it lives, as a full disk would.
-class FullDisk final
-{
-public:
-    FullDisk()
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit small = m_before;
-        small.rlim_cur = 8;
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY(FullDisk)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
-};
 
 /// Takes the right to write into a folder away, also from the administrator, whom
 /// rights do not bind, while it lives.
@@ -342,7 +317,7 @@ void TestFpgaProject::aChangeThatCannotBeWrittenIsNotMade()
     ModalDialog box(ModalDialog::press(QMessageBox::Ok));
     bool done = true;
     if (fullDisk) {
-        const FullDisk full;
+        const FullDisk full(8);
         done = project.setEnabled({named("a.v")}, false);
     } else {
         const ReadOnlyFolder locked(folder.path());

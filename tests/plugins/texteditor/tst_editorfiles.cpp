@@ -3,6 +3,8 @@
 
 #include "texteditorfixture.h"
 
+#include "support/fulldisk.h"
+
 #include <texteditor/abstracttexteditor.h>
 
 #include <QAction>
@@ -14,9 +16,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <csignal>
-
-#include <sys/resource.h>
+#include <optional>
 
 using TextEditor::AbstractTextEditor;
 using TextEditor::Command;
@@ -276,18 +276,12 @@ void TestEditorFiles::failedSaveKeepsFileAndText()
     QVERIFY(editor);
     TextEditorFixture::type(editor, QStringLiteral("X"));
     QSignalSpy saved(editor, &Core::IEditor::saved);
-    // Fails a write midway as a full disk does.
-    std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit old;
-    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &old), 0);
-    struct rlimit limit = old;
-    limit.rlim_cur = 100000;
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::optional<FullDisk> full(100000);
     QString reason;
 
     const bool done = editor->save(&reason);
 
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &old), 0);
+    full.reset();
     QVERIFY(!done);
     QCOMPARE(reason, QStringLiteral("File too large"));
     QVERIFY(editor->isModified());

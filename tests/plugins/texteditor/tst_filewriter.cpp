@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/fulldisk.h"
+
 #include <texteditor/engine/filewriter_p.h>
 
 #include <QDir>
@@ -9,9 +11,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
+#include <optional>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -90,18 +91,12 @@ void TestFileWriter::oldFileIsReplaced()
 void TestFileWriter::fullDiskLeavesTheOldFileWhole()
 {
     put(path("old.v"), "old");
-    // A limit on the size of files fails a write as a full disk does, midway.
-    std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit before;
-    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    struct rlimit limit = before;
-    limit.rlim_cur = 100000;
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::optional<FullDisk> full(100000);
     QString reason;
 
     const bool written = FileWriter::write(path("old.v"), QByteArray(1000000, 'x'), &reason);
 
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    full.reset();
     QVERIFY(!written);
     QCOMPARE(reason, QStringLiteral("File too large"));
     QCOMPARE(contents(path("old.v")), QByteArray("old"));

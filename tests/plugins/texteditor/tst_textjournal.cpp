@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
+#include "support/fulldisk.h"
+
 #include <texteditor/engine/kepttext_p.h>
 #include <texteditor/engine/textjournal_p.h>
 
@@ -11,9 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
-
-#include <sys/resource.h>
+#include <optional>
 
 using TextEditor::KeptText;
 using TextEditor::LineEndings;
@@ -353,17 +353,12 @@ void TestTextJournal::fullDiskIsToldAndLeavesNoHalfJournal()
 {
     TextJournal journal(folder());
     QVERIFY(begin(&journal, {QStringLiteral("a")}));
-    std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit before;
-    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    struct rlimit limit = before;
-    limit.rlim_cur = 1000;
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::optional<FullDisk> full(1000);
 
     journal.insert(0, 0, QString(100000, QLatin1Char('x')));
     const bool flushed = journal.flush();
 
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    full.reset();
     QVERIFY(!flushed);
     QCOMPARE(journal.errorString(), QStringLiteral("File too large"));
     QVERIFY(!journal.isActive());

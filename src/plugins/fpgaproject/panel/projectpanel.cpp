@@ -22,32 +22,13 @@ namespace Fpga {
 ProjectPanel::ProjectPanel(QWidget *parent)
     : IPanel(parent)
     , m_model(new FileTreeModel(this))
-    , m_view(new FileTreeView(this))
-    , m_header(new ProjectHeader(this))
     , m_pages(new QStackedLayout(this))
     , m_watcher(new FolderWatcher(this))
 {
     setWindowTitle(tr("Project"));
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
-    m_view->setObjectName(QStringLiteral("fileTree"));
-    m_view->setAccessibleName(tr("Files of the project"));
-    m_view->setModel(m_model);
-    m_actions = new FileActions(m_view, m_model);
-
-    auto *const page = new QWidget(this);
-    auto *const layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_header);
-    auto *const line = new QFrame(page);
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Sunken);
-    layout->addWidget(line);
-    layout->addWidget(m_view);
     m_pages->addWidget(createEmptyPage());
-    m_pages->addWidget(page);
-    setFocusProxy(m_view);
     connect(m_watcher, &FolderWatcher::fileTouched, this, &ProjectPanel::onFileTouched);
     Core::ViewManager::registerContext(this, QLatin1String(Constants::C_PROJECTPANEL));
 }
@@ -89,6 +70,30 @@ QWidget *ProjectPanel::createEmptyPage()
     return label;
 }
 
+void ProjectPanel::createProjectPage()
+{
+    auto *const page = new QWidget(this);
+    m_header = new ProjectHeader(page);
+    m_view = new FileTreeView(page);
+    m_view->setObjectName(QStringLiteral("fileTree"));
+    m_view->setAccessibleName(tr("Files of the project"));
+    m_view->setModel(m_model);
+    // Belongs to the view.
+    new FileActions(m_view, m_model);
+
+    auto *const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_header);
+    auto *const line = new QFrame(page);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    layout->addWidget(line);
+    layout->addWidget(m_view);
+    m_pages->addWidget(page);
+    setFocusProxy(m_view);
+}
+
 void ProjectPanel::setProject(Core::IProject *project)
 {
     if (m_project)
@@ -96,6 +101,8 @@ void ProjectPanel::setProject(Core::IProject *project)
     m_project = qobject_cast<FpgaProject *>(project);
     m_model->setProject(m_project);
     if (m_project) {
+        if (!m_view)
+            createProjectPage();
         connect(m_project, &FpgaProject::settingsChanged, this, &ProjectPanel::updateHeader);
         updateHeader();
         m_view->setCurrentIndex(m_model->index(0, 0));

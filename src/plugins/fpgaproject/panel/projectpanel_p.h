@@ -17,7 +17,6 @@ class IProject;
 
 namespace Fpga {
 
-class FileActions;
 class FileTreeModel;
 class FileTreeView;
 class FolderWatcher;
@@ -44,12 +43,14 @@ private:
     void updateHeader();
     void onFileTouched(const QString &folder, const QString &name);
     QWidget *createEmptyPage();
+    void createProjectPage();
 
     QPointer<FpgaProject> m_project;
     FileTreeModel *const m_model;
-    FileTreeView *const m_view;
-    FileActions *m_actions = nullptr;
-    ProjectHeader *const m_header;
+    /// Null until the first project is open, so that a start without one does not
+    /// wait for them.
+    FileTreeView *m_view = nullptr;
+    ProjectHeader *m_header = nullptr;
     QStackedLayout *const m_pages;
     /// Of the project file, which others may write, too.
     FolderWatcher *const m_watcher;
