@@ -60,7 +60,7 @@ FileActions::FileActions(FileTreeView *view, FileTreeModel *model)
                                         QLatin1String(Constants::C_PROJECTPANEL));
 
     connect(view, &FileTreeView::menuRequested, this, &FileActions::showMenu);
-    connect(view, &FileTreeView::fileActivated, this, &FileActions::open);
+    connect(view, &FileTreeView::filesActivated, this, &FileActions::open);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &FileActions::update);
     connect(model, &QAbstractItemModel::dataChanged, this, &FileActions::update);
@@ -105,8 +105,12 @@ QStringList FileActions::selected() const
 
 QStringList FileActions::selectedFiles() const
 {
+    return absolute(selected());
+}
+
+QStringList FileActions::absolute(const QStringList &paths) const
+{
     QStringList files;
-    const QStringList paths = selected();
     for (const QString &path : paths)
         files.append(project()->absolutePath(path));
     return files;
@@ -196,16 +200,14 @@ void FileActions::fillOpenWith(QMenu *menu) const
     addExternalEditors(menu, files);
 }
 
-void FileActions::open(const QModelIndex &file)
+void FileActions::open(const QStringList &paths)
 {
-    const QString path = file.data(FileTreeModel::FilePathRole).toString();
-    if (!path.isEmpty())
-        openFiles({path});
+    openFiles(absolute(paths));
 }
 
 void FileActions::openSelected()
 {
-    openFiles(selectedFiles());
+    open(selected());
 }
 
 void FileActions::addExisting()

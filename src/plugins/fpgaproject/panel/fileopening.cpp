@@ -5,9 +5,11 @@
 
 #include <fpgaproject/file/filekind.h>
 #include <fpgaproject/project/messages_p.h>
+#include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/externaleditors/externaleditormanager.h>
 #include <idecore/interfaces/ieditor.h>
+#include <idecore/mimedatabase/mimedatabase.h>
 
 #include <QAction>
 #include <QCoreApplication>
@@ -34,12 +36,14 @@ struct FileOpening final
     Q_DECLARE_TR_FUNCTIONS(Fpga::FileOpening)
 };
 
-/// Whether a text editor is for @p file. One that is missing is for nobody: the
-/// program itself says so, an external editor would make a new one.
+/// Whether a text editor is for @p file; binary files are of no known type. One that
+/// is missing is for nobody: this program says so, another would make it.
 bool isText(const QString &file)
 {
-    return QFileInfo(file).isFile()
-           && (fileKindOf(file) != FileKind::Other || EditorManager::factoryForFile(file));
+    const QFileInfo info(file);
+    return info.isFile()
+           && (fileKindOf(file) != FileKind::Other
+               || !Core::IdeCore::mimeDatabase()->findByFile(info).isNull());
 }
 
 /// The line at which @p file stands inside, else the first.
