@@ -23,6 +23,9 @@ ExternalEditorTable::ExternalEditorTable(QWidget *parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     setSelectionBehavior(QAbstractItemView::SelectRows);
+    // A long path keeps its end, which is the program.
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle);
     // The Tab key goes on to the buttons.
     setTabKeyNavigation(false);
     setModel(m_model);

@@ -11,7 +11,7 @@ namespace Core {
 namespace {
 
 /// More than a person has editors.
-constexpr int AT_ONCE = 50;
+constexpr int AT_ONCE = 32;
 /// Longer than from one step of the wheel to the next.
 constexpr int PAUSE_MS = 150;
 /// A part of a frame.
