@@ -7,6 +7,7 @@
 #include <fpgaproject/fpgaprojectconstants.h>
 #include <fpgaproject/hdl/modulescanner_p.h>
 #include <fpgaproject/panel/droppedfiles_p.h>
+#include <fpgaproject/panel/fileopening_p.h>
 #include <fpgaproject/panel/filetreemodel_p.h>
 #include <fpgaproject/panel/filetreeview_p.h>
 #include <fpgaproject/project/fpgaproject.h>
@@ -16,7 +17,6 @@
 #include <idecore/core/constants.h>
 #include <idecore/core/idecore.h>
 #include <idecore/core/ideicon.h>
-#include <idecore/editors/editormanager.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/newdialog/thenewdialog.h>
 #include <idecore/views/viewmanager.h>
@@ -64,7 +64,7 @@ FileActions::FileActions(FileTreeView *view, FileTreeModel *model)
                                         QLatin1String(Constants::C_PROJECTPANEL));
 
     connect(view, &FileTreeView::menuRequested, this, &FileActions::showMenu);
-    connect(view, &FileTreeView::fileActivated, this, &FileActions::open);
+    connect(view, &FileTreeView::filesActivated, this, &FileActions::open);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &FileActions::update);
     connect(model, &QAbstractItemModel::dataChanged, this, &FileActions::update);
@@ -109,8 +109,12 @@ QStringList FileActions::selected() const
 
 QStringList FileActions::selectedFiles() const
 {
+    return absolute(selected());
+}
+
+QStringList FileActions::absolute(const QStringList &paths) const
+{
     QStringList files;
-    const QStringList paths = selected();
     for (const QString &path : paths)
         files.append(project()->absolutePath(path));
     return files;
@@ -194,29 +198,23 @@ void FileActions::fillOpenWith(QMenu *menu) const
     QAction *const here = menu->addAction(QApplication::applicationDisplayName().isEmpty()
                                               ? tr("This Program")
                                               : QApplication::applicationDisplayName());
-    connect(here, &QAction::triggered, m_view, [files] {
-        for (const QString &file : files)
-            Core::EditorManager::openEditor(file);
-    });
+    connect(here, &QAction::triggered, m_view, [files] { openFilesInside(files); });
     QAction *const system = menu->addAction(tr("System Default Program"));
     connect(system, &QAction::triggered, m_view, [files] {
         for (const QString &file : files)
             QDesktopServices::openUrl(QUrl::fromLocalFile(file));
     });
+    addExternalEditors(menu, files);
 }
 
-void FileActions::open(const QModelIndex &file)
+void FileActions::open(const QStringList &paths)
 {
-    const QString path = file.data(FileTreeModel::FilePathRole).toString();
-    if (!path.isEmpty())
-        Core::EditorManager::openEditor(path);
+    openFiles(absolute(paths));
 }
 
 void FileActions::openSelected()
 {
-    const QStringList files = selectedFiles();
-    for (const QString &file : files)
-        Core::EditorManager::openEditor(file);
+    open(selected());
 }
 
 void FileActions::addExisting()

@@ -4,7 +4,6 @@
 #ifndef FPGAPROJECT_PANEL_FILEACTIONS_P_H
 #define FPGAPROJECT_PANEL_FILEACTIONS_P_H
 
-#include <QModelIndex>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -26,7 +25,8 @@ public:
     FileActions(FileTreeView *view, FileTreeModel *model);
     ~FileActions() override;
 
-    void open(const QModelIndex &file);
+    /// Opens files, given by their paths in the project.
+    void open(const QStringList &paths);
     void addFiles(const QStringList &files);
     void showMenu(const QPoint &place);
     /// The menu as it fits the selection; the caller owns it.
@@ -53,6 +53,7 @@ private:
     [[nodiscard]] FpgaProject *project() const;
     [[nodiscard]] QStringList selected() const;
     [[nodiscard]] QStringList selectedFiles() const;
+    [[nodiscard]] QStringList absolute(const QStringList &paths) const;
     [[nodiscard]] bool anyEnabled() const;
 
     FileTreeView *const m_view;

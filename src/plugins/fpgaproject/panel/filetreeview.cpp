@@ -13,6 +13,16 @@
 
 namespace Fpga {
 
+namespace {
+
+/// The path in the project; empty for a kind.
+QString pathOf(const QModelIndex &index)
+{
+    return index.data(FileTreeModel::PathRole).toString();
+}
+
+} // namespace
+
 FileTreeView::FileTreeView(QWidget *parent)
     : QTreeView(parent)
 {
@@ -50,7 +60,7 @@ QStringList FileTreeView::selectedPaths() const
     });
     QStringList paths;
     for (const QModelIndex &index : qAsConst(indexes)) {
-        const QString path = index.data(FileTreeModel::PathRole).toString();
+        const QString path = pathOf(index);
         if (!path.isEmpty())
             paths.append(path);
     }
@@ -82,24 +92,14 @@ void FileTreeView::keyPressEvent(QKeyEvent *event)
         setExpanded(current, !isExpanded(current));
         return;
     }
-    const QModelIndexList selected = selectionModel()->selectedIndexes();
-    QList<QPersistentModelIndex> files;
-    for (const QModelIndex &index : selected) {
-        if (index.parent().isValid())
-            files.append(index);
-    }
-    if (files.isEmpty())
-        files.append(current);
-    for (const QPersistentModelIndex &file : qAsConst(files)) {
-        if (file.isValid())
-            Q_EMIT fileActivated(file);
-    }
+    const QStringList paths = selectedPaths();
+    Q_EMIT filesActivated(paths.isEmpty() ? QStringList(pathOf(current)) : paths);
 }
 
 void FileTreeView::onDoubleClicked(const QModelIndex &index)
 {
     if (index.parent().isValid())
-        Q_EMIT fileActivated(index);
+        Q_EMIT filesActivated({pathOf(index)});
     else
         setExpanded(index, !isExpanded(index));
 }

@@ -24,8 +24,8 @@ public:
 Q_SIGNALS:
     /// The user asked for the menu of the selection at the point @p place.
     void menuRequested(const QPoint &place);
-    /// The user opened the file by mouse or key.
-    void fileActivated(const QModelIndex &index);
+    /// The user opened files, given by their paths in the project, by mouse or key.
+    void filesActivated(const QStringList &paths);
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;

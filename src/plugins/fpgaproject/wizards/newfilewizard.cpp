@@ -4,8 +4,8 @@
 #include <fpgaproject/wizards/newfilewizard_p.h>
 
 #include <fpgaproject/panel/fileicons_p.h>
+#include <fpgaproject/panel/fileopening_p.h>
 #include <fpgaproject/wizards/newfiledialog_p.h>
-#include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/iproject.h>
 #include <idecore/projects/projectmanager.h>
 
@@ -72,7 +72,7 @@ void NewFileWizard::runWizard(QWidget *parent, const QString &directory)
     // Whatever project is open by now.
     if (Core::IProject *const project = Core::ProjectManager::currentProject())
         project->addFiles({path});
-    Core::EditorManager::openEditor(path);
+    openFiles({path});
 }
 
 } // namespace Fpga

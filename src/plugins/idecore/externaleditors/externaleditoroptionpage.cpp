@@ -3,22 +3,91 @@
 
 #include <idecore/externaleditors/externaleditoroptionpage.h>
 
+#include "ui_externaleditoroptionpage.h"
+
+#include <idecore/externaleditors/externaleditormanager.h>
+#include <idecore/externaleditors/externaleditormodel_p.h>
+
+#include <QItemSelectionModel>
+
 namespace Core {
 
 ExternalEditorOptionPage::ExternalEditorOptionPage(QObject *parent)
     : IOptionsPage(parent)
 {
+    setId(QStringLiteral("BA.ExtEditor"));
+    setCategoryId(QStringLiteral("BA.ExtEditor"));
+    setDisplayName(tr("External Editor"));
+    setDisplayCategory(tr("External Editor"));
+    setCategoryIcon(QStringLiteral(":/core/image/exteditor.png"));
 }
 
-ExternalEditorOptionPage::~ExternalEditorOptionPage() = default;
+ExternalEditorOptionPage::~ExternalEditorOptionPage()
+{
+    ExternalEditorOptionPage::finish();
+}
 
 QWidget *ExternalEditorOptionPage::widget()
 {
-    return nullptr;
+    if (!m_widget) {
+        m_widget = new QWidget;
+        ui = std::make_unique<Ui_ExternalEditorOptionPage>();
+        ui->setupUi(m_widget);
+        initUi();
+    }
+    return m_widget;
 }
 
-void ExternalEditorOptionPage::apply() {}
+void ExternalEditorOptionPage::initUi()
+{
+    ui->btnRemove->setEnabled(false);
+    ui->btnDefault->setEnabled(false);
+    ui->useExtEditorCheckBox->setChecked(ExternalEditorManager::isUseExtEditor());
+    connect(ui->btnAdd, &QPushButton::clicked, ui->tableView, &ExternalEditorTable::addEditor);
+    connect(ui->btnRemove, &QPushButton::clicked, ui->tableView,
+            &ExternalEditorTable::removeEditor);
+    connect(ui->tableView, &ExternalEditorTable::dataSelected, this,
+            &ExternalEditorOptionPage::setDataRemovable);
+    connect(ui->tableView, &ExternalEditorTable::dataSelected, this,
+            &ExternalEditorOptionPage::updateMakeDefaultBtn);
+    connect(ui->btnDefault, &QPushButton::clicked, ui->tableView,
+            &ExternalEditorTable::makeDefaultEditor);
+}
 
-void ExternalEditorOptionPage::finish() {}
+void ExternalEditorOptionPage::setDataRemovable(bool on)
+{
+    ui->btnRemove->setEnabled(on);
+}
+
+void ExternalEditorOptionPage::updateMakeDefaultBtn(bool selected)
+{
+    if (!selected || ui->tableView->selectionModel()->selectedRows().size() != 1) {
+        ui->btnDefault->setEnabled(false);
+        return;
+    }
+    const QModelIndex current = ui->tableView->currentIndex();
+    if (current.isValid())
+        ui->btnDefault->setEnabled(!ui->tableView->editorModel()->isDefault(current.row()));
+}
+
+void ExternalEditorOptionPage::apply()
+{
+    // Another owner may have destroyed the widget, and the form's parts with it.
+    if (m_widget)
+        applySetting();
+}
+
+void ExternalEditorOptionPage::applySetting()
+{
+    ui->tableView->applyData();
+    ExternalEditorManager::setUseExtEdtior(ui->useExtEditorCheckBox->isChecked());
+    ExternalEditorManager::saveEditors();
+}
+
+void ExternalEditorOptionPage::finish()
+{
+    delete m_widget; // wherever the dialog has put it
+    ui.reset();
+}
 
 } // namespace Core

@@ -6,9 +6,16 @@
 
 #include <idecore/interfaces/ioptionspage.h>
 
+#include <QPointer>
+
+#include <memory>
+
 namespace Core {
 
-/// The page of the external editors; shows nothing yet.
+class Ui_ExternalEditorOptionPage;
+
+/// The page of the external editors. It edits a copy of the registry's, taken when
+/// its widget is made; apply() hands the copy back and saves it.
 class IDECORE_EXPORT ExternalEditorOptionPage final : public IOptionsPage
 {
     Q_OBJECT
@@ -17,9 +24,20 @@ public:
     explicit ExternalEditorOptionPage(QObject *parent = nullptr);
     ~ExternalEditorOptionPage() override;
 
-    QWidget *widget() override;
+    [[nodiscard]] QWidget *widget() override;
     void apply() override;
     void finish() override;
+
+public Q_SLOTS:
+    void setDataRemovable(bool on);
+    void updateMakeDefaultBtn(bool selected);
+
+private:
+    void initUi();
+    void applySetting();
+
+    QPointer<QWidget> m_widget;
+    std::unique_ptr<Ui_ExternalEditorOptionPage> ui;
 };
 
 } // namespace Core

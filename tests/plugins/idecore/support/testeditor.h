@@ -28,6 +28,8 @@ public:
     bool failOpen = false;
     bool failSave = false;
     QString errorText;
+    /// Where its cursor stands.
+    int line = 1;
     /// Run at the start of open() and setReadOnly().
     std::function<void()> whileOpening;
     std::function<void()> whileSettingReadOnly;
@@ -52,7 +54,7 @@ public:
     /// Emits modificationStateChanged() also when nothing changes.
     void setModified(bool modified);
 
-    [[nodiscard]] int currentLine() const override { return 1; }
+    [[nodiscard]] int currentLine() const override { return line; }
     void setReadOnly(bool readOnly) override;
     bool open(const QString &fileName, QString *errorString) override;
     [[nodiscard]] QString fileName() const override;
