@@ -5,13 +5,14 @@
 #define FPGAPROJECT_PANEL_FILEICONS_P_H
 
 #include <fpgaproject/file/filekind.h>
+#include <fpgaproject/fpgaproject_export.h>
 
 class QIcon;
 
 namespace Fpga {
 
 /// The sheet of the workbench with the sign of the kind on it.
-QIcon fileIcon(FileKind kind);
+FPGAPROJECT_EXPORT QIcon fileIcon(FileKind kind);
 
 } // namespace Fpga
 
