@@ -11,6 +11,7 @@
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
 #include <idecore/newdialog/thenewdialog.h>
+#include <idecore/options/optiondialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
@@ -206,7 +207,10 @@ void IdeMainWindow::onNewFiles()
     TheNewDialog::showAllWizards();
 }
 
-void IdeMainWindow::onShowOptionDialog() {}
+void IdeMainWindow::onShowOptionDialog()
+{
+    OptionDialog::getOptionDialog(ViewManager::dialogParent(), QString(), QString())->execDialog();
+}
 
 void IdeMainWindow::onAboutIde() {}
 
