@@ -285,10 +285,17 @@ void OptionDialogPrivate::updateTabOrder()
                   const bool mirrored = one->layoutDirection() == Qt::RightToLeft;
                   return mirrored ? one->x() > other->x() : one->x() < other->x();
               });
+    // What cannot have the focus cannot be followed by anything either.
     QWidget *last = q->previousInFocusChain();
+    while (last != q
+           && (last->focusPolicy() == Qt::NoFocus
+               || buttons.contains(qobject_cast<QAbstractButton *>(last)))) {
+        last = last->previousInFocusChain();
+    }
+    if (last == q)
+        return;
     for (QAbstractButton *button : qAsConst(buttons)) {
-        if (last != button)
-            QWidget::setTabOrder(last, button);
+        QWidget::setTabOrder(last, button);
         last = button;
     }
 }
