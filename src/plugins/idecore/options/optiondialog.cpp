@@ -189,10 +189,16 @@ void OptionDialog::done(int r)
     QDialog::done(r);
 }
 
-void OptionDialog::showEvent(QShowEvent *event)
+bool OptionDialog::focusNextPrevChild(bool next)
 {
-    QDialog::showEvent(event);
-    d->updateTabOrder();
+    const QList<QWidget *> widgets = d->widgetsInTabOrder();
+    if (widgets.isEmpty())
+        return false;
+    const int count = widgets.size();
+    const int now = widgets.indexOf(focusWidget());
+    const int then = now < 0 ? (next ? 0 : count - 1) : (now + (next ? 1 : count - 1)) % count;
+    widgets.at(then)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 } // namespace Core

@@ -61,7 +61,7 @@ public Q_SLOTS:
     void done(int r) override;
 
 protected:
-    void showEvent(QShowEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     const std::unique_ptr<private_impl::OptionDialogPrivate> d;

@@ -11,7 +11,6 @@
 #include <idecore/options/categorymodel_p.h>
 #include <idecore/options/optiondialog.h>
 
-#include <QAbstractButton>
 #include <QDebug>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -186,7 +185,6 @@ void OptionDialogPrivate::createTabs(Category *category)
     }
     QObject::connect(tabs, &QTabWidget::currentChanged, q, &OptionDialog::currentTabChanged);
     stackedLayout->addWidget(tabs);
-    updateTabOrder();
 }
 
 Category *OptionDialogPrivate::findCategoryById(const QString &id) const
@@ -277,27 +275,23 @@ void OptionDialogPrivate::checkStore()
                        .arg(QDir::toNativeSeparators(store->fileName())));
 }
 
-void OptionDialogPrivate::updateTabOrder()
+QList<QWidget *> OptionDialogPrivate::widgetsInTabOrder() const
 {
-    QList<QAbstractButton *> buttons = buttonBox->buttons();
-    std::sort(buttons.begin(), buttons.end(),
-              [](const QAbstractButton *one, const QAbstractButton *other) {
-                  const bool mirrored = one->layoutDirection() == Qt::RightToLeft;
-                  return mirrored ? one->x() > other->x() : one->x() < other->x();
-              });
-    // What cannot have the focus cannot be followed by anything either.
-    QWidget *last = q->previousInFocusChain();
-    while (last != q
-           && (last->focusPolicy() == Qt::NoFocus
-               || buttons.contains(qobject_cast<QAbstractButton *>(last)))) {
-        last = last->previousInFocusChain();
+    QList<QWidget *> widgets;
+    QList<QWidget *> buttons;
+    for (QWidget *widget = q->nextInFocusChain(); widget != q;
+         widget = widget->nextInFocusChain()) {
+        if (!(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy()
+            || !widget->isVisibleTo(q) || !widget->isEnabled()) {
+            continue;
+        }
+        (buttonBox->isAncestorOf(widget) ? buttons : widgets).append(widget);
     }
-    if (last == q)
-        return;
-    for (QAbstractButton *button : qAsConst(buttons)) {
-        QWidget::setTabOrder(last, button);
-        last = button;
-    }
+    std::sort(buttons.begin(), buttons.end(), [](const QWidget *one, const QWidget *other) {
+        const bool mirrored = one->layoutDirection() == Qt::RightToLeft;
+        return mirrored ? one->x() > other->x() : one->x() < other->x();
+    });
+    return widgets + buttons;
 }
 
 } // namespace private_impl

@@ -13,6 +13,7 @@ class QDialogButtonBox;
 class QEventLoop;
 class QLabel;
 class QStackedLayout;
+class QWidget;
 
 namespace Core {
 
@@ -51,8 +52,8 @@ struct OptionDialogPrivate
     void releaseWidgets();
     /// Says so when the settings cannot be written.
     void checkStore();
-    /// Lets the keyboard reach the buttons behind the pages, which came later.
-    void updateTabOrder();
+    /// What the Tab key reaches, the buttons behind the pages, which are made later.
+    [[nodiscard]] QList<QWidget *> widgetsInTabOrder() const;
 
     OptionDialog *const q;
     QLabel *headerLabel = nullptr;
