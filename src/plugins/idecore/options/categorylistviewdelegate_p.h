@@ -9,7 +9,8 @@
 namespace Core {
 namespace private_impl {
 
-/// Gives every entry room for its icon.
+/// Gives every entry room for its icon, and the icon of the selected one the colour
+/// of its text: tinted as is usual it would vanish in the highlight.
 class CategoryListViewDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -19,6 +20,9 @@ public:
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option,
                                  const QModelIndex &index) const override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };
 
 } // namespace private_impl

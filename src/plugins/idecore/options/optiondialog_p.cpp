@@ -15,8 +15,10 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
@@ -33,13 +35,11 @@ namespace {
 constexpr int ICON_SIZE = 24;
 constexpr int LARGER_BY = 2;
 
-/// Null where there is no picture, unlike an icon made from the path alone.
+/// Null where there is no file, unlike an icon made from the path alone. The picture
+/// is read when it is first painted.
 QIcon loadIcon(const QString &path)
 {
-    if (path.isEmpty())
-        return {};
-    const QIcon icon(path);
-    return icon.pixmap(ICON_SIZE).isNull() ? QIcon() : icon;
+    return QFileInfo(path).isFile() ? QIcon(path) : QIcon();
 }
 
 /// Stands for the widget of a page that has none.
@@ -81,6 +81,8 @@ OptionDialogPrivate::~OptionDialogPrivate()
 
 void OptionDialogPrivate::initCategories()
 {
+    // Categories that name one picture share it.
+    QHash<QString, QIcon> icons;
     for (IOptionsPage *page : qAsConst(pages)) {
         Category *category = findCategoryById(page->categoryId());
         if (!category) {
@@ -90,8 +92,12 @@ void OptionDialogPrivate::initCategories()
         }
         if (category->displayName.isEmpty())
             category->displayName = page->displayCategory();
-        if (category->icon.isNull())
-            category->icon = loadIcon(page->categoryIcon());
+        if (category->icon.isNull()) {
+            const QString path = page->categoryIcon();
+            if (!icons.contains(path))
+                icons.insert(path, loadIcon(path));
+            category->icon = icons.value(path);
+        }
         category->pages.append(page);
     }
 }
