@@ -54,11 +54,18 @@ QByteArray entry(const char *key)
     return "<missing>";
 }
 
+/// An entry of the view, or of the document.
 QVariant configOf(AbstractTextEditor *editor, const char *key)
 {
-    const QList<KTextEditor::View *> views = documentIn(editor)->views();
-    auto *const config = qobject_cast<KTextEditor::ConfigInterface *>(views.value(0));
-    return config ? config->configValue(QLatin1String(key)) : QVariant();
+    KTextEditor::Document *const document = documentIn(editor);
+    const QList<QObject *> places{document->views().value(0), document};
+    for (QObject *place : places) {
+        auto *const config = qobject_cast<KTextEditor::ConfigInterface *>(place);
+        const QVariant value = config ? config->configValue(QLatin1String(key)) : QVariant();
+        if (value.isValid())
+            return value;
+    }
+    return {};
 }
 
 QStringList titlesOf(const QWidget *page)
