@@ -13,7 +13,7 @@ class EditorEngine;
 
 /// Makes text editors for plain text, HDL sources and constraint files.
 ///
-/// The library with the engine is loaded by the first createEditor(). Where that
+/// The library with the engine is loaded by the first editor or settings page. Where that
 /// fails, editors are made that refuse every file with the reason, and the next
 /// createEditor() tries again.
 class TEXTEDITOR_EXPORT EditorFactory final : public Core::IEditorFactory
@@ -30,10 +30,11 @@ public:
     [[nodiscard]] QStringList mimeTypes() const override;
     [[nodiscard]] Core::IEditor *createEditor() override;
 
-private:
-    /// Null, with the reason, when the engine cannot be loaded.
-    EditorEngine *engine(QString *errorString);
+    /// What makes the editors, loaded by the first call; null, with the reason, when
+    /// it cannot be loaded.
+    [[nodiscard]] EditorEngine *engine(QString *errorString);
 
+private:
     const QString m_enginePath;
     EditorEngine *m_engine = nullptr;
 };

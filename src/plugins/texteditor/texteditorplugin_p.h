@@ -7,13 +7,16 @@
 #include <extsys/iplugin.h>
 
 #include <memory>
+#include <vector>
 
 namespace TextEditor {
 
 class EditorActions;
 class EditorFactory;
+class SettingsOptionPage;
 
-/// Offers the text editor to the core and serves the editing commands with it.
+/// Offers the text editor and its settings to the core and serves the editing
+/// commands with it.
 class TextEditorPlugin final : public ExtSys::IPlugin
 {
     Q_OBJECT
@@ -30,6 +33,7 @@ public:
 private:
     std::unique_ptr<EditorFactory> m_factory;
     std::unique_ptr<EditorActions> m_actions;
+    std::vector<std::unique_ptr<SettingsOptionPage>> m_pages;
 };
 
 } // namespace TextEditor

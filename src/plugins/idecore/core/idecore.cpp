@@ -12,7 +12,7 @@
 #include <idecore/externaleditors/externaleditormanager.h>
 #include <idecore/externaleditors/externaleditoroptionpage.h>
 #include <idecore/mimedatabase/mimedatabase.h>
-#include <idecore/options/generaloptionpage.h>
+#include <idecore/options/generaloptionpage_p.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 
@@ -126,7 +126,7 @@ void IdeCore::initialize()
     d->projectManager->initialize();
 
     auto *pool = ExtSys::PluginManager::instance();
-    d->generalOptionPage = new GeneralOptionPage;
+    d->generalOptionPage = new private_impl::GeneralOptionPage;
     d->externalEditorOptionPage = new ExternalEditorOptionPage;
     pool->addObject(d->generalOptionPage);
     pool->addObject(d->externalEditorOptionPage);

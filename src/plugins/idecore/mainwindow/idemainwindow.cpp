@@ -13,6 +13,7 @@
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
 #include <idecore/newdialog/thenewdialog.h>
+#include <idecore/options/optiondialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
@@ -208,7 +209,10 @@ void IdeMainWindow::onNewFiles()
     TheNewDialog::showAllWizards();
 }
 
-void IdeMainWindow::onShowOptionDialog() {}
+void IdeMainWindow::onShowOptionDialog()
+{
+    OptionDialog::getOptionDialog(ViewManager::dialogParent(), QString(), QString())->execDialog();
+}
 
 void IdeMainWindow::onAboutIde()
 {

@@ -7,6 +7,7 @@
 #include <idecore/core/idecore.h>
 #include <texteditor/texteditorconstants.h>
 
+#include <KConfig>
 #include <KConfigGroup>
 #include <KLocalizedString>
 #include <KSharedConfig>
@@ -48,6 +49,29 @@ QFont codeFont()
     return font;
 }
 
+/// What a user may change: set where the user has not.
+class Proposals final
+{
+public:
+    Proposals(const KConfig &own, const KConfigGroup &group)
+        : m_own(&own, group.name())
+        , m_group(group)
+    {
+    }
+
+    template<class Value>
+    void writeEntry(const char *key, const Value &value)
+    {
+        // What other programs of the user's have set does not count.
+        if (!m_own.hasKey(key))
+            m_group.writeEntry(key, value);
+    }
+
+private:
+    const KConfigGroup m_own;
+    KConfigGroup m_group;
+};
+
 void applyToDocuments(KConfigGroup group)
 {
     // What the user did not type is not written: no spaces go, no line comes.
@@ -57,13 +81,6 @@ void applyToDocuments(KConfigGroup group)
     group.writeEntry("BOM", false);
     group.writeEntry("End of Line", 0);
     group.writeEntry("Allow End of Line Detection", true);
-    group.writeEntry("Keep Extra Spaces", true);
-    group.writeEntry("Tab Width", 4);
-    group.writeEntry("Indentation Width", 4);
-    group.writeEntry("ReplaceTabsDyn", true);
-    group.writeEntry("Auto Detect Indent", true);
-    group.writeEntry("Indent On Text Paste", false);
-    group.writeEntry("Word Wrap", false);
     group.writeEntry("On-The-Fly Spellcheck", false);
     // Longer lines are broken for display, which is undone when they are written.
     group.writeEntry("Line Length Limit", 10000);
@@ -75,7 +92,26 @@ void applyToDocuments(KConfigGroup group)
     group.writeEntry("Swap File Mode", 0);
 }
 
+void proposeToDocuments(Proposals group)
+{
+    group.writeEntry("Keep Extra Spaces", true);
+    group.writeEntry("Tab Width", 4);
+    group.writeEntry("Indentation Width", 4);
+    group.writeEntry("ReplaceTabsDyn", true);
+    group.writeEntry("Auto Detect Indent", true);
+    group.writeEntry("Indent On Text Paste", false);
+    group.writeEntry("Word Wrap", false);
+}
+
 void applyToViews(KConfigGroup group)
+{
+    // Cut and Copy without a selection would take the whole line.
+    group.writeEntry("Smart Copy Cut", false);
+    group.writeEntry("Input Mode", 0);
+    group.writeEntry("Persistent Selection", false);
+}
+
+void proposeToViews(Proposals group)
 {
     group.writeEntry("Line Numbers", true);
     group.writeEntry("Folding Bar", true);
@@ -84,10 +120,6 @@ void applyToViews(KConfigGroup group)
     group.writeEntry("Scroll Bar MiniMap", false);
     group.writeEntry("Auto Brackets", false);
     group.writeEntry("Auto Completion Preselect First Entry", false);
-    // Cut and Copy without a selection would take the whole line.
-    group.writeEntry("Smart Copy Cut", false);
-    group.writeEntry("Input Mode", 0);
-    group.writeEntry("Persistent Selection", false);
 }
 
 } // namespace
@@ -107,14 +139,20 @@ void apply()
     KConfigGroup editor(config, "KTextEditor Editor");
     editor.writeEntry("Encoding Prober Type", 0);
     editor.writeEntry("Fallback Encoding", "ISO 8859-1");
-    applyToDocuments(KConfigGroup(config, "KTextEditor Document"));
-    applyToViews(KConfigGroup(config, "KTextEditor View"));
+    KConfigGroup documents(config, "KTextEditor Document");
+    KConfigGroup views(config, "KTextEditor View");
     KConfigGroup renderer(config, "KTextEditor Renderer");
+    const KConfig own(KConfig::mainConfigName(), KConfig::SimpleConfig);
+    applyToDocuments(documents);
+    proposeToDocuments({own, documents});
+    applyToViews(views);
+    proposeToViews({own, views});
     renderer.writeEntry("Auto Color Theme Selection", false);
     renderer.writeEntry("Color Theme", currentTheme());
-    renderer.writeEntry("Text Font", codeFont());
-    renderer.writeEntry("Font", codeFont());
-    renderer.writeEntry("Show Indentation Lines", false);
+    Proposals look(own, renderer);
+    look.writeEntry("Text Font", codeFont());
+    look.writeEntry("Font", codeFont());
+    look.writeEntry("Show Indentation Lines", false);
     QDir().mkpath(recoveryFolder());
     // Unsaved text is as private as the files it belongs to may be.
     QFile::setPermissions(recoveryFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

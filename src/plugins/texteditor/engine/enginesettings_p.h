@@ -10,7 +10,8 @@ namespace TextEditor {
 namespace EngineSettings {
 
 /// Sets KTextEditor up for this program, whatever other programs of the user
-/// have set for theirs. Before the first use of KTextEditor.
+/// have set for theirs; what the user has chosen in this one stays. Before the first
+/// use of KTextEditor.
 void apply();
 
 /// The name of the highlighting theme for the colour scheme in the user's

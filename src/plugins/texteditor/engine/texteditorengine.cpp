@@ -6,6 +6,7 @@
 #include <appstyle/appstylemanager.h>
 #include <texteditor/engine/engineeditor_p.h>
 #include <texteditor/engine/enginesettings_p.h>
+#include <texteditor/engine/settingspages_p.h>
 
 #include <QApplication>
 #include <QWindow>
@@ -18,16 +19,32 @@ TextEditorEngine::~TextEditorEngine() = default;
 
 AbstractTextEditor *TextEditorEngine::createEditor()
 {
-    if (!m_applied) {
-        m_applied = true;
-        EngineSettings::apply();
-    }
+    setUp();
     follow();
     updateTheme();
     auto *editor = new EngineEditor(m_theme);
     m_editors.append(editor);
     connect(editor, &QObject::destroyed, this, [this, editor] { m_editors.removeOne(editor); });
     return editor;
+}
+
+QWidget *TextEditorEngine::createSettingsPage(SettingsPage page)
+{
+    setUp();
+    return SettingsPages::create(page);
+}
+
+void TextEditorEngine::applySettingsPage(QWidget *widget)
+{
+    SettingsPages::apply(widget);
+}
+
+void TextEditorEngine::setUp()
+{
+    if (m_applied)
+        return;
+    m_applied = true;
+    EngineSettings::apply();
 }
 
 void TextEditorEngine::follow()

@@ -17,16 +17,19 @@ class EngineEditor;
 class TextEditorEngine final : public QObject, public EditorEngine
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "com.kelmoware.texteditor.EditorEngine/1.0")
+    Q_PLUGIN_METADATA(IID "com.kelmoware.texteditor.EditorEngine/1.1")
     Q_INTERFACES(TextEditor::EditorEngine)
 public:
     TextEditorEngine();
     ~TextEditorEngine() override;
 
     [[nodiscard]] AbstractTextEditor *createEditor() override;
+    [[nodiscard]] QWidget *createSettingsPage(SettingsPage page) override;
+    void applySettingsPage(QWidget *widget) override;
     void stop() override;
 
 private:
+    void setUp();
     void follow();
     void updateTheme();
 

@@ -38,7 +38,7 @@ QString nameOf(const QObject *object)
                                          QStringLiteral("Core::EditorManager"),
                                          QStringLiteral("Core::ProjectManager"),
                                          QStringLiteral("Core::ExternalEditorManager"),
-                                         QStringLiteral("Core::GeneralOptionPage"),
+                                         QStringLiteral("Core::private_impl::GeneralOptionPage"),
                                          QStringLiteral("Core::ExternalEditorOptionPage")};
     const QString className = QString::fromLatin1(object->metaObject()->className());
     if (services.contains(className))
@@ -98,7 +98,7 @@ private Q_SLOTS:
                       QStringLiteral("About..."), QStringLiteral("Reset Layout"),
                       // the editor manager's, then the project manager's
                       QStringLiteral("Recent Files"), QStringLiteral("Recent Projects"),
-                      QStringLiteral("Core::GeneralOptionPage"),
+                      QStringLiteral("Core::private_impl::GeneralOptionPage"),
                       QStringLiteral("Core::ExternalEditorOptionPage")}));
     }
 
@@ -154,7 +154,7 @@ private Q_SLOTS:
         m_core->shutdown();
         QCOMPARE(gone,
                  QStringList(
-                     {QStringLiteral("Core::GeneralOptionPage"),
+                     {QStringLiteral("Core::private_impl::GeneralOptionPage"),
                       QStringLiteral("Core::ExternalEditorOptionPage"),
                       QStringLiteral("Core::ProjectManager"), QStringLiteral("Core::EditorManager"),
                       QStringLiteral("Core::IdeMainWindow"), QStringLiteral("Core::ViewManager"),

@@ -14,7 +14,7 @@
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>
-#include <idecore/options/generaloptionpage.h>
+#include <idecore/options/generaloptionpage_p.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 
@@ -218,7 +218,7 @@ private Q_SLOTS:
         const Services services;
         const QObjectList pages = optionPages();
         QCOMPARE(pages.size(), 2);
-        QVERIFY(qobject_cast<GeneralOptionPage *>(pages.at(0)));
+        QVERIFY(qobject_cast<private_impl::GeneralOptionPage *>(pages.at(0)));
         QVERIFY(qobject_cast<ExternalEditorOptionPage *>(pages.at(1)));
     }
 

@@ -3,6 +3,7 @@
 
 #include "editorfixture.h"
 #include "support/modaldialog.h"
+#include "support/ordinaryuser.h"
 
 #include <idecore/editors/editormanager.h>
 #include <idecore/editors/editormanager_p.h>
@@ -22,35 +23,6 @@
 using Core::EditorManager;
 using Core::IEditor;
 using Core::private_impl::EditorManagerPrivate;
-
-namespace {
-
-/// The rights of an ordinary user, as long as it lives: nothing is forbidden to
-/// the superuser.
-class OrdinaryUser final
-{
-public:
-    OrdinaryUser()
-        : m_before(::geteuid())
-    {
-        // The real id as well: it is the one that access() asks for.
-        if (m_before == 0 && ::setresuid(Id, Id, m_before) != 0)
-            QTest::qFail("the rights could not be dropped", __FILE__, __LINE__);
-    }
-    ~OrdinaryUser()
-    {
-        if (::geteuid() != m_before && ::setresuid(m_before, m_before, m_before) != 0)
-            QTest::qFail("the rights could not be taken back", __FILE__, __LINE__);
-    }
-    Q_DISABLE_COPY(OrdinaryUser)
-
-private:
-    static constexpr uid_t Id = 65534;
-
-    const uid_t m_before;
-};
-
-} // namespace
 
 /// Files and names that are not what one opens every day.
 class TestBadFiles final : public QObject

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+#include "support/corefixture.h"
+
+#include <idecore/options/categorylistview_p.h>
+#include <idecore/options/categorylistviewdelegate_p.h>
+#include <idecore/options/categorymodel_p.h>
+
+#include <QPixmap>
+#include <QScrollBar>
+#include <QStandardItemModel>
+#include <QTest>
+
+using namespace Core::private_impl;
+
+namespace {
+
+QIcon redIcon()
+{
+    QPixmap pixmap(24, 24);
+    pixmap.fill(Qt::red);
+    return QIcon(pixmap);
+}
+
+} // namespace
+
+class TestCategoryList final : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        m_with = {QStringLiteral("A"), QStringLiteral("with"), redIcon(), {}, nullptr, {}};
+        m_without = {QStringLiteral("B"), QStringLiteral("without"), QIcon(), {}, nullptr, {}};
+        m_model.setCategories({&m_with, &m_without});
+    }
+
+    void theModelHasARowForEachCategory()
+    {
+        QCOMPARE(m_model.rowCount(), 2);
+        QCOMPARE(m_model.rowCount(m_model.index(0)), 0);
+    }
+
+    void titleAndToolTipAreTheName()
+    {
+        QCOMPARE(m_model.index(1).data(Qt::DisplayRole), QVariant(QStringLiteral("without")));
+        QCOMPARE(m_model.index(1).data(Qt::ToolTipRole), QVariant(QStringLiteral("without")));
+    }
+
+    void theIconIsThatOfTheCategory()
+    {
+        const QIcon icon = m_model.index(0).data(Qt::DecorationRole).value<QIcon>();
+        QCOMPARE(icon.pixmap(24).toImage().pixelColor(12, 12), QColor(Qt::red));
+    }
+
+    void aMissingIconIsTransparentAndAsLarge()
+    {
+        const QIcon icon = m_model.index(1).data(Qt::DecorationRole).value<QIcon>();
+        QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(24, 24)});
+        QCOMPARE(icon.pixmap(24).toImage().pixelColor(12, 12).alpha(), 0);
+    }
+
+    void everyOtherRoleIsInvalid()
+    {
+        for (const int role : {int(Qt::EditRole), int(Qt::FontRole), int(Qt::UserRole)})
+            QVERIFY(!m_model.index(0).data(role).isValid());
+        QVERIFY(!m_model.data(QModelIndex(), Qt::DisplayRole).isValid());
+    }
+
+    void theListIsAsWideAsItsEntries()
+    {
+        CategoryListView view;
+        QStandardItemModel model;
+        model.appendRow(new QStandardItem(QString(40, QLatin1Char('W'))));
+        view.setModel(&model);
+        QVERIFY(view.sizeHintForColumn(0) > 130);
+        QCOMPARE(view.sizeHint(),
+                 QSize(view.sizeHintForColumn(0) + 2 * view.frameWidth() + 5, 100));
+    }
+
+    void theListIsNotNarrowerThanThis()
+    {
+        CategoryListView view;
+        QCOMPARE(view.sizeHint(), QSize(130, 100));
+    }
+
+    void theListLeavesRoomForAScrollBarThatIsShown()
+    {
+        CategoryListView view;
+        QStandardItemModel model;
+        for (int i = 0; i < 100; ++i)
+            model.appendRow(new QStandardItem(QString(40, QLatin1Char('W'))));
+        view.setModel(&model);
+        view.resize(400, 200);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(view.verticalScrollBar()->isVisible());
+        QCOMPARE(view.sizeHint().width(), view.sizeHintForColumn(0) + 2 * view.frameWidth() + 5
+                                              + view.verticalScrollBar()->width());
+    }
+
+    void entriesAreAtLeastThisHigh()
+    {
+        const CategoryListViewDelegate delegate;
+        const QStyledItemDelegate plain;
+        QStyleOptionViewItem option;
+        QStandardItemModel model;
+        auto *item = new QStandardItem(QStringLiteral("text"));
+        model.appendRow(item);
+        QVERIFY(plain.sizeHint(option, item->index()).height() < 32);
+        QCOMPARE(delegate.sizeHint(option, item->index()),
+                 QSize(plain.sizeHint(option, item->index()).width(), 32));
+    }
+
+    void higherEntriesStaySo()
+    {
+        const CategoryListViewDelegate delegate;
+        QStyleOptionViewItem option;
+        QStandardItemModel model;
+        auto *item = new QStandardItem(QStringLiteral("text"));
+        item->setSizeHint(QSize(50, 70));
+        model.appendRow(item);
+        QCOMPARE(delegate.sizeHint(option, item->index()), QSize(50, 70));
+    }
+
+private:
+    Category m_with;
+    Category m_without;
+    CategoryModel m_model;
+};
+
+QTEST_MAIN(TestCategoryList)
+#include "tst_categorylist.moc"

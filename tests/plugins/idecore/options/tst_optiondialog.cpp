@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 KelmoWare
+// SPDX-License-Identifier: LGPL-2.1-or-later
+
+// What the dialog is made of, and in which order.
+
+#include "optionfixture.h"
+
+#include <QDialogButtonBox>
+#include <QFontInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPixmap>
+#include <QSettings>
+
+using namespace Core;
+
+namespace {
+
+QIcon iconOf(const QWidget *dialog, int row)
+{
+    return listOf(dialog)->model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
+}
+
+} // namespace
+
+class TestOptionDialog final : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_fixture = std::make_unique<OptionFixture>(); }
+    void cleanup() { m_fixture.reset(); }
+
+    void categoriesComeInTheOrderOfTheirIds()
+    {
+        m_fixture->add("B", "x");
+        m_fixture->add("A.Core", "x");
+        QCOMPARE(categoriesOf(m_fixture->dialog()), texts({"category A.Core", "category B"}));
+    }
+
+    void aLowerCaseCategoryComesBehindCapitals()
+    {
+        m_fixture->add("a", "x");
+        m_fixture->add("B", "x");
+        QCOMPARE(categoriesOf(m_fixture->dialog()), texts({"category B", "category a"}));
+    }
+
+    void pagesOfACategoryComeInTheOrderOfTheirIds()
+    {
+        for (const char *id : {"c", "a", "B"})
+            m_fixture->add("A", id);
+        QCOMPARE(tabTitlesOf(m_fixture->dialog()), texts({"tab B", "tab a", "tab c"}));
+    }
+
+    void pagesOfOneIdKeepTheOrderOfThePool()
+    {
+        TestPage *first = m_fixture->add("A", "same");
+        TestPage *second = m_fixture->add("A", "same");
+        const QTabWidget *tabs = tabsOf(m_fixture->dialog());
+        QCOMPARE(tabs->widget(0), first->shown.data());
+        QCOMPARE(tabs->widget(1), second->shown.data());
+    }
+
+    void aCategoryStandsInTheListOnce()
+    {
+        m_fixture->add("A", "1");
+        m_fixture->add("B", "1");
+        m_fixture->add("A", "2");
+        QCOMPARE(categoriesOf(m_fixture->dialog()), texts({"category A", "category B"}));
+        QCOMPARE(tabTitlesOf(m_fixture->dialog()), texts({"tab 1", "tab 2"}));
+    }
+
+    void aCategoryIsTitledByItsFirstPageThatHasATitle()
+    {
+        m_fixture->add("A", "1")->setTexts(QString());
+        m_fixture->add("A", "2")->setTexts(QStringLiteral("second"));
+        m_fixture->add("A", "3")->setTexts(QStringLiteral("third"));
+        QCOMPARE(categoriesOf(m_fixture->dialog()), texts({"second"}));
+    }
+
+    void aCategoryShowsTheIconOfItsFirstPageThatHasOne()
+    {
+        m_fixture->add("A", "1")->setTexts(QStringLiteral("A"));
+        m_fixture->add("A", "2")->setTexts(QStringLiteral("A"), QStringLiteral(":/none.png"));
+        m_fixture->add("A", "3")->setTexts(QStringLiteral("A"),
+                                           QStringLiteral(":/core/image/options.png"));
+        m_fixture->add("A", "4")->setTexts(QStringLiteral("A"),
+                                           QStringLiteral(":/core/image/new.png"));
+        const QImage shown = iconOf(m_fixture->dialog(), 0).pixmap(24).toImage();
+        QVERIFY(!shown.isNull());
+        QCOMPARE(shown, QIcon(QStringLiteral(":/core/image/options.png")).pixmap(24).toImage());
+    }
+
+    void theWindowIsNamedAndHasNoHelpButton()
+    {
+        OptionDialog *dialog = m_fixture->dialog();
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("Options"));
+        QVERIFY(!(dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
+    }
+
+    void itsSizeIsTheSmallest()
+    {
+        OptionDialog *dialog = m_fixture->dialog();
+        QCOMPARE(dialog->minimumSize(), QSize(800, 450));
+        QCOMPARE(dialog->sizeHint(), QSize(800, 450));
+        dialog->setMinimumSize(900, 500);
+        QCOMPARE(dialog->sizeHint(), QSize(900, 500));
+    }
+
+    void theListIsSetUpForCategories()
+    {
+        const QListView *list = listOf(m_fixture->dialog());
+        QCOMPARE(list->sizePolicy().horizontalPolicy(), QSizePolicy::MinimumExpanding);
+        QCOMPARE(list->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+        QCOMPARE(list->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QCOMPARE(list->iconSize(), QSize(24, 24));
+        QCOMPARE(list->selectionMode(), QAbstractItemView::SingleSelection);
+        QCOMPARE(list->verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
+        QVERIFY(list->inherits("Core::private_impl::CategoryListView"));
+        QVERIFY(list->itemDelegate()->inherits("Core::private_impl::CategoryListViewDelegate"));
+        QVERIFY(list->model()->inherits("Core::private_impl::CategoryModel"));
+        QVERIFY(!list->accessibleName().isEmpty());
+    }
+
+    void theHeaderIsBoldAndLarger()
+    {
+        const OptionDialog *dialog = m_fixture->dialog();
+        const auto *header = dialog->findChild<QLabel *>(QStringLiteral("headerLabel"));
+        QCOMPARE(header->font().weight(), int(QFont::Bold));
+        QCOMPARE(header->font().pointSize(), dialog->font().pointSize() + 2);
+    }
+
+    void theHeaderShowsTheCategory()
+    {
+        m_fixture->add("A", "1");
+        m_fixture->add("B", "1")->setTexts(QStringLiteral("<b>B & co</b>"));
+        const OptionDialog *dialog = m_fixture->dialog();
+        const auto *header = dialog->findChild<QLabel *>(QStringLiteral("headerLabel"));
+        QCOMPARE(header->text(), QStringLiteral("category A"));
+        choose(dialog, 1);
+        QCOMPARE(header->text(), QStringLiteral("<b>B & co</b>"));
+        QCOMPARE(header->textFormat(), Qt::PlainText);
+    }
+
+    void theButtonsAreOkCancelAndApply()
+    {
+        const OptionDialog *dialog = m_fixture->dialog();
+        const auto *box = dialog->findChild<QDialogButtonBox *>();
+        QCOMPARE(box->standardButtons(),
+                 QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply);
+        QCOMPARE(box->orientation(), Qt::Horizontal);
+        QVERIFY(buttonOf(dialog, QDialogButtonBox::Ok)->isDefault());
+    }
+
+    void theNoteTellsWhatTheMarkMeans()
+    {
+        const OptionDialog *dialog = m_fixture->dialog();
+        const auto *note = dialog->findChild<QLabel *>(QStringLiteral("noteLabel"));
+        QCOMPARE(note->text(), QStringLiteral("[*]items request restart program"));
+    }
+
+    void thePartsLieInAGrid()
+    {
+        m_fixture->add("A", "1");
+        OptionDialog *dialog = m_fixture->dialog();
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const QRect list = listOf(dialog)->geometry();
+        const QRect tabs = tabsOf(dialog)->geometry();
+        const QRect header = dialog->findChild<QLabel *>(QStringLiteral("headerLabel"))->geometry();
+        const QRect note = dialog->findChild<QLabel *>(QStringLiteral("noteLabel"))->geometry();
+        const QRect buttons = dialog->findChild<QDialogButtonBox *>()->geometry();
+        QVERIFY(list.right() < tabs.left());
+        QCOMPARE(list.top(), tabs.top());
+        QCOMPARE(header.left(), tabs.left());
+        QVERIFY(header.bottom() < tabs.top());
+        QVERIFY(list.bottom() < note.top());
+        QVERIFY(note.right() < buttons.left());
+        QCOMPARE(note.left(), list.left());
+        QCOMPARE(buttons.right(), tabs.right());
+        QCOMPARE(qobject_cast<QGridLayout *>(dialog->layout())->columnStretch(1), 4);
+        dialog->reject();
+    }
+
+    void theListHasTheFocus()
+    {
+        m_fixture->add("A", "1");
+        OptionDialog *dialog = m_fixture->dialog();
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        QTRY_COMPARE(dialog->focusWidget(), listOf(dialog));
+        dialog->reject();
+    }
+
+    void withoutPagesEverythingIsEmpty()
+    {
+        OptionDialog *dialog = m_fixture->dialog();
+        QCOMPARE(categoriesOf(dialog), QStringList());
+        QVERIFY(!tabsOf(dialog));
+        dialog->accept();
+        QCOMPARE(m_fixture->log, QStringList());
+    }
+
+    void writableSettingsGiveNoWarning()
+    {
+        OptionDialog *dialog = m_fixture->dialog();
+        dialog->show();
+        dialog->apply();
+        QVERIFY(dialog->findChild<QLabel *>(QStringLiteral("storeLabel"))->isHidden());
+        dialog->reject();
+    }
+
+private:
+    std::unique_ptr<OptionFixture> m_fixture;
+};
+
+QTEST_MAIN(TestOptionDialog)
+#include "tst_optiondialog.moc"
