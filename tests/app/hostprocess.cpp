@@ -28,6 +28,7 @@ HostProcess::HostProcess(const QStringList &plugins)
 {
     copyFile(QStringLiteral(HOST_PROGRAM), path(QStringLiteral("bin/kelmo-designer")));
     copyFile(QStringLiteral(EXTSYS_LIBRARY), path(QStringLiteral("lib/libExtSys.so")));
+    copyFile(QStringLiteral(APPSTYLE_LIBRARY), path(QStringLiteral("lib/libAppStyle.so")));
     for (const QString &plugin : plugins)
         copy(QStringLiteral("lib%1.so").arg(plugin),
              QStringLiteral("lib/plugins/lib%1.so").arg(plugin));

@@ -20,6 +20,8 @@
 #include <QToolBar>
 #include <QTreeView>
 
+#include <algorithm>
+
 using Core::ActionManager;
 using Core::IAction;
 
@@ -195,7 +197,12 @@ void TestCommandList::commandOfNoMenuIsListedLast()
     const PageDialog dialog;
 
     const QStringList rows = dialog.rows();
-    QCOMPARE(rows.mid(rows.size() - 3), texts({"Not in a menu", "  Test.A", "  Test.B"}));
+    QCOMPARE(rows.mid(rows.size() - 2), texts({"  Test.A", "  Test.B"}));
+    const auto group = std::find_if(rows.rbegin(), rows.rend(), [](const QString &row) {
+        return !row.startsWith(QLatin1Char(' '));
+    });
+    QVERIFY(group != rows.rend());
+    QCOMPARE(*group, QStringLiteral("Not in a menu"));
 }
 
 void TestCommandList::menuThatStandsInItselfIsWalkedOnce()

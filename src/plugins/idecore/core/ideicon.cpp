@@ -187,7 +187,7 @@ QIcon ideIcon(const QString &file)
     return QFile::exists(file) ? QIcon(new IdeIconEngine(file)) : QIcon();
 }
 
-QIcon windowIcon()
+QIcon productIcon()
 {
     QIcon icon;
     for (const char *size : {"24", "32", "24@2x", "32@2x", "32@3x"}) {

@@ -24,7 +24,7 @@ namespace Core {
 [[nodiscard]] IDECORE_EXPORT QIcon ideIcon(const QString &file);
 
 /// The product's own, of its windows, in all sizes. GUI thread only.
-[[nodiscard]] IDECORE_EXPORT QIcon windowIcon();
+[[nodiscard]] IDECORE_EXPORT QIcon productIcon();
 
 } // namespace Core
 

@@ -65,7 +65,7 @@ Utils::MdiArea *IdeMainWindow::documentArea() const
 void IdeMainWindow::setupUi()
 {
     setWindowTitle(QStringLiteral("KELMO FPGA Designer"));
-    setWindowIcon(windowIcon());
+    setWindowIcon(productIcon());
     statusBar();
     permanentLabel = new QLabel(this);
     statusBar()->addPermanentWidget(permanentLabel);

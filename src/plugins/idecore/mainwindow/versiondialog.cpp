@@ -109,7 +109,7 @@ VersionDialog::VersionDialog(QWidget *parent)
     : QDialog(parent)
     , m_logo(new QLabel(this))
 {
-    setWindowIcon(windowIcon());
+    setWindowIcon(productIcon());
     setWindowTitle(tr("About"));
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
 

@@ -5,6 +5,7 @@
 
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
+#include <idecore/core/ideicon.h>
 #include <idecore/interfaces/ioptionspage.h>
 #include <idecore/options/categorylistview_p.h>
 #include <idecore/options/categorylistviewdelegate_p.h>
@@ -39,7 +40,9 @@ constexpr int LARGER_BY = 2;
 /// is read when it is first painted.
 QIcon loadIcon(const QString &path)
 {
-    return QFileInfo(path).isFile() ? QIcon(path) : QIcon();
+    if (!QFileInfo(path).isFile())
+        return {};
+    return path.endsWith(QLatin1String(".png")) ? ideIcon(path) : QIcon(path);
 }
 
 /// Stands for the widget of a page that has none.

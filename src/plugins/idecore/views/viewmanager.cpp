@@ -182,7 +182,7 @@ void ViewManager::showView(IView *view)
         return;
     }
     if (view->windowIcon().isNull())
-        view->setWindowIcon(windowIcon());
+        view->setWindowIcon(productIcon());
 
     auto *window = new Utils::MdiSubWindow(nullptr);
     window->setWidget(view);
