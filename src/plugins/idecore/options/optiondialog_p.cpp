@@ -20,6 +20,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
+#include <QImageReader>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
@@ -42,7 +43,10 @@ QIcon loadIcon(const QString &path)
 {
     if (!QFileInfo(path).isFile())
         return {};
-    return path.endsWith(QLatin1String(".png")) ? ideIcon(path) : QIcon(path);
+    // A plugin may bring a picture of any kind and shape; those of the size that the
+    // list shows are drawn like the program's own.
+    const QImageReader reader(path, "png");
+    return reader.size() == QSize(ICON_SIZE, ICON_SIZE) ? ideIcon(path) : QIcon(path);
 }
 
 /// Stands for the widget of a page that has none.
