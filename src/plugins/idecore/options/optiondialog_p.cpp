@@ -170,7 +170,7 @@ void OptionDialogPrivate::createGui()
     grid->setColumnStretch(1, 4);
     q->setMinimumSize(800, 450);
     categoryList->setFocus();
-    checkStore();
+    showWhetherStored(IdeCore::userSettings()->isWritable());
 }
 
 void OptionDialogPrivate::createTabs(Category *category)
@@ -276,16 +276,25 @@ void OptionDialogPrivate::releaseWidgets()
     }
 }
 
-void OptionDialogPrivate::checkStore()
+void OptionDialogPrivate::writeStore()
 {
-    QSettings *const store = IdeCore::userSettings();
-    const bool writable = store->status() != QSettings::AccessError && store->isWritable();
-    storeLabel->setVisible(!writable);
+    const QSettings *const settings = IdeCore::userSettings();
+    // A second view of the same store, which writes what waits in the first: that one
+    // keeps the first error it has met, also when the obstacle has gone.
+    QSettings store(settings->format(), settings->scope(), settings->organizationName(),
+                    settings->applicationName());
+    store.sync();
+    showWhetherStored(store.status() != QSettings::AccessError && store.isWritable());
+}
+
+void OptionDialogPrivate::showWhetherStored(bool stored)
+{
+    storeLabel->setVisible(!stored);
     storeLabel->setText(
-        writable ? QString()
-                 : OptionDialog::tr("What is changed here lasts until the program ends, and no "
-                                    "longer: the settings cannot be written to %1.")
-                       .arg(QDir::toNativeSeparators(store->fileName())));
+        stored ? QString()
+               : OptionDialog::tr("What is changed here lasts until the program ends, and no "
+                                  "longer: the settings cannot be written to %1.")
+                     .arg(QDir::toNativeSeparators(IdeCore::userSettings()->fileName())));
 }
 
 QList<QWidget *> OptionDialogPrivate::widgetsInTabOrder() const
