@@ -38,6 +38,9 @@ void CategoryListViewDelegate::initStyleOption(QStyleOptionViewItem *option,
     if (!(option->state & QStyle::State_Selected) || option->icon.isNull())
         return;
     QPixmap picture = option->icon.pixmap(option->decorationSize);
+    // A file that is there and holds no picture.
+    if (picture.isNull())
+        return;
     QPainter painter(&picture);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(picture.rect(), option->palette.color(QPalette::HighlightedText));

@@ -151,6 +151,8 @@ void GeneralOptionPage::applyUiSetting()
 void GeneralOptionPage::onBtnBrowse()
 {
     const QPointer<QWidget> form(m_widget);
+    if (!form)
+        return;
     const QString directory = QFileDialog::getExistingDirectory(
         ViewManager::dialogParent(), tr("Select Directory"), m_ui->lineEditProjectPath->text());
     // The page may have been finished meanwhile.

@@ -3,7 +3,6 @@
 
 #include <idecore/options/optiondialog.h>
 
-#include <idecore/core/idecore.h>
 #include <idecore/interfaces/ioptionspage.h>
 #include <idecore/options/categorylistview_p.h>
 #include <idecore/options/categorymodel_p.h>
@@ -12,7 +11,6 @@
 #include <QEventLoop>
 #include <QLabel>
 #include <QModelIndex>
-#include <QSettings>
 #include <QStackedLayout>
 #include <QTabWidget>
 
@@ -148,9 +146,7 @@ void OptionDialog::apply()
     if (!guard)
         return;
     d->applied = true;
-    // Whether the settings can be written shows when they are.
-    IdeCore::userSettings()->sync();
-    d->checkStore();
+    d->writeStore();
 }
 
 void OptionDialog::accept()

@@ -20,6 +20,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
+#include <QImageReader>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
@@ -42,7 +43,10 @@ QIcon loadIcon(const QString &path)
 {
     if (!QFileInfo(path).isFile())
         return {};
-    return path.endsWith(QLatin1String(".png")) ? ideIcon(path) : QIcon(path);
+    // A plugin may bring a picture of any kind and shape; those of the size that the
+    // list shows are drawn like the program's own.
+    const QImageReader reader(path, "png");
+    return reader.size() == QSize(ICON_SIZE, ICON_SIZE) ? ideIcon(path) : QIcon(path);
 }
 
 /// Stands for the widget of a page that has none.
@@ -166,7 +170,7 @@ void OptionDialogPrivate::createGui()
     grid->setColumnStretch(1, 4);
     q->setMinimumSize(800, 450);
     categoryList->setFocus();
-    checkStore();
+    showWhetherStored(IdeCore::userSettings()->isWritable());
 }
 
 void OptionDialogPrivate::createTabs(Category *category)
@@ -272,16 +276,25 @@ void OptionDialogPrivate::releaseWidgets()
     }
 }
 
-void OptionDialogPrivate::checkStore()
+void OptionDialogPrivate::writeStore()
 {
-    QSettings *const store = IdeCore::userSettings();
-    const bool writable = store->status() != QSettings::AccessError && store->isWritable();
-    storeLabel->setVisible(!writable);
+    const QSettings *const settings = IdeCore::userSettings();
+    // A second view of the same store, which writes what waits in the first: that one
+    // keeps the first error it has met, also when the obstacle has gone.
+    QSettings store(settings->format(), settings->scope(), settings->organizationName(),
+                    settings->applicationName());
+    store.sync();
+    showWhetherStored(store.status() != QSettings::AccessError && store.isWritable());
+}
+
+void OptionDialogPrivate::showWhetherStored(bool stored)
+{
+    storeLabel->setVisible(!stored);
     storeLabel->setText(
-        writable ? QString()
-                 : OptionDialog::tr("What is changed here lasts until the program ends, and no "
-                                    "longer: the settings cannot be written to %1.")
-                       .arg(QDir::toNativeSeparators(store->fileName())));
+        stored ? QString()
+               : OptionDialog::tr("What is changed here lasts until the program ends, and no "
+                                  "longer: the settings cannot be written to %1.")
+                     .arg(QDir::toNativeSeparators(IdeCore::userSettings()->fileName())));
 }
 
 QList<QWidget *> OptionDialogPrivate::widgetsInTabOrder() const

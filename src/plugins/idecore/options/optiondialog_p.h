@@ -50,8 +50,9 @@ struct OptionDialogPrivate
     void finish();
     /// Takes the widgets that pages keep beyond finish() out of the dialog.
     void releaseWidgets();
-    /// Says so when the settings cannot be written.
-    void checkStore();
+    /// Writes the settings, and says so when that cannot be done.
+    void writeStore();
+    void showWhetherStored(bool stored);
     /// What the Tab key reaches, the buttons behind the pages, which are made later.
     [[nodiscard]] QList<QWidget *> widgetsInTabOrder() const;
 

@@ -33,6 +33,8 @@ public:
         setCategoryIcon(icon);
     }
 
+    void rename(const QString &id) { setId(id); }
+
     [[nodiscard]] QWidget *widget() override
     {
         note("widget");

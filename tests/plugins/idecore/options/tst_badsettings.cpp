@@ -224,6 +224,61 @@ private Q_SLOTS:
         QVERIFY(after);
     }
 
+    void settingsThatCanBeWrittenAgainAreNotToldOfAnyLonger()
+    {
+        QVERIFY(QDir().mkpath(CoreFixture::settingsFile() + QStringLiteral("/inner")));
+        start();
+        auto *dialog =
+            OptionDialog::getOptionDialog(ViewManager::mainWindow(), QString(), QString());
+        dialog->show();
+        QTimer answers;
+        connect(&answers, &QTimer::timeout, this, [] {
+            if (auto *message = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+                message->accept();
+        });
+        answers.start(5);
+        dialog->apply();
+        const auto *warning = dialog->findChild<QLabel *>(QStringLiteral("storeLabel"));
+        const bool before = warning->isVisible();
+        remove(CoreFixture::settingsFile());
+        dialog->apply();
+        const bool after = warning->isVisible();
+        dialog->reject();
+        delete dialog;
+        QVERIFY(before);
+        QVERIFY(!after);
+        QVERIFY(QFileInfo(CoreFixture::settingsFile()).isFile());
+    }
+
+    void aStoreOfTheWindowThatCannotBeWrittenHindersNothing_data()
+    {
+        QTest::addColumn<bool>("folder");
+        QTest::newRow("a folder") << true;
+        QTest::newRow("read-only") << false;
+    }
+
+    void aStoreOfTheWindowThatCannotBeWrittenHindersNothing()
+    {
+        QFETCH(const bool, folder);
+        const QString file = CoreFixture::settingsFile(QStringLiteral("IDE_GUI"));
+        if (folder) {
+            QVERIFY(QDir().mkpath(file + QStringLiteral("/inner")));
+        } else {
+            put(file, "[Core]\nVersion=0\n");
+            QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadOther));
+        }
+        start();
+        bool closed = false;
+        Seen seen;
+        {
+            const OrdinaryUser user;
+            seen = openOptions();
+            closed = ViewManager::mainWindow()->close();
+        }
+        QVERIFY2(closed && !ViewManager::mainWindow()->isVisible(), "the window stayed open");
+        QCOMPARE(QFileInfo(file).isDir(), folder);
+    }
+
     void whatIsChangedHoldsUntilTheEndWhereNothingCanBeWritten()
     {
         QVERIFY(QDir().mkpath(CoreFixture::settingsFile() + QStringLiteral("/inner")));

@@ -2,14 +2,18 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "support/corefixture.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/options/categorylistview_p.h>
 #include <idecore/options/categorylistviewdelegate_p.h>
 #include <idecore/options/categorymodel_p.h>
 
+#include <QFile>
+#include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QStandardItemModel>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Core::private_impl;
@@ -21,6 +25,36 @@ QIcon redIcon()
     QPixmap pixmap(24, 24);
     pixmap.fill(Qt::red);
     return QIcon(pixmap);
+}
+
+/// An entry with that icon and no text, drawn as the selected one or not; what is
+/// selected is written in green.
+QImage drawn(const QIcon &icon, bool selected)
+{
+    QStandardItemModel model;
+    model.appendRow(new QStandardItem(icon, QString()));
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 60, 32);
+    option.decorationSize = QSize(24, 24);
+    option.state = QStyle::State_Enabled | QStyle::State_Active;
+    option.state.setFlag(QStyle::State_Selected, selected);
+    option.palette.setColor(QPalette::Highlight, Qt::blue);
+    option.palette.setColor(QPalette::HighlightedText, Qt::green);
+    QImage image(option.rect.size(), QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    const CategoryListViewDelegate delegate;
+    delegate.paint(&painter, option, model.index(0, 0));
+    return image;
+}
+
+bool holds(const QImage &image, const QColor &colour)
+{
+    for (int x = 0; x < image.width(); ++x) {
+        if (image.pixelColor(x, image.height() / 2) == colour)
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -122,6 +156,27 @@ private Q_SLOTS:
         item->setSizeHint(QSize(50, 70));
         model.appendRow(item);
         QCOMPARE(delegate.sizeHint(option, item->index()), QSize(50, 70));
+    }
+
+    void anIconHasItsOwnColours() { QVERIFY(holds(drawn(redIcon(), false), Qt::red)); }
+
+    void theIconOfTheSelectedEntryHasTheColourOfItsText()
+    {
+        const QImage image = drawn(redIcon(), true);
+        QVERIFY(holds(image, Qt::green));
+        QVERIFY(!holds(image, Qt::red));
+    }
+
+    void anIconWithoutAPictureIsDrawnInSilence()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("broken.png"));
+        QFile broken(file);
+        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no picture") > 0);
+        broken.close();
+        const MessageRecorder log;
+        (void)drawn(QIcon(file), true);
+        QCOMPARE(log.labelled(), QStringList());
     }
 
 private:

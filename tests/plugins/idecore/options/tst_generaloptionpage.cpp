@@ -10,22 +10,28 @@
 #include <idecore/core/idecore.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/options/generaloptionpage_p.h>
+#include <idecore/options/optiondialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QSettings>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
+
+#include <functional>
 
 using namespace Core;
 using private_impl::GeneralOptionPage;
@@ -56,6 +62,16 @@ private Q_SLOTS:
         QCOMPARE(m_page->displayName(), QStringLiteral("General"));
         QCOMPARE(m_page->displayCategory(), QStringLiteral("Environment"));
         QCOMPARE(m_page->categoryIcon(), QStringLiteral(":/core/image/options.png"));
+    }
+
+    void theOptionsBeginWithThePage()
+    {
+        inOptions([](OptionDialog *dialog) {
+            const auto *list = dialog->findChild<QListView *>(QStringLiteral("categoryList"));
+            QCOMPARE(list->model()->index(0, 0).data().toString(), QStringLiteral("Environment"));
+            QCOMPARE(dialog->findChild<QTabWidget *>()->tabText(0), QStringLiteral("General"));
+            dialog->reject();
+        });
     }
 
     void theWidgetIsMadeOnce()
@@ -170,6 +186,18 @@ private Q_SLOTS:
         QCOMPARE(labels, texts({"labelLan", "labelIconSize", "label"}));
     }
 
+    void theDirectoryAndItsButtonsStandInARow()
+    {
+        const QLayout *row =
+            m_page->widget()->findChild<QGroupBox *>(QStringLiteral("groupBox"))->layout();
+        QVERIFY(qobject_cast<const QHBoxLayout *>(row));
+        QStringList names;
+        for (int i = 0; i < row->count(); ++i)
+            names.append(row->itemAt(i)->widget()->objectName());
+        QCOMPARE(names,
+                 texts({"lineEditProjectPath", "btnBrowseProjectPath", "btnClearProjectPath"}));
+    }
+
     void storedValuesAreShown_data()
     {
         QTest::addColumn<QString>("key");
@@ -200,6 +228,7 @@ private Q_SLOTS:
         row("size 24", "Core/ToolbarIconSize", 24, "comboBoxIconSize", "24*24");
         row("size 28", "Core/ToolbarIconSize", 28, "comboBoxIconSize", "28*28");
         row("no size", "Core/ToolbarIconSize", none, "comboBoxIconSize", "20*20");
+        row("larger size", "Core/ToolbarIconSize", 32, "comboBoxIconSize", "20*20");
         row("other size", "Core/ToolbarIconSize", 17, "comboBoxIconSize", "20*20");
         row("negative size", "Core/ToolbarIconSize", -16, "comboBoxIconSize", "20*20");
     }
@@ -296,6 +325,80 @@ private Q_SLOTS:
                      "Theme changes will take full effect after restarting the application."));
         QCOMPARE(message.icon(), int(QMessageBox::Information));
         QCOMPARE(message.parentOfDialog(), ViewManager::mainWindow());
+    }
+
+    void theThemeIsStoredBeforeItIsShownAndTheSchemeBehind()
+    {
+        box("comboBoxTheme")->setCurrentText(QStringLiteral("Dark"));
+        QVariant themeByThen;
+        QVariant schemeByThen;
+        connect(APPSTYLE::AppStyleManager::instance(), &APPSTYLE::AppStyleManager::themeChanged,
+                m_page->widget(), [&] {
+                    themeByThen = stored("Theme");
+                    schemeByThen = stored("TextEditor/ColorScheme");
+                });
+        const ModalDialog message(ModalDialog::press(QMessageBox::Ok));
+        m_page->apply();
+        QCOMPARE(themeByThen, QVariant(QStringLiteral("Dark")));
+        QVERIFY(!schemeByThen.isValid());
+    }
+
+    void theRestIsStoredInItsOrder()
+    {
+        box("comboBoxIconSize")->setCurrentIndex(0);
+        edit("lineEditProjectPath")->setText(QStringLiteral("/last"));
+        QVariant languageByThen;
+        QVariant sizeByThen;
+        QString directoryByThen = QStringLiteral("the size did not change");
+        connect(ActionManager::toolBar(QStringLiteral("Core.Toolbar.File")),
+                &QToolBar::iconSizeChanged, this, [&] {
+                    languageByThen = stored("Language");
+                    sizeByThen = stored("Core/ToolbarIconSize");
+                    directoryByThen = ProjectManager::workDir();
+                });
+        m_page->apply();
+        QCOMPARE(languageByThen, QVariant(QStringLiteral("en")));
+        QCOMPARE(sizeByThen, QVariant(16));
+        QCOMPARE(directoryByThen, QString());
+        QCOMPARE(ProjectManager::workDir(), QStringLiteral("/last"));
+    }
+
+    void whatIsNotOfferedGivesWayToWhatIsShown_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QVariant>("before");
+        QTest::addColumn<QVariant>("after");
+        QTest::newRow("icon size")
+            << QStringLiteral("Core/ToolbarIconSize") << QVariant(32) << QVariant(20);
+        QTest::newRow("language") << QStringLiteral("Language") << QVariant(QStringLiteral("de"))
+                                  << QVariant(QStringLiteral("zh_CN"));
+    }
+
+    void whatIsNotOfferedGivesWayToWhatIsShown()
+    {
+        QFETCH(const QString, key);
+        QFETCH(const QVariant, before);
+        QFETCH(const QVariant, after);
+        IdeCore::userSettings()->setValue(key, before);
+        QVERIFY(m_page->widget());
+        m_page->apply();
+        QCOMPARE(IdeCore::userSettings()->value(key), after);
+    }
+
+    void theMessageStandsOverTheOptions()
+    {
+        QWidget *parent = nullptr;
+        QWidget *options = nullptr;
+        inOptions([&](OptionDialog *dialog) {
+            options = dialog;
+            box("comboBoxTheme")->setCurrentText(QStringLiteral("Dark"));
+            const ModalDialog message(ModalDialog::press(QMessageBox::Ok));
+            dialog->apply();
+            parent = message.parentOfDialog();
+            dialog->reject();
+        });
+        QVERIFY(options);
+        QCOMPARE(parent, options);
     }
 
     void theMessageHasOneButton()
@@ -434,6 +537,27 @@ private Q_SLOTS:
         QCOMPARE(edit("lineEditProjectPath")->text(), QStringLiteral("/kept"));
     }
 
+    void theChooserStandsOverTheOptions()
+    {
+        QWidget *parent = nullptr;
+        QWidget *options = nullptr;
+        inOptions([&](OptionDialog *dialog) {
+            options = dialog;
+            const ModalDialog chooser(ModalDialog::cancel());
+            button("btnBrowseProjectPath")->click();
+            parent = chooser.parentOfDialog();
+            dialog->reject();
+        });
+        QVERIFY(options);
+        QCOMPARE(parent, options);
+    }
+
+    void withoutAWidgetNothingIsBrowsed()
+    {
+        m_page->onBtnBrowse();
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
     void thePageMayFinishWhileTheChooserIsShown()
     {
         QVERIFY(m_page->widget());
@@ -469,6 +593,15 @@ private:
         QVERIFY(m_page);
     }
 
+    /// Opens the options at the page and runs @p acts, which has to close them.
+    static void inOptions(const std::function<void(OptionDialog *)> &acts)
+    {
+        const ModalDialog dialog(
+            [&acts](QWidget *widget) { acts(qobject_cast<OptionDialog *>(widget)); });
+        (void)OptionDialog::getOptionDialog(ViewManager::mainWindow(), QStringLiteral("A.Core"),
+                                            QStringLiteral("A.General"))
+            ->execDialog();
+    }
     static QVariant stored(const char *key)
     {
         return IdeCore::userSettings()->value(QLatin1String(key));

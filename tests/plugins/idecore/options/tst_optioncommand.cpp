@@ -67,6 +67,17 @@ private Q_SLOTS:
         QCOMPARE(m_parent, ViewManager::mainWindow());
     }
 
+    void theMenuOpensTheDialogWhereItWasLeft()
+    {
+        inDialog([] { press({Qt::Key_Tab, Qt::Key_Right, Qt::Key_Escape}); });
+        QString place;
+        inDialog([&place] {
+            place = placeOf(QApplication::activeModalWidget());
+            press({Qt::Key_Escape});
+        });
+        QCOMPARE(place, QStringLiteral("category A/tab a2"));
+    }
+
     void theListHasTheFocusAndArrowsChooseACategory()
     {
         QString first;
@@ -164,6 +175,8 @@ private:
                 qobject_cast<QDialog *>(widget)->reject();
             }
         });
+        // Behind a dialog it takes a while.
+        QTRY_COMPARE(QApplication::activeWindow(), ViewManager::mainWindow());
         QTest::keyClick(ViewManager::mainWindow(), Qt::Key_T, Qt::AltModifier);
         QTRY_VERIFY(QApplication::activePopupWidget());
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_O);

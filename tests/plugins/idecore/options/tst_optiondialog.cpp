@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPixmap>
 #include <QSettings>
+#include <QTemporaryDir>
 
 using namespace Core;
 
@@ -29,6 +30,15 @@ class TestOptionDialog final : public QObject
 private Q_SLOTS:
     void init() { m_fixture = std::make_unique<OptionFixture>(); }
     void cleanup() { m_fixture.reset(); }
+
+    // The first of all: nothing was shown before.
+    void atFirstTheFirstPageIsShown()
+    {
+        m_fixture->add("B", "1");
+        m_fixture->add("A", "2");
+        m_fixture->add("A", "1");
+        QCOMPARE(placeOf(m_fixture->dialog()), QStringLiteral("category A/tab 1"));
+    }
 
     void categoriesComeInTheOrderOfTheirIds()
     {
@@ -53,11 +63,32 @@ private Q_SLOTS:
 
     void pagesOfOneIdKeepTheOrderOfThePool()
     {
-        TestPage *first = m_fixture->add("A", "same");
-        TestPage *second = m_fixture->add("A", "same");
+        // So many that an unstable way of sorting would mix them up.
+        QList<TestPage *> same;
+        for (int i = 0; i < 50; ++i) {
+            m_fixture->add("A", i % 2 == 0 ? "z" : "a");
+            same.append(m_fixture->add("A", "same"));
+        }
         const QTabWidget *tabs = tabsOf(m_fixture->dialog());
-        QCOMPARE(tabs->widget(0), first->shown.data());
-        QCOMPARE(tabs->widget(1), second->shown.data());
+        QList<QWidget *> shown;
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (tabs->tabText(i) == QLatin1String("tab same"))
+                shown.append(tabs->widget(i));
+        }
+        QList<QWidget *> expected;
+        for (const TestPage *page : qAsConst(same))
+            expected.append(page->shown);
+        QCOMPARE(shown, expected);
+    }
+
+    void theTabsAreInTheOrderThatTheIdsHaveWhenTheyAreShown()
+    {
+        TestPage *page = m_fixture->add("A", "1");
+        m_fixture->add("A", "2");
+        OptionDialog dialog(nullptr);
+        page->rename(QStringLiteral("3"));
+        choose(&dialog, 0);
+        QCOMPARE(tabTitlesOf(&dialog), texts({"tab 2", "tab 1"}));
     }
 
     void aCategoryStandsInTheListOnce()
@@ -88,6 +119,19 @@ private Q_SLOTS:
         const QImage shown = iconOf(m_fixture->dialog(), 0).pixmap(24).toImage();
         QVERIFY(!shown.isNull());
         QCOMPARE(shown, QIcon(QStringLiteral(":/core/image/options.png")).pixmap(24).toImage());
+    }
+
+    void aCategoryShowsThePictureOfAPluginAsItIs()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("wide.png"));
+        QImage picture(64, 16, QImage::Format_ARGB32);
+        picture.fill(QColor(Qt::darkRed));
+        QVERIFY(picture.save(file));
+        m_fixture->add("A", "1")->setTexts(QStringLiteral("A"), file);
+        const QIcon icon = iconOf(m_fixture->dialog(), 0);
+        QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(64, 16)});
+        QCOMPARE(icon.pixmap(24).size(), QSize(24, 6));
     }
 
     void theWindowIsNamedAndHasNoHelpButton()
@@ -185,6 +229,7 @@ private Q_SLOTS:
     {
         m_fixture->add("A", "1");
         OptionDialog *dialog = m_fixture->dialog();
+        QCOMPARE(dialog->focusWidget(), listOf(dialog));
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         QTRY_COMPARE(dialog->focusWidget(), listOf(dialog));
@@ -196,6 +241,7 @@ private Q_SLOTS:
         OptionDialog *dialog = m_fixture->dialog();
         QCOMPARE(categoriesOf(dialog), QStringList());
         QVERIFY(!tabsOf(dialog));
+        dialog->currentTabChanged(0);
         dialog->accept();
         QCOMPARE(m_fixture->log, QStringList());
     }

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QTimer>
 
 using namespace Core;
@@ -69,6 +70,49 @@ private Q_SLOTS:
     {
         const ModalDialog dialog(ModalDialog::cancel());
         QVERIFY(!m_fixture->dialog()->execDialog());
+        QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
+    }
+
+    void theDialogEndsWhenItsPagesAreTold_data()
+    {
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("OK") << true;
+        QTest::newRow("Cancel") << false;
+    }
+
+    void theDialogEndsWhenItsPagesAreTold()
+    {
+        QFETCH(const bool, accepted);
+        OptionDialog *dialog = m_fixture->dialog();
+        QStringList byThen;
+        connect(dialog, accepted ? &QDialog::accepted : &QDialog::rejected, this,
+                [&] { byThen = m_fixture->logged("finish"); });
+        if (accepted)
+            dialog->accept();
+        else
+            dialog->reject();
+        QCOMPARE(byThen, texts({"finish a1"}));
+        QCOMPARE(dialog->result(), int(accepted ? QDialog::Accepted : QDialog::Rejected));
+    }
+
+    void aSecondOkOnlyEndsTheDialogAgain()
+    {
+        OptionDialog *dialog = m_fixture->dialog();
+        const QSignalSpy ends(dialog, &QDialog::accepted);
+        dialog->accept();
+        m_fixture->log.clear();
+        dialog->accept();
+        QCOMPARE(ends.count(), 2);
+        QCOMPARE(m_fixture->log, QStringList());
+    }
+
+    void aRunBehindAnEndHasAnEndOfItsOwn()
+    {
+        m_fixture->dialog()->reject();
+        m_fixture->log.clear();
+        const ModalDialog dialog(click({QDialogButtonBox::Ok}));
+        QVERIFY(m_fixture->dialog()->execDialog());
+        QCOMPARE(m_fixture->logged("apply"), texts({"apply a1"}));
         QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
     }
 
