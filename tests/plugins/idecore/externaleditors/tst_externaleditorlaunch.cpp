@@ -189,8 +189,10 @@ private Q_SLOTS:
         editor.program = m_dir->filePath(QStringLiteral("editor"));
         QFile script(editor.program);
         QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\necho $PPID > parent.part && mv parent.part parent\n"
-                     "while [ -d . ] && [ ! -e leave ]; do sleep 0.1; done\nmv leave left\n");
+        script.write("#!/bin/sh\nexec >/dev/null 2>&1\n"
+                     "echo $PPID >parent.part && mv parent.part parent || exit\n"
+                     "for i in $(seq 300); do [ -e leave ] && mv leave left && exit\n"
+                     "sleep 0.1; done\n");
         QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
         script.close();
 

@@ -43,23 +43,6 @@ QPushButton *okButton(QWidget *dialog)
     return dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
 }
 
-/// Counts how often a widget is painted.
-class PaintCounter final : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget) { widget->installEventFilter(this); }
-    [[nodiscard]] int count() const { return m_count; }
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++m_count;
-        return QObject::eventFilter(object, event);
-    }
-
-private:
-    int m_count = 0;
-};
-
 /// Fills the dialog that comes and accepts it.
 ModalDialog::Handler fill(const char *name, const char *program, const char *arguments)
 {
@@ -140,21 +123,6 @@ private Q_SLOTS:
         QCOMPARE(told.takeLast().constFirst().toBool(), true);
         m_table->clearSelection();
         QCOMPARE(told.takeLast().constFirst().toBool(), false);
-    }
-
-    void theSelectionIsPaintedAfterItWasTold()
-    {
-        show({editorNamed("a"), editorNamed("b")});
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
-        const PaintCounter paints(m_table->viewport());
-        int paintsWhenTold = -1;
-        connect(m_table.get(), &ExternalEditorTable::dataSelected, this,
-                [&] { paintsWhenTold = paints.count(); });
-        // Without making it current, which paints as well.
-        m_table->selectionModel()->select(model()->index(1, 0),
-                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        QCOMPARE(paintsWhenTold, 0);
-        QTRY_VERIFY(paints.count() > 0);
     }
 
     void aResetIsToldAsTheLossOfTheSelection()
