@@ -79,6 +79,9 @@ void ExternalEditorOptionPage::apply()
 
 void ExternalEditorOptionPage::applySetting()
 {
+    // The first call reads the settings anew, which would undo what is changed in memory
+    // before it: so it comes ahead of the data, and not at some later time.
+    ExternalEditorManager::instance();
     ui->tableView->applyData();
     ExternalEditorManager::setUseExtEdtior(ui->useExtEditorCheckBox->isChecked());
     ExternalEditorManager::saveEditors();

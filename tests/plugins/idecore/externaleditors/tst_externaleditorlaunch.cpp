@@ -180,6 +180,32 @@ private Q_SLOTS:
                  QFileInfo(m_dir->filePath(QStringLiteral("sub"))).canonicalFilePath());
     }
 
+    void theProgramIsNobodysChild()
+    {
+        // It tells whose child it is, and stays until it is told to go.
+        const QString record = m_dir->filePath(QStringLiteral("parent"));
+        const QString leave = m_dir->filePath(QStringLiteral("leave"));
+        ExternalEditor editor = recorderWith(QStringLiteral("%f"));
+        editor.program = m_dir->filePath(QStringLiteral("editor"));
+        QFile script(editor.program);
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\nexec >/dev/null 2>&1\n"
+                     "echo $PPID >parent.part && mv parent.part parent || exit\n"
+                     "for i in $(seq 300); do [ -e leave ] && mv leave left && exit\n"
+                     "sleep 0.1; done\n");
+        QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        script.close();
+
+        QVERIFY(editor.open(m_dir->filePath(QStringLiteral("top.v")), 1));
+
+        QTRY_VERIFY(QFile::exists(record));
+        QFile parent(record);
+        QVERIFY(parent.open(QIODevice::ReadOnly));
+        QVERIFY(parent.readAll().trimmed().toLongLong() != QCoreApplication::applicationPid());
+        QVERIFY(QFile(leave).open(QIODevice::WriteOnly));
+        QTRY_VERIFY(QFile::exists(m_dir->filePath(QStringLiteral("left"))));
+    }
+
     void theFileNeedNotExist()
     {
         const QString file = m_dir->filePath(QStringLiteral("none.v"));

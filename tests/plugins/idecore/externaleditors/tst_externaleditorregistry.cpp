@@ -8,6 +8,8 @@
 #include <idecore/core/idecore.h>
 #include <idecore/externaleditors/externaleditormanager.h>
 
+#include <QFile>
+#include <QRect>
 #include <QSettings>
 #include <QTest>
 
@@ -31,6 +33,13 @@ QStringList storedKeys()
     settings->endGroup();
     keys.sort();
     return keys;
+}
+
+bool fileHasEditors()
+{
+    // Another store of this name would write what waits in the core's.
+    QFile file(Core::IdeCore::userSettings()->fileName());
+    return file.open(QIODevice::ReadOnly) && file.readAll().contains("[external_editor]");
 }
 
 QStringList storedEntry(const char *key)
@@ -274,6 +283,28 @@ private Q_SLOTS:
                  texts({"a|/bin/last|%l", "b|/bin/b|%f"}));
     }
 
+    void theSwitchIsReadAsItIsWritten_data()
+    {
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<bool>("on");
+        QTest::newRow("true") << QVariant(true) << true;
+        QTest::newRow("false") << QVariant(false) << false;
+        QTest::newRow("1") << QVariant(1) << true;
+        QTest::newRow("0") << QVariant(0) << false;
+        QTest::newRow("empty") << QVariant(QString()) << false;
+        QTest::newRow("list") << QVariant(texts({"true", "true"})) << false;
+        QTest::newRow("rectangle") << QVariant(QRect(1, 2, 3, 4)) << false;
+    }
+
+    void theSwitchIsReadAsItIsWritten()
+    {
+        QFETCH(QVariant, stored);
+        QFETCH(bool, on);
+        CoreFixture::storeSetting(QStringLiteral("external_editor/use_external_editor"), stored);
+        const CoreFixture core(CoreFixture::Settings::Keep);
+        QCOMPARE(ExternalEditorManager::isUseExtEditor(), on);
+    }
+
     void aHugeListIsLoadedAndSaved()
     {
         constexpr int count = 10000;
@@ -306,6 +337,17 @@ private Q_SLOTS:
         QCOMPARE(Core::IdeCore::userSettings()->value(
                      QStringLiteral("external_editor/use_external_editor")),
                  QVariant(true));
+    }
+
+    void theStoreWritesTheFileInItsOwnTime()
+    {
+        const CoreFixture core;
+        Core::IdeCore::userSettings()->sync();
+        ExternalEditorManager::applyData({editorNamed("a")});
+        ExternalEditorManager::saveEditors();
+        QVERIFY(!fileHasEditors());
+        Core::IdeCore::userSettings()->sync();
+        QVERIFY(fileHasEditors());
     }
 
     void theMarkOfOthersIsAZero()
