@@ -28,6 +28,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace KeyBindings {
 
 namespace {
@@ -50,6 +52,23 @@ QPixmap warningSign(int size, qreal ratio)
     painter.drawLine(QPointF(8, 6), QPointF(8, 9.5));
     painter.drawPoint(QPointF(8, 12.3));
     return pixmap;
+}
+
+bool haveClash(const Keys &keys, const Keys &others)
+{
+    return std::any_of(keys.cbegin(), keys.cend(), [&others](const QKeySequence &key) {
+        return std::any_of(others.cbegin(), others.cend(), [&key](const QKeySequence &other) {
+            return KeyRules::clash(key, other);
+        });
+    });
+}
+
+bool anotherGivesWayTo(const Command &command, const std::vector<Command> &commands)
+{
+    return std::any_of(commands.cbegin(), commands.cend(), [&command](const Command &other) {
+        return other.id != command.id && !haveClash(other.wanted, command.wanted)
+               && haveClash(other.defaults, command.wanted);
+    });
 }
 
 } // namespace
@@ -123,14 +142,25 @@ void KeyBindingsWidget::apply()
     if (!m_model->isEdited())
         return;
     const std::vector<Command> commands = m_model->commands();
+    Keys chosen;
     for (const Command &command : commands) {
-        if (command.wanted == command.present)
-            continue;
-        if (command.wanted == command.defaults)
-            m_userKeys->reset(command.id);
-        else
-            m_userKeys->setKeys(command.id, command.wanted);
+        if (command.wanted != command.defaults
+            && (command.wanted != command.present || m_userKeys->isChosen(command.id)))
+            chosen += command.wanted;
     }
+    for (const Command &command : commands) {
+        if (command.wanted != command.defaults) {
+            if (command.wanted != command.present)
+                m_userKeys->setKeys(command.id, command.wanted);
+        } else if (haveClash(command.defaults, chosen)) {
+            // To be shared is a choice; a mere default would give way.
+            if (!m_userKeys->isChosen(command.id))
+                m_userKeys->setKeys(command.id, command.defaults);
+        } else if (m_userKeys->isChosen(command.id) && !anotherGivesWayTo(command, commands)) {
+            m_userKeys->reset(command.id);
+        }
+    }
+    m_userKeys->settle();
     m_model->setApplied();
     if (!UserKeys::canBeStored()) {
         QMessageBox::warning(Core::ViewManager::dialogParent(), tr("Keyboard"),

@@ -46,7 +46,7 @@ UserKeys::UserKeys(QObject *parent)
 {
     read();
     if (!m_keys.isEmpty())
-        serveAll();
+        settle();
 }
 
 UserKeys::~UserKeys() = default;
@@ -83,10 +83,6 @@ void UserKeys::setKeys(const QString &id, const Keys &keys)
         settings->remove(settingOf(id));
     settings->setValue(setting, KeyRules::stored(keys));
     m_keys.insert(id, keys);
-    if (!m_listens)
-        serveAll();
-    else if (IAction *proxy = ActionManager::action(id))
-        serve(proxy);
 }
 
 void UserKeys::reset(const QString &id)
@@ -95,10 +91,21 @@ void UserKeys::reset(const QString &id)
     settings->remove(settingOf(id));
     settings->remove(settingOf(KeyRules::storedId(id)));
     m_keys.remove(id);
-    const Served served = m_served.take(id);
-    if (served.proxy) {
-        disconnect(served.proxy, &QAction::changed, this, &UserKeys::onProxyChanged);
-        give(served.proxy, served.defaults);
+}
+
+void UserKeys::settle()
+{
+    findHeld();
+    if (!m_listens)
+        listen();
+    // Who learns of new keys may delete other commands.
+    QList<QPointer<IAction>> proxies;
+    const QList<IAction *> actions = ActionManager::actions();
+    for (IAction *proxy : actions)
+        proxies.append(proxy);
+    for (const QPointer<IAction> &proxy : qAsConst(proxies)) {
+        if (proxy)
+            serve(proxy);
     }
 }
 
@@ -122,28 +129,73 @@ void UserKeys::read()
     settings->endGroup();
 }
 
-void UserKeys::serveAll()
+void UserKeys::listen()
 {
     m_listens = true;
-    connect(ActionManager::instance(), &ActionManager::actionRegistered, this, &UserKeys::serve);
-    const QStringList ids = m_keys.keys();
-    for (const QString &id : ids) {
-        if (IAction *proxy = ActionManager::action(id))
-            serve(proxy);
+    connect(ActionManager::instance(), &ActionManager::actionRegistered, this,
+            &UserKeys::onRegistered);
+    const QList<IAction *> actions = ActionManager::actions();
+    for (const IAction *proxy : actions)
+        connect(proxy, &QAction::changed, this, &UserKeys::onProxyChanged);
+}
+
+void UserKeys::findHeld()
+{
+    m_held.clear();
+    for (auto it = m_keys.cbegin(); it != m_keys.cend(); ++it) {
+        for (const QKeySequence &key : it.value())
+            m_held.insert(key[0], {key, it.key()});
     }
+}
+
+const UserKeys::Held *UserKeys::holderOf(const QKeySequence &key, const QString &id) const
+{
+    for (auto it = m_held.constFind(key[0]); it != m_held.cend() && it.key() == key[0]; ++it) {
+        // One that is not there needs no key.
+        if (it->id != id && KeyRules::clash(it->key, key) && ActionManager::action(it->id))
+            return &*it;
+    }
+    return nullptr;
+}
+
+void UserKeys::onRegistered(IAction *proxy)
+{
+    connect(proxy, &QAction::changed, this, &UserKeys::onProxyChanged);
+    if (m_keys.contains(proxy->id()))
+        settle();
+    else
+        serve(proxy);
 }
 
 void UserKeys::serve(IAction *proxy)
 {
-    const auto keys = m_keys.constFind(proxy->id());
-    if (keys == m_keys.constEnd())
-        return;
-    Served &served = m_served[proxy->id()];
-    if (served.proxy != proxy) {
-        served = {proxy, proxy->shortcuts()};
-        connect(proxy, &QAction::changed, this, &UserKeys::onProxyChanged);
+    const QString id = proxy->id();
+    const Keys defaults = defaultKeys(proxy);
+    const bool chosen = m_keys.contains(id);
+    Keys wanted = chosen ? m_keys.value(id) : defaults;
+    QStringList lost;
+    if (!chosen) {
+        for (const QKeySequence &key : defaults) {
+            if (const Held *held = holderOf(key, id)) {
+                wanted.removeAll(key);
+                lost.append(
+                    QStringLiteral("%1 is left to command \"%2\", to which the user gave %3")
+                        .arg(key.toString(QKeySequence::PortableText), held->id,
+                             held->key.toString(QKeySequence::PortableText)));
+            }
+        }
     }
-    give(proxy, *keys);
+    const auto known = m_served.constFind(id);
+    const bool served = known != m_served.constEnd() && known->proxy == proxy;
+    if (served ? known->given == wanted : !chosen && lost.isEmpty())
+        return;
+    for (const QString &what : qAsConst(lost))
+        qWarning("keys of command \"%s\": %s", qUtf8Printable(id), qUtf8Printable(what));
+    if (chosen || !lost.isEmpty())
+        m_served.insert(id, {proxy, defaults, wanted});
+    else
+        m_served.remove(id);
+    give(proxy, wanted);
 }
 
 void UserKeys::give(IAction *proxy, const Keys &keys)
@@ -165,20 +217,22 @@ void UserKeys::onProxyChanged()
     if (!proxy || proxy == m_given)
         return;
     const auto served = m_served.find(proxy->id());
-    const Keys present = proxy->shortcuts();
-    const Keys wanted = m_keys.value(proxy->id());
-    if (served == m_served.end() || served->proxy != proxy || present == wanted
-        || (present.isEmpty() && isShownByDocumentsOnly(proxy)))
-        return;
-    // Its author has given it other keys, which are its default from now on; or
-    // another first key, behind which those of the user's still stand.
-    if (wanted.size() > 1 && present == wanted.mid(1))
-        served->defaults = served->defaults.mid(1);
-    else if (!present.isEmpty() && present.mid(1) == wanted.mid(1))
-        served->defaults = Keys{present.first()} + served->defaults.mid(1);
-    else
-        served->defaults = present;
-    give(proxy, wanted);
+    if (served != m_served.end() && served->proxy == proxy) {
+        const Keys present = proxy->shortcuts();
+        const Keys given = served->given;
+        if (present == given || (present.isEmpty() && isShownByDocumentsOnly(proxy)))
+            return;
+        // Its author has given it other keys, which are its default from now on; or
+        // another first key, behind which those of the user's still stand.
+        if (given.size() > 1 && present == given.mid(1))
+            served->defaults = served->defaults.mid(1);
+        else if (!present.isEmpty() && present.mid(1) == given.mid(1))
+            served->defaults = Keys{present.first()} + served->defaults.mid(1);
+        else
+            served->defaults = present;
+        served->given = present;
+    }
+    serve(proxy);
 }
 
 } // namespace KeyBindings

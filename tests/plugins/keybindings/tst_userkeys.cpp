@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "keybindingsfixture.h"
+#include "support/messagerecorder.h"
 
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
@@ -19,6 +20,7 @@ namespace {
 
 const QString Save = QStringLiteral("Core.Action.Save");
 const QString Late = QStringLiteral("Test.Late");
+const QString Chosen = QStringLiteral("Test.Chosen");
 
 /// Tells what it paints.
 class MenuProbe final : public QMenu
@@ -52,6 +54,12 @@ private Q_SLOTS:
     void keyItsAuthorSetsLaterIsItsDefault();
     void authorsMayChangeOneCommandWhenAnotherChanges();
     void keyPutAsideByADocumentStaysAside();
+    void defaultGivesWayToTheUsersKey_data();
+    void defaultGivesWayToTheUsersKey();
+    void defaultSetLaterGivesWayToTheUsersKey();
+    void keyOfACommandThatIsNotThereTakesNothing();
+    void defaultComesBackWhenTheUsersKeyGoes();
+    void userKeyThatIsTheDefaultIsKeptAgainstAnother();
     void idWithSignsOfTheSettingsIsKept_data();
     void idWithSignsOfTheSettingsIsKept();
     void idWrittenByHandAsAGroupIsUnderstood();
@@ -238,6 +246,111 @@ void TestUserKeys::keyPutAsideByADocumentStaysAside()
     QVERIFY(dialog.choose(Late));
     QTest::mouseClick(dialog.resetButton, Qt::LeftButton);
     QCOMPARE(dialog.keyList(), texts({"F2"}));
+}
+
+void TestUserKeys::defaultGivesWayToTheUsersKey_data()
+{
+    QTest::addColumn<QString>("steps");
+    QTest::addColumn<QString>("key");
+
+    QTest::newRow("comes last") << QStringLiteral("start chosen late") << QStringLiteral("F9");
+    QTest::newRow("comes before the user's")
+        << QStringLiteral("start late chosen") << QStringLiteral("F9");
+    QTest::newRow("comes before the start")
+        << QStringLiteral("late chosen start") << QStringLiteral("F9");
+    QTest::newRow("begins with the user's")
+        << QStringLiteral("start chosen late") << QStringLiteral("F9, F3");
+}
+
+void TestUserKeys::defaultGivesWayToTheUsersKey()
+{
+    QFETCH(QString, steps);
+    QFETCH(QString, key);
+    KeyBindingsFixture::store(Chosen, QStringLiteral("F9"));
+    const QKeySequence clashing(key);
+    MessageRecorder recorder;
+
+    for (const QString &step : steps.split(QLatin1Char(' '))) {
+        if (step == QLatin1String("start"))
+            m_fixture->start();
+        else if (step == QLatin1String("late"))
+            m_fixture->registerCommand(Late, {clashing});
+        else
+            m_fixture->registerCommand(Chosen, keys({"F2"}));
+    }
+
+    QCOMPARE(m_fixture->command(Chosen)->shortcuts(), keys({"F9"}));
+    QCOMPARE(m_fixture->command(Late)->shortcuts(), Keys());
+    const QString line =
+        QStringLiteral("keys of command \"Test.Late\": %1 is left to command \"Test.Chosen\", to "
+                       "which the user gave F9");
+    QCOMPARE(recorder.lines(QtWarningMsg), QStringList(line.arg(key)));
+    const PageDialog dialog;
+    QVERIFY(dialog.choose(Late));
+    QVERIFY(dialog.resetButton->isEnabled());
+    QVERIFY(!KeyBindingsFixture::stored(Late).isValid());
+}
+
+void TestUserKeys::defaultSetLaterGivesWayToTheUsersKey()
+{
+    KeyBindingsFixture::store(Chosen, QStringLiteral("F9"));
+    m_fixture->start();
+    m_fixture->registerCommand(Chosen, keys({"F2"}));
+    IAction *const late = m_fixture->registerCommand(Late, keys({"F3"}));
+    MessageRecorder recorder;
+
+    late->setShortcut(QKeySequence(Qt::Key_F9));
+    QCOMPARE(late->shortcuts(), Keys());
+    QVERIFY(!late->toolTip().contains(QLatin1String("F9")));
+    late->setShortcuts(keys({"F9", "F8"}));
+    QCOMPARE(late->shortcuts(), keys({"F8"}));
+    late->setShortcuts(keys({"F7", "F8"}));
+    QCOMPARE(late->shortcuts(), keys({"F7", "F8"}));
+
+    QCOMPARE(m_fixture->command(Chosen)->shortcuts(), keys({"F9"}));
+    QCOMPARE(recorder.lines(QtWarningMsg).size(), 2);
+}
+
+void TestUserKeys::keyOfACommandThatIsNotThereTakesNothing()
+{
+    KeyBindingsFixture::store(Chosen, QStringLiteral("F9"));
+    m_fixture->start();
+
+    QCOMPARE(m_fixture->registerCommand(Late, keys({"F9"}))->shortcuts(), keys({"F9"}));
+}
+
+void TestUserKeys::defaultComesBackWhenTheUsersKeyGoes()
+{
+    KeyBindingsFixture::store(Chosen, QStringLiteral("F9"));
+    m_fixture->start();
+    IAction *const chosen = m_fixture->registerCommand(Chosen, keys({"F2"}));
+    IAction *const late = m_fixture->registerCommand(Late, keys({"F9"}));
+    PageDialog dialog;
+    MessageRecorder recorder;
+
+    QTest::mouseClick(dialog.resetAllButton, Qt::LeftButton);
+    dialog.apply();
+
+    QCOMPARE(chosen->shortcuts(), keys({"F2"}));
+    QCOMPARE(late->shortcuts(), keys({"F9"}));
+    QCOMPARE(recorder.lines(QtWarningMsg), QStringList());
+}
+
+void TestUserKeys::userKeyThatIsTheDefaultIsKeptAgainstAnother()
+{
+    // Written by hand, and what the command has anyway.
+    KeyBindingsFixture::store(Chosen, QStringLiteral("F9"));
+    m_fixture->start();
+    m_fixture->registerCommand(Chosen, keys({"F9"}));
+    IAction *const late = m_fixture->registerCommand(Late, keys({"F9"}));
+    PageDialog dialog;
+    QVERIFY(dialog.choose(Save));
+
+    dialog.add(QKeySequence(Qt::Key_F8));
+    dialog.apply();
+
+    QCOMPARE(KeyBindingsFixture::stored(Chosen).toString(), QStringLiteral("F9"));
+    QCOMPARE(late->shortcuts(), Keys());
 }
 
 void TestUserKeys::idWithSignsOfTheSettingsIsKept_data()

@@ -117,7 +117,8 @@ void IAction::disconnectAction()
 void IAction::setShortcut(const QKeySequence &key)
 {
     QAction::setShortcut(key);
-    setToolTip(private_impl::formatToolTip(d->toolTip, key));
+    // Who is told of the key may have set another.
+    setToolTip(private_impl::formatToolTip(d->toolTip, shortcut()));
 }
 
 bool IAction::isTextUpdated() const
