@@ -32,7 +32,8 @@ const QString Other = QStringLiteral("Test.Other");
 
 enum Column { Title, KeysColumn, Id };
 
-/// Presses the button of that object name, once the question is to be seen.
+/// Presses the button of that object name, once the question is to be seen. Not with
+/// the mouse: before the question has its size, a button may have no height to hit.
 ModalDialog::Handler click(const char *name)
 {
     return [name](QWidget *box) {
