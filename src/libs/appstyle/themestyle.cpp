@@ -6,6 +6,7 @@
 #include "appstyle/contrast_p.h"
 #include "appstyle/themesigns_p.h"
 
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOption>
@@ -146,6 +147,24 @@ void markCurrentTab(const QStyleOptionTab *tab, QPainter *painter)
     painter->fillRect(bar, tab->palette.brush(QPalette::Highlight));
 }
 
+/// From which Fusion makes the colour of a window for the pages of tabs, not one so
+/// light that links and warnings cannot be read on it.
+QPalette pagePalette(const QStyleOption *option)
+{
+    QPalette palette(option->palette);
+    palette.setColor(QPalette::Button, palette.color(QPalette::Window).darker(127));
+    return palette;
+}
+
+/// The window cuts its end off before the style sees it.
+QString wholeTitle(const QStyleOptionTitleBar *bar, const QWidget *widget)
+{
+    if (!qobject_cast<const QMdiSubWindow *>(widget))
+        return bar->text;
+    return widget->windowTitle().replace(QLatin1String("[*]"),
+                                         QLatin1String(widget->isWindowModified() ? "*" : ""));
+}
+
 constexpr QStyle::SubControls TITLE_BUTTONS =
     QStyle::SubControls(QStyle::SC_TitleBarMinButton) | QStyle::SC_TitleBarMaxButton
     | QStyle::SC_TitleBarNormalButton | QStyle::SC_TitleBarCloseButton;
@@ -189,7 +208,8 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     if (active)
         plain.palette.setColor(QPalette::Text, bar->palette.color(QPalette::Highlight).darker(120));
     const QRect label = subControlRect(CC_TitleBar, bar, SC_TitleBarLabel, widget);
-    plain.text = painter->fontMetrics().elidedText(bar->text, Qt::ElideMiddle, label.width() - 20);
+    plain.text = painter->fontMetrics().elidedText(wholeTitle(bar, widget), Qt::ElideMiddle,
+                                                   label.width() - 20);
     QProxyStyle::drawComplexControl(control, &plain, painter, widget);
     for (const TitleButton &button : titleButtons) {
         const QRect rect = subControlRect(CC_TitleBar, bar, button.control, widget);
@@ -223,11 +243,18 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
             return;
         }
     }
-    QProxyStyle::drawControl(element, option, painter, widget);
-    if (element == CE_TabBarTabShape && (option->state & State_Selected)) {
-        if (const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option))
-            markCurrentTab(tab, painter);
+    const auto *tab = element == CE_TabBarTabShape && (option->state & State_Selected)
+                          ? qstyleoption_cast<const QStyleOptionTab *>(option)
+                          : nullptr;
+    if (!tab) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
     }
+    QStyleOptionTab current(*tab);
+    if (isDark(tab))
+        current.palette = pagePalette(tab);
+    QProxyStyle::drawControl(element, &current, painter, widget);
+    markCurrentTab(tab, painter);
 }
 
 void ThemeStyle::drawItemText(QPainter *painter, const QRect &rect, int flags,
@@ -269,6 +296,15 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
         break;
     default:
         break;
+    }
+    const auto *page = element == PE_FrameTabWidget && isDark(option)
+                           ? qstyleoption_cast<const QStyleOptionTabWidgetFrame *>(option)
+                           : nullptr;
+    if (page) {
+        QStyleOptionTabWidgetFrame frame(*page);
+        frame.palette = pagePalette(page);
+        QProxyStyle::drawPrimitive(element, &frame, painter, widget);
+        return;
     }
     if (!draw) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);

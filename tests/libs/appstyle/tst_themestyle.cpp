@@ -10,11 +10,14 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 
 using APPSTYLE::AppStyleManager;
@@ -65,6 +68,8 @@ private Q_SLOTS:
     void anEmptyRadioButtonIsSeen();
     void aCheckedBoxDiffersFromAnEmptyOne();
     void theCurrentTabIsMarked();
+    void textOnThePageOfATabIsReadable();
+    void titleBarsKeepTheNameAtTheEnd();
     void theEdgeOfAFieldIsSeen();
     void redTextOfAStyleSheetIsReadable();
     void iconsInSelectedRowsKeepTheirShape();
@@ -131,6 +136,36 @@ void TestThemeStyle::theCurrentTabIsMarked()
 
     QCOMPARE(image.pixelColor(tabs.tabRect(0).center().x(), tabs.tabRect(0).top()), mark);
     QVERIFY(image.pixelColor(tabs.tabRect(1).center().x(), tabs.tabRect(1).top()) != mark);
+}
+
+void TestThemeStyle::textOnThePageOfATabIsReadable()
+{
+    QTabWidget tabs;
+    tabs.addTab(new QWidget, QStringLiteral("one"));
+    tabs.resize(200, 200);
+
+    const QColor ground = tabs.grab().toImage().pixelColor(100, 120);
+
+    for (const auto role : {QPalette::WindowText, QPalette::Link, QPalette::BrightText}) {
+        const double ratio = Contrast::ratio(QApplication::palette().color(role), ground);
+        QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
+    }
+}
+
+void TestThemeStyle::titleBarsKeepTheNameAtTheEnd()
+{
+    QMdiArea area;
+    area.resize(600, 400);
+    auto *const window = area.addSubWindow(new QWidget);
+    window->resize(300, 200);
+    area.show();
+    const QString folder(120, QLatin1Char('m'));
+    const auto title = [&](const QString &name) {
+        window->setWindowTitle(folder + name);
+        return window->grab(QRect(0, 0, 300, 20)).toImage();
+    };
+
+    QVERIFY(title(QStringLiteral("/one.v")) != title(QStringLiteral("/two.v")));
 }
 
 void TestThemeStyle::theEdgeOfAFieldIsSeen()
