@@ -5,8 +5,6 @@
 #include "host.h"
 #include "translations.h"
 
-#include <appstyle/appstylemanager.h>
-
 #include <QApplication>
 #include <QLoggingCategory>
 
@@ -72,7 +70,6 @@ int main(int argc, char **argv)
     Host::turnGlOff();
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setDesktopFileName(QStringLiteral("kelmo-fpga-designer"));
-    APPSTYLE::AppStyleManager::prepare();
     const QApplication application(argc, argv);
     translations.install(QCoreApplication::applicationDirPath()
                          + QStringLiteral("/../share/translations"));

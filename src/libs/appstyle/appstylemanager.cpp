@@ -58,11 +58,6 @@ AppStyleManager *AppStyleManager::instance()
     return &manager;
 }
 
-void AppStyleManager::prepare()
-{
-    QApplication::setStyle(new ThemeStyle);
-}
-
 AppStyleManager::AppStyleManager()
     : d(std::make_unique<Private>())
 {

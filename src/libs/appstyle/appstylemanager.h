@@ -26,9 +26,6 @@ class APPSTYLE_EXPORT AppStyleManager final : public QObject
     Q_DISABLE_COPY(AppStyleManager)
 public:
     static AppStyleManager *instance();
-    /// Makes the style that of the application object to come: one that is put in its
-    /// place later has to polish every widget there is by then.
-    static void prepare();
     ~AppStyleManager() override;
 
     /// The theme by name: the one last applied, or what setCurrentTheme() noted

@@ -33,28 +33,22 @@ double contrast(const QColor &one, const QColor &other)
     return (light + 0.05) / (dark + 0.05);
 }
 
-QColor readable(const QColor &colour, const QColor &ground, double ratio, Towards towards)
+QColor readable(const QColor &colour, const QColor &ground, double ratio)
 {
+    const bool light = contrast(Qt::white, ground) > contrast(Qt::black, ground);
     const QColor hsl = colour.toHsl();
     const double start = hsl.lightnessF();
     constexpr int steps = 64;
     QColor found = colour;
     for (int step = 1; step <= steps && contrast(found, ground) < ratio; ++step) {
         const double way = double(step) / steps;
-        const double lightness =
-            towards == Towards::White ? start + (1 - start) * way : start * (1 - way);
+        const double lightness = light ? start + (1 - start) * way : start * (1 - way);
         // A grey has no hue, which is said by a negative one.
         found = QColor::fromHslF(qMax(hsl.hslHueF(), 0.0), hsl.hslSaturationF(), lightness,
                                  hsl.alphaF())
                     .toRgb();
     }
     return found;
-}
-
-QColor readable(const QColor &colour, const QColor &ground, double ratio)
-{
-    const bool light = contrast(Qt::white, ground) > contrast(Qt::black, ground);
-    return readable(colour, ground, ratio, light ? Towards::White : Towards::Black);
 }
 
 } // namespace APPSTYLE

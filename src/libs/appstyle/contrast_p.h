@@ -8,21 +8,15 @@
 
 namespace APPSTYLE {
 
-/// What WCAG level AA asks for between text and its ground, and between a sign or
-/// the edge of a control and what lies around it.
+/// What WCAG level AA asks for between text and its ground.
 constexpr double TEXT_CONTRAST = 4.5;
-constexpr double SIGN_CONTRAST = 3.0;
 
 /// The contrast ratio of WCAG, 1 to 21; transparency counts for nothing.
 [[nodiscard]] double contrast(const QColor &one, const QColor &other);
 
-enum class Towards { White, Black };
-
-/// @p colour, made lighter or darker until it has @p ratio on @p ground; as it is
-/// when it has that already, the hue and the transparency kept.
-[[nodiscard]] QColor readable(const QColor &colour, const QColor &ground, double ratio,
-                              Towards towards);
-/// The same towards what stands out from @p ground the more.
+/// @p colour, made lighter or darker, as stands out from @p ground the more, until it
+/// has @p ratio on it; as it is when it has that already, the hue and the transparency
+/// kept.
 [[nodiscard]] QColor readable(const QColor &colour, const QColor &ground, double ratio);
 
 } // namespace APPSTYLE

@@ -41,6 +41,13 @@ QPainterPath lines(QStyle::StandardPixmap sign)
         path.moveTo(8, 2);
         path.lineTo(2, 8);
         break;
+    case QStyle::SP_TitleBarMinButton:
+        path.moveTo(2, 7.5);
+        path.lineTo(8, 7.5);
+        break;
+    case QStyle::SP_TitleBarMaxButton:
+        path.addRect(QRectF(1.5, 1.5, 7, 7));
+        break;
     case QStyle::SP_TitleBarNormalButton:
         path.addRect(QRectF(1.5, 3.5, 5, 5));
         path.moveTo(3.5, 3.5);
@@ -67,12 +74,7 @@ public:
     {
         const QPalette palette = QGuiApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.x() + (rect.width() - SIDE) / 2,
-                           rect.y() + (rect.height() - SIDE) / 2);
-        painter->strokePath(lines(m_sign), QPen(palette.color(group, QPalette::WindowText), 1.2));
-        painter->restore();
+        paintThemeSign(painter, rect, m_sign, palette.color(group, QPalette::WindowText));
     }
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
@@ -100,12 +102,24 @@ private:
 
 } // namespace
 
+void paintThemeSign(QPainter *painter, const QRect &rect, QStyle::StandardPixmap sign,
+                    const QColor &colour)
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(rect.x() + (rect.width() - SIDE) / 2, rect.y() + (rect.height() - SIDE) / 2);
+    painter->strokePath(lines(sign), QPen(colour, 1.2));
+    painter->restore();
+}
+
 QIcon themeSign(QStyle::StandardPixmap sign)
 {
     switch (sign) {
     case QStyle::SP_ToolBarHorizontalExtensionButton:
     case QStyle::SP_ToolBarVerticalExtensionButton:
     case QStyle::SP_TitleBarCloseButton:
+    case QStyle::SP_TitleBarMinButton:
+    case QStyle::SP_TitleBarMaxButton:
     case QStyle::SP_TitleBarNormalButton:
         return QIcon(new SignEngine(sign));
     default:

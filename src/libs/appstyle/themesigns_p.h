@@ -7,11 +7,19 @@
 #include <QIcon>
 #include <QStyle>
 
+class QColor;
+class QPainter;
+class QRect;
+
 namespace APPSTYLE {
 
 /// The sign on the small buttons of bars and docks, drawn in the theme's colour of
 /// text; null for every other picture of a style.
 [[nodiscard]] QIcon themeSign(QStyle::StandardPixmap sign);
+
+/// Such a sign in the middle of @p rect, in @p colour.
+void paintThemeSign(QPainter *painter, const QRect &rect, QStyle::StandardPixmap sign,
+                    const QColor &colour);
 
 } // namespace APPSTYLE
 

@@ -6,7 +6,7 @@
 #include "appstyle/contrast_p.h"
 #include "appstyle/themesigns_p.h"
 
-#include <QImage>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOption>
@@ -147,6 +147,39 @@ void markCurrentTab(const QStyleOptionTab *tab, QPainter *painter)
     painter->fillRect(bar, tab->palette.brush(QPalette::Highlight));
 }
 
+/// From which Fusion makes the colour of a window for the pages of tabs, not one so
+/// light that links and warnings cannot be read on it.
+QPalette pagePalette(const QStyleOption *option)
+{
+    QPalette palette(option->palette);
+    palette.setColor(QPalette::Button, palette.color(QPalette::Window).darker(127));
+    return palette;
+}
+
+/// The window cuts its end off before the style sees it.
+QString wholeTitle(const QStyleOptionTitleBar *bar, const QWidget *widget)
+{
+    if (!qobject_cast<const QMdiSubWindow *>(widget))
+        return bar->text;
+    return widget->windowTitle().replace(QLatin1String("[*]"),
+                                         QLatin1String(widget->isWindowModified() ? "*" : ""));
+}
+
+constexpr QStyle::SubControls TITLE_BUTTONS =
+    QStyle::SubControls(QStyle::SC_TitleBarMinButton) | QStyle::SC_TitleBarMaxButton
+    | QStyle::SC_TitleBarNormalButton | QStyle::SC_TitleBarCloseButton;
+
+struct TitleButton
+{
+    QStyle::SubControl control;
+    QStyle::StandardPixmap sign;
+};
+constexpr TitleButton titleButtons[] = {
+    {QStyle::SC_TitleBarMinButton, QStyle::SP_TitleBarMinButton},
+    {QStyle::SC_TitleBarMaxButton, QStyle::SP_TitleBarMaxButton},
+    {QStyle::SC_TitleBarNormalButton, QStyle::SP_TitleBarNormalButton},
+    {QStyle::SC_TitleBarCloseButton, QStyle::SP_TitleBarCloseButton}};
+
 } // namespace
 
 ThemeStyle::ThemeStyle()
@@ -157,6 +190,41 @@ ThemeStyle::ThemeStyle()
 }
 
 ThemeStyle::~ThemeStyle() = default;
+
+void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                    QPainter *painter, const QWidget *widget) const
+{
+    const auto *bar =
+        control == CC_TitleBar ? qstyleoption_cast<const QStyleOptionTitleBar *>(option) : nullptr;
+    if (!bar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    // Fusion draws the buttons of a window that is not active in black, puts a shadow
+    // of the text's colour under the title, and cuts the name off the end of a path.
+    const bool active = bar->titleBarState & State_Active;
+    QStyleOptionTitleBar plain(*bar);
+    plain.subControls &= ~TITLE_BUTTONS;
+    if (active)
+        plain.palette.setColor(QPalette::Text, bar->palette.color(QPalette::Highlight).darker(120));
+    const QRect label = subControlRect(CC_TitleBar, bar, SC_TitleBarLabel, widget);
+    plain.text = painter->fontMetrics().elidedText(wholeTitle(bar, widget), Qt::ElideMiddle,
+                                                   label.width() - 20);
+    QProxyStyle::drawComplexControl(control, &plain, painter, widget);
+    for (const TitleButton &button : titleButtons) {
+        const QRect rect = subControlRect(CC_TitleBar, bar, button.control, widget);
+        if (!(bar->subControls & button.control) || !rect.isValid())
+            continue;
+        const QColor colour =
+            bar->palette.color(active ? QPalette::HighlightedText : QPalette::WindowText);
+        if (bar->activeSubControls & button.control) {
+            QColor ground = colour;
+            ground.setAlphaF(bar->state & State_Sunken ? 0.35 : 0.2);
+            painter->fillRect(rect, ground);
+        }
+        paintThemeSign(painter, rect, button.sign, colour);
+    }
+}
 
 void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                              const QWidget *widget) const
@@ -175,11 +243,18 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
             return;
         }
     }
-    QProxyStyle::drawControl(element, option, painter, widget);
-    if (element == CE_TabBarTabShape && (option->state & State_Selected)) {
-        if (const auto *tab = qstyleoption_cast<const QStyleOptionTab *>(option))
-            markCurrentTab(tab, painter);
+    const auto *tab = element == CE_TabBarTabShape && (option->state & State_Selected)
+                          ? qstyleoption_cast<const QStyleOptionTab *>(option)
+                          : nullptr;
+    if (!tab) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
     }
+    QStyleOptionTab current(*tab);
+    if (isDark(tab))
+        current.palette = pagePalette(tab);
+    QProxyStyle::drawControl(element, &current, painter, widget);
+    markCurrentTab(tab, painter);
 }
 
 void ThemeStyle::drawItemText(QPainter *painter, const QRect &rect, int flags,
@@ -222,6 +297,15 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     default:
         break;
     }
+    const auto *page = element == PE_FrameTabWidget && isDark(option)
+                           ? qstyleoption_cast<const QStyleOptionTabWidgetFrame *>(option)
+                           : nullptr;
+    if (page) {
+        QStyleOptionTabWidgetFrame frame(*page);
+        frame.palette = pagePalette(page);
+        QProxyStyle::drawPrimitive(element, &frame, painter, widget);
+        return;
+    }
     if (!draw) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;
@@ -245,6 +329,9 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWid
     // The desktop's icons on buttons follow the desktop's theme, not this one.
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
+    // A second, shifted text makes disabled entries of menus look blurred.
+    if (hint == SH_EtchDisabledText)
+        return 0;
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
@@ -253,30 +340,14 @@ QPixmap ThemeStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
 {
     if (mode != QIcon::Selected)
         return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
-    const QColor ground = option->palette.color(QPalette::Highlight);
-    // As the text beside it.
-    const bool light = option->palette.color(QPalette::HighlightedText).lightness() > 127;
-    const Towards towards = light ? Towards::White : Towards::Black;
-    QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
-    QRgb last = 0;
-    QRgb lastShown = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = line[x];
-            if (qAlpha(pixel) == 0)
-                continue;
-            const QRgb solid = pixel | 0xff000000;
-            // Most neighbours are of one colour.
-            if (solid != last) {
-                last = solid;
-                lastShown = readable(QColor(solid), ground, SIGN_CONTRAST, towards).rgb();
-            }
-            line[x] = (lastShown & RGB_MASK) | (pixel & ~RGB_MASK);
-        }
-    }
-    QPixmap shown = QPixmap::fromImage(image);
-    shown.setDevicePixelRatio(pixmap.devicePixelRatio());
+    // Nearly the colour of the text beside it: what is left of its own keeps the parts
+    // apart, and stands out from the highlight whatever it was.
+    QPixmap shown = pixmap;
+    QColor text = option->palette.color(QPalette::HighlightedText);
+    text.setAlphaF(0.85);
+    QPainter painter(&shown);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    painter.fillRect(QRectF({}, QSizeF(shown.size()) / shown.devicePixelRatio()), text);
     return shown;
 }
 

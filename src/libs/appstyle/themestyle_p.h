@@ -9,7 +9,7 @@
 namespace APPSTYLE {
 
 /// Fusion, with what it draws too faintly drawn so that it is seen on dark ground
-/// as on light: check boxes, the focus, the current tab, icons in selected rows.
+/// as on light: check boxes, the focus, the current tab, title bars, icons in selected rows.
 ///
 /// It keeps nothing of a palette: what is drawn follows the palette of the moment.
 class ThemeStyle final : public QProxyStyle
@@ -21,6 +21,8 @@ public:
     ThemeStyle();
     ~ThemeStyle() override;
 
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget) const override;
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override;
     /// What a style sheet has coloured too near to its ground is made readable: a
@@ -29,8 +31,8 @@ public:
                       bool enabled, const QString &text, QPalette::ColorRole role) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
-    /// Icons of selected rows keep their colours, lightened where these would be
-    /// lost in the highlight.
+    /// The one place that makes the icons of selected rows, whoever drew them: nearly
+    /// in the colour of the text beside them.
     QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
                                 const QStyleOption *option) const override;
     /// Draws the signs on the small buttons of bars and docks itself: they follow the

@@ -10,11 +10,14 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 
 using APPSTYLE::AppStyleManager;
@@ -65,10 +68,14 @@ private Q_SLOTS:
     void anEmptyRadioButtonIsSeen();
     void aCheckedBoxDiffersFromAnEmptyOne();
     void theCurrentTabIsMarked();
+    void textOnThePageOfATabIsReadable();
+    void titleBarsKeepTheNameAtTheEnd();
     void theEdgeOfAFieldIsSeen();
     void redTextOfAStyleSheetIsReadable();
-    void iconsInSelectedRowsKeepTheirOwnColours();
+    void iconsInSelectedRowsKeepTheirShape();
     void iconsInSelectedRowsAreNotLost();
+    void buttonsOfTitleBarsAreSeen_data();
+    void buttonsOfTitleBarsAreSeen();
     void signsOfSmallButtonsAreSeen_data();
     void signsOfSmallButtonsAreSeen();
 };
@@ -131,6 +138,36 @@ void TestThemeStyle::theCurrentTabIsMarked()
     QVERIFY(image.pixelColor(tabs.tabRect(1).center().x(), tabs.tabRect(1).top()) != mark);
 }
 
+void TestThemeStyle::textOnThePageOfATabIsReadable()
+{
+    QTabWidget tabs;
+    tabs.addTab(new QWidget, QStringLiteral("one"));
+    tabs.resize(200, 200);
+
+    const QColor ground = tabs.grab().toImage().pixelColor(100, 120);
+
+    for (const auto role : {QPalette::WindowText, QPalette::Link, QPalette::BrightText}) {
+        const double ratio = Contrast::ratio(QApplication::palette().color(role), ground);
+        QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
+    }
+}
+
+void TestThemeStyle::titleBarsKeepTheNameAtTheEnd()
+{
+    QMdiArea area;
+    area.resize(600, 400);
+    auto *const window = area.addSubWindow(new QWidget);
+    window->resize(300, 200);
+    area.show();
+    const QString folder(120, QLatin1Char('m'));
+    const auto title = [&](const QString &name) {
+        window->setWindowTitle(folder + name);
+        return window->grab(QRect(0, 0, 300, 20)).toImage();
+    };
+
+    QVERIFY(title(QStringLiteral("/one.v")) != title(QStringLiteral("/two.v")));
+}
+
 void TestThemeStyle::theEdgeOfAFieldIsSeen()
 {
     QLineEdit field;
@@ -156,27 +193,69 @@ void TestThemeStyle::redTextOfAStyleSheetIsReadable()
     QCOMPARE(label.styleSheet(), QStringLiteral("QLabel { color : red; }"));
 }
 
-void TestThemeStyle::iconsInSelectedRowsKeepTheirOwnColours()
+void TestThemeStyle::iconsInSelectedRowsKeepTheirShape()
 {
-    QPixmap white(16, 16);
-    white.fill(Qt::white);
+    QPixmap half(16, 16);
+    half.fill(Qt::transparent);
+    QPainter painter(&half);
+    painter.fillRect(0, 0, 8, 16, Qt::black);
+    painter.end();
 
-    const QImage image = QIcon(white).pixmap(16, 16, QIcon::Selected).toImage();
+    const QImage image = QIcon(half).pixmap(16, 16, QIcon::Selected).toImage();
 
-    QCOMPARE(image.pixelColor(8, 8), QColor(Qt::white));
+    QCOMPARE(image.pixelColor(4, 8).alpha(), 255);
+    QCOMPARE(image.pixelColor(12, 8).alpha(), 0);
 }
 
 void TestThemeStyle::iconsInSelectedRowsAreNotLost()
 {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);
-    QPixmap lost(16, 16);
-    lost.fill(highlight);
+    for (const QColor &colour : {highlight, QColor(Qt::black), QColor(Qt::white)}) {
+        QPixmap lost(16, 16);
+        lost.fill(colour);
 
-    const QImage image = QIcon(lost).pixmap(16, 16, QIcon::Selected).toImage();
+        const QImage image = QIcon(lost).pixmap(16, 16, QIcon::Selected).toImage();
 
-    QVERIFY(Contrast::ratio(image.pixelColor(8, 8), highlight) >= Contrast::SIGN);
-    // Towards the text beside it.
-    QVERIFY(image.pixelColor(8, 8).lightness() > highlight.lightness());
+        QVERIFY2(Contrast::ratio(image.pixelColor(8, 8), highlight) >= Contrast::SIGN,
+                 qPrintable(colour.name()));
+        // Towards the text beside it.
+        QVERIFY(image.pixelColor(8, 8).lightness() > highlight.lightness());
+    }
+}
+
+void TestThemeStyle::buttonsOfTitleBarsAreSeen_data()
+{
+    QTest::addColumn<bool>("active");
+    QTest::newRow("of the active window") << true;
+    QTest::newRow("of another window") << false;
+}
+
+void TestThemeStyle::buttonsOfTitleBarsAreSeen()
+{
+    QFETCH(const bool, active);
+    const QStyle *style = QApplication::style();
+    QStyleOptionTitleBar bar;
+    bar.palette = QApplication::palette();
+    bar.rect = QRect(0, 0, 300, 24);
+    bar.titleBarFlags = Qt::Window | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
+    bar.titleBarState = active ? int(QStyle::State_Active) : 0;
+    bar.state = QStyle::State_Enabled | (active ? QStyle::State_Active : QStyle::State_None);
+    bar.subControls = QStyle::SC_All;
+    QImage image(bar.rect.size(), QImage::Format_RGB32);
+    image.fill(windowColour());
+    QPainter painter(&image);
+
+    style->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);
+
+    painter.end();
+    for (const auto button : {QStyle::SC_TitleBarMinButton, QStyle::SC_TitleBarMaxButton,
+                              QStyle::SC_TitleBarCloseButton}) {
+        const QRect rect = style->subControlRect(QStyle::CC_TitleBar, &bar, button, nullptr);
+        QVERIFY(rect.isValid());
+        // The ground in a corner, where no sign is.
+        const QColor ground = image.pixelColor(rect.topLeft() + QPoint(1, 1));
+        QVERIFY(strongest(image, rect.adjusted(2, 2, -2, -2), ground) >= Contrast::SIGN);
+    }
 }
 
 void TestThemeStyle::signsOfSmallButtonsAreSeen_data()
@@ -185,6 +264,8 @@ void TestThemeStyle::signsOfSmallButtonsAreSeen_data()
     QTest::newRow("more of a bar") << QStyle::SP_ToolBarHorizontalExtensionButton;
     QTest::newRow("more of an upright bar") << QStyle::SP_ToolBarVerticalExtensionButton;
     QTest::newRow("close a dock") << QStyle::SP_TitleBarCloseButton;
+    QTest::newRow("minimise a window") << QStyle::SP_TitleBarMinButton;
+    QTest::newRow("maximise a window") << QStyle::SP_TitleBarMaxButton;
     QTest::newRow("float a dock") << QStyle::SP_TitleBarNormalButton;
 }
 

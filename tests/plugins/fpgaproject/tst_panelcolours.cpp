@@ -42,6 +42,7 @@ private Q_SLOTS:
     void rowsAreReadable();
     void signsOfFilesAreReadable_data();
     void signsOfFilesAreReadable();
+    void iconsOfFilesFollowTheTheme();
     void cleanupTestCase() { AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_CLASSIC); }
 };
 
@@ -130,6 +131,17 @@ void TestPanelColours::signsOfFilesAreReadable()
     QCOMPARE(badge.alpha(), 255);
     QVERIFY(Contrast::ratio(Qt::white, badge) >= Contrast::TEXT);
     QVERIFY(Contrast::ratio(badge, QColor(0x1d, 0x1f, 0x23)) >= Contrast::SIGN);
+}
+
+void TestPanelColours::iconsOfFilesFollowTheTheme()
+{
+    const QIcon icon = Fpga::fileIcon(Fpga::FileKind::Other);
+    AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_CLASSIC);
+    const QImage onLight = icon.pixmap(16).toImage();
+
+    AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_DARK);
+
+    QVERIFY(icon.pixmap(16).toImage() != onLight);
 }
 
 QTEST_MAIN(TestPanelColours)

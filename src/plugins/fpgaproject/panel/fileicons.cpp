@@ -5,11 +5,15 @@
 
 #include <idecore/core/ideicon.h>
 
+#include <QApplication>
 #include <QColor>
 #include <QFont>
 #include <QIcon>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
+#include <QStyleOption>
 
 namespace Fpga {
 
@@ -45,47 +49,79 @@ Sign signOf(FileKind kind)
     return {"", 0};
 }
 
-QPixmap drawn(const QIcon &sheet, const Sign &sign, int size, QIcon::Mode mode)
+/// Draws when it is shown: the sheet below the sign follows the theme.
+class FileIconEngine final : public QIconEngine
 {
-    // Not asked for by its logical size: on a fine screen that would be enlarged.
-    QPixmap pixmap(size, size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    sheet.paint(&painter, 0, 0, size, size, Qt::AlignCenter, mode);
-    const QString letters = QString::fromLatin1(sign.letters);
-    if (letters.isEmpty())
-        return pixmap;
-    const qreal unit = size / 16.0;
-    const qreal width = letters.size() > 1 ? 11.5 * unit : 8 * unit;
-    const QRectF badge(size - width, size - 8.5 * unit, width, 8.5 * unit);
-    painter.setPen(Qt::NoPen);
-    // In the highlight of a selected row the sign stands out the other way round.
-    const bool selected = mode == QIcon::Selected;
-    const QColor colour = QColor::fromRgb(sign.colour);
-    painter.setBrush(selected ? QColor(Qt::white) : colour);
-    painter.drawRoundedRect(badge, 1.6 * unit, 1.6 * unit);
-    QFont font;
-    font.setPixelSize(qMax(6, qRound(7.5 * unit)));
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(selected ? colour : QColor(Qt::white));
-    painter.drawText(badge, Qt::AlignCenter, letters);
-    return pixmap;
-}
+public:
+    explicit FileIconEngine(const Sign &sign)
+        : m_sign(sign)
+        , m_sheet(Core::ideIcon(QStringLiteral(":/core/image/editor_default.png")))
+    {
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        if (mode == QIcon::Disabled) {
+            const qreal ratio = painter->device()->devicePixelRatioF();
+            painter->drawPixmap(rect, pixmap(rect.size() * ratio, mode, state));
+            return;
+        }
+        const int size = qMin(rect.width(), rect.height());
+        QRect square(0, 0, size, size);
+        square.moveCenter(rect.center());
+        m_sheet.paint(painter, square, Qt::AlignCenter, mode);
+        const QString letters = QString::fromLatin1(m_sign.letters);
+        if (letters.isEmpty())
+            return;
+        const qreal unit = size / 16.0;
+        const qreal width = letters.size() > 1 ? 11.5 * unit : 8 * unit;
+        const QRectF badge(square.x() + size - width, square.y() + size - 8.5 * unit, width,
+                           8.5 * unit);
+        // In the highlight of a selected row the sign stands out the other way round.
+        const bool selected = mode == QIcon::Selected;
+        const QColor colour = QColor::fromRgb(m_sign.colour);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(selected ? QColor(Qt::white) : colour);
+        painter->drawRoundedRect(badge, 1.6 * unit, 1.6 * unit);
+        QFont font;
+        font.setPixelSize(qMax(6, qRound(7.5 * unit)));
+        font.setBold(true);
+        painter->setFont(font);
+        painter->setPen(selected ? colour : QColor(Qt::white));
+        painter->drawText(badge, Qt::AlignCenter, letters);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        const bool disabled = mode == QIcon::Disabled;
+        paint(&painter, QRect({}, size), disabled ? QIcon::Normal : mode, state);
+        painter.end();
+        if (!disabled)
+            return picture;
+        QStyleOption option;
+        option.palette = QApplication::palette();
+        return QApplication::style()->generatedIconPixmap(mode, picture, &option);
+    }
+
+    QString key() const override { return QStringLiteral("Fpga::FileIconEngine"); }
+    QIconEngine *clone() const override { return new FileIconEngine(m_sign); }
+
+private:
+    const Sign m_sign;
+    const QIcon m_sheet;
+};
 
 } // namespace
 
 QIcon fileIcon(FileKind kind)
 {
-    // Pixmaps must not outlive the application, so each is kept by those that show it.
-    const QIcon sheet = Core::ideIcon(QStringLiteral(":/core/image/editor_default.png"));
-    QIcon icon;
-    for (const int size : {16, 20, 24, 32, 48}) {
-        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
-            icon.addPixmap(drawn(sheet, signOf(kind), size, mode), mode);
-    }
-    return icon;
+    return QIcon(new FileIconEngine(signOf(kind)));
 }
 
 } // namespace Fpga

@@ -3,9 +3,8 @@
 
 #include <idecore/core/ideicon.h>
 
-#include <QColor>
+#include <QApplication>
 #include <QFile>
-#include <QGuiApplication>
 #include <QIconEngine>
 #include <QImage>
 #include <QImageReader>
@@ -14,6 +13,8 @@
 #include <QPixmap>
 #include <QPixmapCache>
 #include <QString>
+#include <QStyle>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -61,23 +62,16 @@ void lighten(QImage &image)
     }
 }
 
-/// Without colour and half seen through.
+/// Without colour and seen through.
 void fade(QImage &image)
 {
     for (int y = 0; y < image.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             const int grey = qGray(line[x]);
-            line[x] = qRgba(grey, grey, grey, qAlpha(line[x]) * 45 / 100);
+            line[x] = qRgba(grey, grey, grey, qAlpha(line[x]) * 60 / 100);
         }
     }
-}
-
-void colour(QImage &image, const QColor &colour)
-{
-    QPainter painter(&image);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(image.rect(), colour);
 }
 
 class IdeIconEngine final : public QIconEngine
@@ -104,11 +98,10 @@ public:
         const int side = std::min(size.width(), size.height());
         if (side <= 0)
             return {};
-        const QPalette palette = QGuiApplication::palette();
-        const QColor &selected = palette.color(QPalette::HighlightedText);
-        const QString key = QStringLiteral("ideicon:%1:%2:%3:%4:%5")
+        const QPalette palette = QApplication::palette();
+        const QString key = QStringLiteral("ideicon:%1:%2:%3:%4")
                                 .arg(m_file, QString::number(side), QString::number(mode),
-                                     QString::number(isDark(palette)), selected.name());
+                                     QString::number(palette.cacheKey()));
         QPixmap found;
         if (QPixmapCache::find(key, &found))
             return found;
@@ -117,9 +110,13 @@ public:
             lighten(image);
         if (mode == QIcon::Disabled)
             fade(image);
-        else if (mode == QIcon::Selected)
-            colour(image, selected);
         found = QPixmap::fromImage(image);
+        if (mode == QIcon::Selected) {
+            // As the style shows icons of any origin.
+            QStyleOption option;
+            option.palette = palette;
+            found = QApplication::style()->generatedIconPixmap(mode, found, &option);
+        }
         QPixmapCache::insert(key, found);
         return found;
     }
@@ -190,7 +187,7 @@ QIcon ideIcon(const QString &file)
 QIcon productIcon()
 {
     QIcon icon;
-    for (const char *size : {"24", "32", "24@2x", "32@2x", "32@3x"}) {
+    for (const char *size : {"32", "32@2x", "32@3x"}) {
         QImage image =
             readPng(QStringLiteral(":/core/image/logo/ide_logo_%1.png").arg(QLatin1String(size)));
         image.setDevicePixelRatio(1.0);

@@ -18,12 +18,13 @@ namespace Core {
 /// at two and three times its size (new@2x.png, new_16@3x.png). Those that are
 /// missing are made from the next larger one; nothing is enlarged.
 ///
-/// Follows the theme: lighter on a dark one, pale where disabled, in the colour of
-/// selected text where selected. Null when there is no such resource; pictures are
+/// Follows the theme: lighter on a dark one, pale where disabled, as the style shows
+/// all icons where selected. Null when there is no such resource; pictures are
 /// read when they are first shown. GUI thread only.
 [[nodiscard]] IDECORE_EXPORT QIcon ideIcon(const QString &file);
 
-/// The product's own, of its windows, in all sizes. GUI thread only.
+/// The product's own, of its windows: ":/core/image/logo/ide_logo_32.png", also at two
+/// and three times its size. GUI thread only.
 [[nodiscard]] IDECORE_EXPORT QIcon productIcon();
 
 } // namespace Core

@@ -9,8 +9,7 @@
 namespace Core {
 namespace private_impl {
 
-/// Gives every entry room for its icon, and the icon of the selected one the colour
-/// of its text: tinted as is usual it would vanish in the highlight.
+/// Gives every entry room for its icon.
 class CategoryListViewDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -20,9 +19,6 @@ public:
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option,
                                  const QModelIndex &index) const override;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };
 
 } // namespace private_impl
