@@ -82,16 +82,16 @@
         <translation>快捷键仅在本次运行中有效：无法写入“%1”。</translation>
     </message>
     <message>
-        <source>No command has all of these words.</source>
-        <translation>没有命令同时包含所有这些关键字。</translation>
-    </message>
-    <message>
         <source>%1 commands</source>
         <translation>%1 个命令</translation>
     </message>
     <message>
         <source>%1 of %2 commands</source>
         <translation>%1 / %2 个命令</translation>
+    </message>
+    <message>
+        <source>No such command</source>
+        <translation>没有匹配的命令</translation>
     </message>
 </context>
 <context>
