@@ -192,6 +192,8 @@ void TestTexts::initTestCase()
     // A file dialog of Qt's own.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     m_core = std::make_unique<CoreFixture>();
+    APPSTYLE::AppStyleManager::instance()->setAppStyle(
+        qEnvironmentVariable("KELMO_TEXT_THEME", APPSTYLE::THEME_CLASSIC));
     start(TEXTEDITOR_PLUGIN);
     start(FPGAPROJECT_PLUGIN);
     start(KEYBINDINGS_PLUGIN);
