@@ -86,7 +86,8 @@ KeyBindingsWidget::KeyBindingsWidget(UserKeys *userKeys, QWidget *parent)
          {std::pair{CommandModel::Title, 34}, std::pair{CommandModel::KeysColumn, 28}}) {
         m_list->resizeColumnToContents(column);
         m_list->header()->resizeSection(
-            column, std::min(m_list->header()->sectionSize(column), characters * width));
+            column,
+            std::min(m_list->header()->sectionSize(column) + 2 * width, characters * width));
     }
 }
 
