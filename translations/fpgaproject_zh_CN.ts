@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>Fpga::DeviceDialog</name>
+    <message>
+        <source>Change Device</source>
+        <translation>更改器件</translation>
+    </message>
+    <message>
+        <source>The project has no device yet.</source>
+        <translation>工程尚未选择器件。</translation>
+    </message>
+    <message>
+        <source>Now: %1</source>
+        <translation>当前：%1</translation>
+    </message>
+</context>
+<context>
     <name>Fpga::DevicePage</name>
     <message>
         <source>Device</source>
@@ -164,6 +179,10 @@
         <source>The folder does not exist.</source>
         <translation>文件夹不存在。</translation>
     </message>
+    <message>
+        <source>Change Device...</source>
+        <translation>更改器件...</translation>
+    </message>
 </context>
 <context>
     <name>Fpga::FileCreation</name>
@@ -212,6 +231,53 @@
     </message>
 </context>
 <context>
+    <name>Fpga::FileOpening</name>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>No program is named.</source>
+        <translation>未指定程序。</translation>
+    </message>
+    <message>
+        <source>There is no such program in the search path.</source>
+        <translation>搜索路径中没有此程序。</translation>
+    </message>
+    <message>
+        <source>The system refused to start it.</source>
+        <translation>系统拒绝启动它。</translation>
+    </message>
+    <message>
+        <source>The program does not exist.</source>
+        <translation>程序不存在。</translation>
+    </message>
+    <message>
+        <source>It is a folder.</source>
+        <translation>它是文件夹。</translation>
+    </message>
+    <message>
+        <source>The file is not executable.</source>
+        <translation>文件不可执行。</translation>
+    </message>
+    <message>
+        <source>External Editor</source>
+        <translation>外部编辑器</translation>
+    </message>
+    <message>
+        <source>The external editor &quot;%1&quot; could not be started.
+
+Program: %2
+Arguments: %3
+</source>
+        <translation>无法启动外部编辑器“%1”。
+
+程序：%2
+参数：%3
+</translation>
+    </message>
+</context>
+<context>
     <name>Fpga::FileTreeDelegate</name>
     <message>
         <source>top</source>
@@ -224,6 +290,10 @@
     <message>
         <source>disabled</source>
         <translation>已禁用</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>文件名</translation>
     </message>
 </context>
 <context>
@@ -261,6 +331,10 @@
     <message>
         <source>%1, changed %2</source>
         <translation>%1，修改于 %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
     </message>
 </context>
 <context>
@@ -327,6 +401,13 @@
     </message>
 </context>
 <context>
+    <name>Fpga::GoToPanel</name>
+    <message>
+        <source>Go to Project Panel</source>
+        <translation>转到工程面板</translation>
+    </message>
+</context>
+<context>
     <name>Fpga::NewFileDialog</name>
     <message>
         <source>New Verilog File</source>
@@ -373,10 +454,6 @@
         <translation>文件名(&amp;F)：</translation>
     </message>
     <message>
-        <source>Folder:</source>
-        <translation>文件夹：</translation>
-    </message>
-    <message>
         <source>Ports:</source>
         <translation>端口：</translation>
     </message>
@@ -413,6 +490,10 @@
 Do you want to replace it? What it holds is lost.</source>
         <translation>文件“%1”已存在。
 是否替换？其原有内容将丢失。</translation>
+    </message>
+    <message>
+        <source>F&amp;older:</source>
+        <translation>文件夹(&amp;O)：</translation>
     </message>
 </context>
 <context>
@@ -520,10 +601,6 @@ Do you want to replace it by an empty one? Its list of files is lost.</source>
         <translation>浏览...</translation>
     </message>
     <message>
-        <source>&amp;Name:</source>
-        <translation>名称(&amp;N)：</translation>
-    </message>
-    <message>
         <source>&amp;Folder:</source>
         <translation>文件夹(&amp;F)：</translation>
     </message>
@@ -538,6 +615,10 @@ Do you want to replace it by an empty one? Its list of files is lost.</source>
     <message>
         <source>Select Directory...</source>
         <translation>选择目录...</translation>
+    </message>
+    <message>
+        <source>Na&amp;me:</source>
+        <translation>名称(&amp;M)：</translation>
     </message>
 </context>
 <context>
@@ -709,6 +790,10 @@ Make one with File › New, or open one with File › Open.</source>
     <message>
         <source>The file is larger than %1 MB, which no project file is.</source>
         <translation>文件大于 %1 MB，不可能是工程文件。</translation>
+    </message>
+    <message>
+        <source>An element has more than %1 attributes.</source>
+        <translation>有元素的属性超过 %1 个。</translation>
     </message>
 </context>
 <context>

@@ -49,6 +49,92 @@
     </message>
 </context>
 <context>
+    <name>Core::ExternalEditorDialog</name>
+    <message>
+        <source>Display Name:</source>
+        <translation>显示名称：</translation>
+    </message>
+    <message>
+        <source>Program Path:</source>
+        <translation>程序路径：</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>浏览...</translation>
+    </message>
+    <message>
+        <source>Arguments:</source>
+        <translation>参数：</translation>
+    </message>
+    <message>
+        <source>&quot;%f&quot; for file path.
+&quot;%l&quot; for line.</source>
+        <translation>“%f”表示文件路径。
+“%l”表示行号。</translation>
+    </message>
+    <message>
+        <source>Select Executable File</source>
+        <translation>选择可执行文件</translation>
+    </message>
+    <message>
+        <source>There already has an editor named &quot;%1&quot;, please choose another name.</source>
+        <translation>已有名为“%1”的编辑器，请选择其他名称。</translation>
+    </message>
+</context>
+<context>
+    <name>Core::ExternalEditorModel</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序</translation>
+    </message>
+    <message>
+        <source>Arguments</source>
+        <translation>参数</translation>
+    </message>
+</context>
+<context>
+    <name>Core::ExternalEditorOptionPage</name>
+    <message>
+        <source>Always Use External Editor</source>
+        <translation>始终使用外部编辑器</translation>
+    </message>
+    <message>
+        <source>External editors</source>
+        <translation>外部编辑器</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>Make Default</source>
+        <translation>设为默认</translation>
+    </message>
+    <message>
+        <source>External Editor</source>
+        <translation>外部编辑器</translation>
+    </message>
+</context>
+<context>
+    <name>Core::ExternalEditorTable</name>
+    <message>
+        <source>Create an external editor</source>
+        <translation>添加外部编辑器</translation>
+    </message>
+    <message>
+        <source>Modifying editor</source>
+        <translation>修改外部编辑器</translation>
+    </message>
+</context>
+<context>
     <name>Core::IdeMainWindow</name>
     <message>
         <source>Open File</source>
@@ -232,6 +318,29 @@
     </message>
 </context>
 <context>
+    <name>Core::OptionDialog</name>
+    <message>
+        <source>This page has nothing to show.</source>
+        <translation>此页面没有可显示的内容。</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>选项</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>类别</translation>
+    </message>
+    <message>
+        <source>[*]items request restart program</source>
+        <translation>标有 [*] 的选项需重启程序后生效</translation>
+    </message>
+    <message>
+        <source>What is changed here lasts until the program ends, and no longer: the settings cannot be written to %1.</source>
+        <translation>此处的更改仅在本次运行中有效：无法将设置写入 %1。</translation>
+    </message>
+</context>
+<context>
     <name>Core::ProjectManager</name>
     <message>
         <source>Can not open project &quot;%1&quot;</source>
@@ -333,6 +442,111 @@
     <message>
         <source>&amp;Close &quot;%1&quot;</source>
         <translation>关闭“%1”(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>Core::private_impl::GeneralOptionPage</name>
+    <message>
+        <source>User Interface</source>
+        <translation>用户界面</translation>
+    </message>
+    <message>
+        <source>Language[*]:</source>
+        <translation>语言[*]：</translation>
+    </message>
+    <message>
+        <source>Toolbar Icon Size:</source>
+        <translation>工具栏图标大小：</translation>
+    </message>
+    <message>
+        <source>Theme:</source>
+        <translation>主题：</translation>
+    </message>
+    <message>
+        <source>Default New Project Directory</source>
+        <translation>新建工程的默认目录</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>浏览</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>常规</translation>
+    </message>
+    <message>
+        <source>Environment</source>
+        <translation>环境</translation>
+    </message>
+    <message>
+        <source>Simplified Chinese</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>Restart Required</source>
+        <translation>需要重启</translation>
+    </message>
+    <message>
+        <source>Theme changes will take full effect after restarting the application.</source>
+        <translation>重启程序后，主题更改才会完全生效。</translation>
+    </message>
+    <message>
+        <source>Select Directory</source>
+        <translation>选择目录</translation>
+    </message>
+</context>
+<context>
+    <name>Core::private_impl::PaneFocus</name>
+    <message>
+        <source>Next Pane</source>
+        <translation>下一个窗格</translation>
+    </message>
+    <message>
+        <source>Previous Pane</source>
+        <translation>上一个窗格</translation>
+    </message>
+</context>
+<context>
+    <name>Core::private_impl::VersionDialog</name>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;div style=&quot;font-size:12pt;line-height:130%&quot;&gt;%1&lt;/div&gt;&lt;br/&gt;Version %2 %3 build(%4)&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;div style=&quot;font-size:12pt;line-height:130%&quot;&gt;%1&lt;/div&gt;&lt;br/&gt;版本 %2 %3 内部版本（%4）&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p align=&quot;center&quot;&gt;Copyright &amp;copy; 2026 KelmoWare&lt;br/&gt;All rights reserved.&lt;/p&gt;</source>
+        <translation>&lt;p align=&quot;center&quot;&gt;版权所有 &amp;copy; 2026 KelmoWare&lt;br/&gt;保留所有权利。&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Having fun?		</source>
+        <translation>好玩吗？		</translation>
+    </message>
+    <message>
+        <source>Yep</source>
+        <translation>好玩</translation>
+    </message>
+    <message>
+        <source>You should stop this.		</source>
+        <translation>该停下来了。		</translation>
+    </message>
+    <message>
+        <source>OK~</source>
+        <translation>好吧~</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>不</translation>
+    </message>
+    <message>
+        <source>Shut Up!</source>
+        <translation>闭嘴！</translation>
     </message>
 </context>
 <context>

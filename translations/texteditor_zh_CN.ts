@@ -182,6 +182,29 @@
     </message>
 </context>
 <context>
+    <name>TextEditor::SettingsOptionPage</name>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>Editing</source>
+        <translation>编辑</translation>
+    </message>
+    <message>
+        <source>Text Editor</source>
+        <translation>文本编辑器</translation>
+    </message>
+    <message>
+        <source>The text editor has no such settings.</source>
+        <translation>文本编辑器没有此类设置。</translation>
+    </message>
+    <message>
+        <source>The text editor could not be started: %1</source>
+        <translation>无法启动文本编辑器：%1</translation>
+    </message>
+</context>
+<context>
     <name>TextEditor::TextFile</name>
     <message>
         <source>It is a folder.</source>

@@ -3,7 +3,7 @@
 
 #include "stations.h"
 
-#include "support/modaldialog.h"
+#include "dialogstations.h"
 
 #include <extsys/pluginmanager.h>
 #include <fpgaproject/fpgaprojectconstants.h>
@@ -12,7 +12,6 @@
 #include <idecore/core/constants.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/ieditor.h>
-#include <idecore/interfaces/ioptionspage.h>
 #include <idecore/interfaces/iwizardfactory.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/projects/projectmanager.h>
@@ -20,7 +19,6 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QDialog>
 #include <QFile>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -29,7 +27,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
-#include <QVBoxLayout>
 #include <QWizard>
 
 namespace {
@@ -51,16 +48,7 @@ QString file(const char *name, const QByteArray &content)
     return file.fileName();
 }
 
-/// Looks at the dialog that comes, then presses Escape.
-ModalDialog::Handler lookAt(const Look &look, const QString &name)
-{
-    return [look, name](QWidget *dialog) {
-        look(dialog, name);
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    };
-}
-
-/// The same, for a command of the menus.
+/// Looks at the dialog of a command of the menus.
 std::function<void(const Look &)> dialogOf(const char *actionId)
 {
     return [actionId](const Look &look) {
@@ -141,24 +129,6 @@ void walkWizards(const Look &look)
     }
 }
 
-void walkOptionsPages(const Look &look)
-{
-    const auto pages = ExtSys::PluginManager::instance()->getObjects<Core::IOptionsPage>();
-    for (Core::IOptionsPage *page : pages) {
-        QDialog window;
-        window.setWindowTitle(page->displayCategory());
-        QVBoxLayout layout(&window);
-        QWidget *const widget = page->widget();
-        if (widget)
-            layout.addWidget(widget);
-        window.show();
-        look(&window, QLatin1String("options page ") + page->id());
-        if (widget)
-            widget->setParent(nullptr);
-        page->finish();
-    }
-}
-
 void walkProjectErrors(const Look &look)
 {
     const QByteArray head = "<project>\n";
@@ -203,7 +173,8 @@ std::vector<Station> stations()
         {"Open", dialogOf(Core::Constants::A_FILE_OPEN)},
         {"Save Project As", dialogOf(Fpga::Constants::A_PROJECT_SAVEAS)},
         {"wizards", walkWizards},
-        {"options pages", walkOptionsPages},
+        {"Options", walkOptions},
+        {"About", walkAbout},
         {"projects that do not open", walkProjectErrors},
         {"a document with changes", walkUnsavedEditor},
     };

@@ -22,9 +22,10 @@ class QWidget;
 class TextInspection final
 {
 public:
-    using Judge = std::function<bool(const QString &text)>;
+    using Judge = std::function<bool(const QString &text, const QString &place)>;
 
-    /// @p isTranslated is asked about every text that is shown, without mnemonics.
+    /// @p isTranslated is asked about every text that is shown, without mnemonics;
+    /// the place ends in class, name and part of the widget that shows it.
     explicit TextInspection(Judge isTranslated);
 
     /// @p window is shown and laid out. @p place begins each fault.

@@ -14,6 +14,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <functional>
 
@@ -22,7 +23,7 @@ Q_DECLARE_METATYPE(Fill)
 
 namespace {
 
-bool isTranslated(const QString &text)
+bool isTranslated(const QString &text, const QString & /*place*/)
 {
     return !text.contains(QLatin1String("raw"));
 }
@@ -133,6 +134,21 @@ private Q_SLOTS:
             table->setRowCount(1);
             table->setItem(0, 0, new QTableWidgetItem(words()));
             table->setColumnWidth(0, 30);
+        });
+        row("a narrow cell of a tree with its text as tool tip", "", [](QWidget *window) {
+            auto *const tree = put<QTreeWidget>(window, wide);
+            tree->setColumnCount(2);
+            tree->setHeaderLabels({QString(), QString()});
+            auto *const item = new QTreeWidgetItem(tree, {words()});
+            item->setToolTip(0, words());
+            tree->setColumnWidth(0, 30);
+        });
+        row("a narrow cell of a tree", "no room", [](QWidget *window) {
+            auto *const tree = put<QTreeWidget>(window, wide);
+            tree->setColumnCount(2);
+            tree->setHeaderLabels({QString(), QString()});
+            (void)new QTreeWidgetItem(tree, {words()});
+            tree->setColumnWidth(0, 30);
         });
     }
 

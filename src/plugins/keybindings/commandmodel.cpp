@@ -258,7 +258,7 @@ QString CommandModel::clashText(const Command &command) const
                 titles.append(title);
         }
     }
-    return tr("Shares a key with %1").arg(titles.join(QLatin1String(", ")));
+    return tr("Shares a key with %1").arg(titles.join(tr(", ", "between the names of commands")));
 }
 
 void CommandModel::describe(std::size_t position)

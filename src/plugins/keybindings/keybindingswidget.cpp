@@ -29,6 +29,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace KeyBindings {
 
@@ -96,6 +97,15 @@ KeyBindingsWidget::KeyBindingsWidget(UserKeys *userKeys, QWidget *parent)
     connect(Core::ActionManager::instance(), &Core::ActionManager::actionRegistered, m_refresh,
             qOverload<>(&QTimer::start));
     fillList();
+    // No wider than they need to be: the ids get what is left.
+    const int width = m_list->fontMetrics().averageCharWidth();
+    for (const auto &[column, characters] :
+         {std::pair{CommandModel::Title, 34}, std::pair{CommandModel::KeysColumn, 28}}) {
+        m_list->resizeColumnToContents(column);
+        m_list->header()->resizeSection(
+            column,
+            std::min(m_list->header()->sectionSize(column) + 2 * width, characters * width));
+    }
 }
 
 KeyBindingsWidget::~KeyBindingsWidget() = default;
@@ -104,6 +114,9 @@ void KeyBindingsWidget::createList(QBoxLayout *layout)
 {
     m_filter->setObjectName(QStringLiteral("editFilter"));
     m_filter->setPlaceholderText(tr("Filter by command, menu, id or key"));
+    m_filter->setMinimumWidth(
+        m_filter->minimumSizeHint().width()
+        + m_filter->fontMetrics().horizontalAdvance(m_filter->placeholderText()));
     m_filter->setAccessibleName(tr("Filter"));
     m_filter->setClearButtonEnabled(true);
     m_filter->installEventFilter(this);
@@ -125,9 +138,6 @@ void KeyBindingsWidget::createList(QBoxLayout *layout)
     m_list->setTabKeyNavigation(false);
     m_list->header()->setSectionsMovable(false);
     m_list->header()->setStretchLastSection(true);
-    const int width = m_list->fontMetrics().averageCharWidth();
-    m_list->header()->resizeSection(CommandModel::Title, 34 * width);
-    m_list->header()->resizeSection(CommandModel::KeysColumn, 28 * width);
     layout->addWidget(m_list, 1);
 
     connect(m_filter, &QLineEdit::textChanged, this, &KeyBindingsWidget::setFilter);
@@ -241,7 +251,7 @@ void KeyBindingsWidget::showList()
     const int shown = m_model->shownCount();
     const int all = static_cast<int>(m_model->commands().size());
     if (shown == 0)
-        m_count->setText(tr("No command has all of these words."));
+        m_count->setText(tr("No such command"));
     else if (shown == all)
         m_count->setText(tr("%1 commands").arg(all));
     else

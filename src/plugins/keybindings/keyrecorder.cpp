@@ -53,6 +53,7 @@ KeyRecorder::KeyRecorder(QWidget *parent)
     // Keys are wanted, not what they would write.
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setPlaceholderText(tr("Press the keys"));
+    setMinimumWidth(minimumSizeHint().width() + fontMetrics().horizontalAdvance(placeholderText()));
 }
 
 KeyRecorder::~KeyRecorder() = default;

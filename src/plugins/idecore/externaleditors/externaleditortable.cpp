@@ -29,6 +29,11 @@ ExternalEditorTable::ExternalEditorTable(QWidget *parent)
     // The Tab key goes on to the buttons.
     setTabKeyNavigation(false);
     setModel(m_model);
+    // Columns of one width are as wide as the longest title needs.
+    int width = horizontalHeader()->minimumSectionSize();
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        width = std::max(width, horizontalHeader()->sectionSizeHint(column));
+    horizontalHeader()->setMinimumSectionSize(width);
     connect(this, &QAbstractItemView::doubleClicked, this, &ExternalEditorTable::modifyEditor);
 }
 

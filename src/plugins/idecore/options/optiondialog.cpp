@@ -118,6 +118,7 @@ void OptionDialog::currentChanged(const QModelIndex &index)
     d->visit(d->pageInTab(category, category->tabWidget->currentIndex()));
     d->stackedLayout->setCurrentWidget(category->tabWidget);
     d->headerLabel->setText(category->displayName);
+    d->makeRoom();
 }
 
 void OptionDialog::currentTabChanged(int i)

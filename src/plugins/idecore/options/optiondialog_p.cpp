@@ -216,6 +216,15 @@ IOptionsPage *OptionDialogPrivate::pageInTab(const Category *category, int tab) 
     return place < 0 ? nullptr : category->pages.at(place);
 }
 
+void OptionDialogPrivate::makeRoom()
+{
+    // The fixed minimum keeps the layout from doing it.
+    const QSize present = q->isVisible() ? q->size() : q->minimumSize();
+    const QSize needed = present.expandedTo(q->layout()->totalMinimumSize());
+    if (needed != present)
+        q->resize(needed);
+}
+
 void OptionDialogPrivate::visit(IOptionsPage *page)
 {
     if (!page)

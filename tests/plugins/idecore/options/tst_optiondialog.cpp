@@ -150,6 +150,19 @@ private Q_SLOTS:
         QCOMPARE(dialog->sizeHint(), QSize(900, 500));
     }
 
+    void itGrowsForAPageThatNeedsMore()
+    {
+        m_fixture->add("Z.Large", "A.Large")->widget()->setMinimumSize(1000, 500);
+        m_fixture->add("Y.Small", "A.Small");
+        OptionDialog *dialog = m_fixture->dialog("Y.Small", "A.Small");
+        dialog->show();
+        QCOMPARE(dialog->size(), QSize(800, 450));
+        dialog->setCurrentPage(QStringLiteral("Z.Large"), QStringLiteral("A.Large"));
+        QVERIFY(dialog->width() > 1000);
+        QVERIFY(dialog->height() > 500);
+        QCOMPARE(dialog->minimumSize(), QSize(800, 450));
+    }
+
     void theListIsSetUpForCategories()
     {
         const QListView *list = listOf(m_fixture->dialog());
