@@ -24,6 +24,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QStackedLayout>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -173,6 +174,7 @@ void OptionDialogPrivate::createTabs(Category *category)
 {
     std::stable_sort(category->pages.begin(), category->pages.end(), optionsPageLessThan);
     auto *tabs = new QTabWidget(q);
+    tabs->tabBar()->setAccessibleName(category->displayName);
     category->tabWidget = tabs;
     for (int i = 0; i < category->pages.size(); ++i)
         category->shown.append(nullptr);
