@@ -305,5 +305,27 @@ QList<QWidget *> OptionDialogPrivate::widgetsInTabOrder() const
     return widgets + buttons;
 }
 
+int OptionDialogPrivate::placeBeside(QWidget *gone, const QList<QWidget *> &widgets,
+                                     bool next) const
+{
+    const int last = widgets.size() - 1;
+    if (!gone)
+        return next ? 0 : last;
+    const auto step = [next](QWidget *widget) {
+        return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    };
+    for (QWidget *widget = step(gone); widget != q && widget != gone; widget = step(widget)) {
+        const int place = widgets.indexOf(widget);
+        if (place >= 0 && !buttonBox->isAncestorOf(widget))
+            return place;
+    }
+    // Behind the pages come the buttons.
+    for (int place = 0; next && place <= last; ++place) {
+        if (buttonBox->isAncestorOf(widgets.at(place)))
+            return place;
+    }
+    return next ? 0 : last;
+}
+
 } // namespace private_impl
 } // namespace Core
