@@ -7,29 +7,39 @@
 
 #include <extsys/iplugin.h>
 #include <extsys/pluginmanager.h>
+#include <idecore/core/constants.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/ieditor.h>
 #include <idecore/interfaces/ioptionspage.h>
 #include <idecore/interfaces/iwizardfactory.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/newdialog/thenewdialog.h>
+#include <idecore/options/optiondialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/projects/projectsaveasdlg.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
 
+#include <QAction>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPluginLoader>
 #include <QPushButton>
+#include <QStackedLayout>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWizard>
 
 #include <algorithm>
+#include <memory>
 
 // Says which there are.
 #define VERIFY_NONE(list)                                                                          \
@@ -55,7 +65,7 @@ class Workbench final
 public:
     Workbench()
     {
-        for (const char *library : {TEXTEDITOR_PLUGIN, FPGAPROJECT_PLUGIN}) {
+        for (const char *library : {TEXTEDITOR_PLUGIN, FPGAPROJECT_PLUGIN, KEYBINDINGS_PLUGIN}) {
             QPluginLoader loader(named(library));
             auto *plugin = qobject_cast<ExtSys::IPlugin *>(loader.instance());
             if (!plugin || !plugin->initialize())
@@ -130,6 +140,63 @@ private:
     ModalDialog m_dialog;
 };
 
+/// The Options dialog, not modal, as a person has opened it.
+class ShownOptions final
+{
+public:
+    explicit ShownOptions(const char *category = "A.Core", const char *page = "A.General")
+        : m_dialog(Core::OptionDialog::getOptionDialog(ViewManager::mainWindow(), named(category),
+                                                       named(page)))
+    {
+        m_dialog->show();
+        m_dialog->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_dialog.get()))
+            QTest::qFail("the Options dialog did not become active", __FILE__, __LINE__);
+    }
+    ~ShownOptions() { m_dialog->reject(); }
+    ShownOptions(const ShownOptions &) = delete;
+    ShownOptions &operator=(const ShownOptions &) = delete;
+
+    [[nodiscard]] QDialog *dialog() const { return m_dialog.get(); }
+    /// The visible one of that name.
+    template<class Widget>
+    [[nodiscard]] Widget *find(const char *name) const
+    {
+        const QList<Widget *> all = m_dialog->findChildren<Widget *>(named(name));
+        const auto found = std::find_if(all.cbegin(), all.cend(),
+                                        [](const Widget *widget) { return widget->isVisible(); });
+        if (found == all.cend())
+            qFatal("there is no %s", name);
+        return *found;
+    }
+    void choose(int row) const
+    {
+        auto *const list = find<QListView>("categoryList");
+        list->setCurrentIndex(list->model()->index(row, 0));
+        QCoreApplication::processEvents();
+    }
+    /// Those of the category that is shown.
+    [[nodiscard]] QTabWidget *tabs() const
+    {
+        return qobject_cast<QTabWidget *>(m_dialog->findChild<QStackedLayout *>()->currentWidget());
+    }
+    /// With the place of each.
+    [[nodiscard]] QStringList faults() const
+    {
+        find<QListView>("categoryList")->setFocus();
+        QStringList faults = AccessibilityWalk::pressedFaults(m_dialog.get());
+        for (QString &fault : faults) {
+            fault.prepend(find<QListView>("categoryList")->currentIndex().data().toString()
+                          + QLatin1Char('/') + tabs()->tabText(tabs()->currentIndex())
+                          + named(": "));
+        }
+        return faults;
+    }
+
+private:
+    const std::unique_ptr<Core::OptionDialog> m_dialog;
+};
+
 /// Opens a dialog and returns when it is closed.
 using Opener = void (*)(const Workbench &);
 
@@ -164,7 +231,14 @@ private Q_SLOTS:
     void thePagesOfTheProjectWizard();
     void aNewFileWithPorts();
     void closingAnEditorWithChanges();
+    void about();
+    void changingTheDevice();
     void everyOptionsPage();
+    void everyTabOfAnEditorSettingsPage();
+    void tabGoesFromATabBarIntoItsPage();
+    void anExternalEditor_data();
+    void anExternalEditor();
+    void recordingAKeyThatClashes();
 };
 
 void TestAccessibility::theEmptyMainWindow()
@@ -312,20 +386,137 @@ void TestAccessibility::closingAnEditorWithChanges()
     EditorManager::closeEditor(editor);
 }
 
+void TestAccessibility::about()
+{
+    const Workbench workbench;
+    const WalkedDialog dialog;
+
+    QVERIFY(QMetaObject::invokeMethod(ViewManager::mainWindow(), "onAboutIde"));
+
+    VERIFY_NONE(dialog.faults);
+}
+
+void TestAccessibility::changingTheDevice()
+{
+    const Workbench workbench;
+    workbench.openProject();
+    const WalkedDialog dialog;
+
+    ViewManager::mainWindow()->findChild<QAction *>(named("ChangeDevice"))->trigger();
+
+    VERIFY_NONE(dialog.faults);
+}
+
 void TestAccessibility::everyOptionsPage()
 {
     const Workbench workbench;
-    const auto pages = PluginManager::instance()->getObjects<Core::IOptionsPage>();
-    QVERIFY(!pages.isEmpty());
+    const ShownOptions options;
+    const auto *categories = options.find<QListView>("categoryList");
     QStringList faults;
-    for (Core::IOptionsPage *page : pages) {
-        // A page may have nothing to show.
-        if (QWidget *const widget = page->widget()) {
-            widget->show();
-            faults += AccessibilityWalk::faults(widget);
+    int pages = 0;
+    for (int row = 0; row < categories->model()->rowCount(); ++row) {
+        options.choose(row);
+        for (QTabWidget *tabs = options.tabs(); pages < 100;) {
+            faults += options.faults();
+            ++pages;
+            if (tabs->currentIndex() + 1 == tabs->count())
+                break;
+            tabs->setCurrentIndex(tabs->currentIndex() + 1);
         }
-        page->finish();
     }
+
+    VERIFY_NONE(faults);
+    QCOMPARE(pages, PluginManager::instance()->getObjects<Core::IOptionsPage>().size());
+}
+
+void TestAccessibility::everyTabOfAnEditorSettingsPage()
+{
+    const Workbench workbench;
+    QStringList faults;
+    int tabs = 0;
+    for (const char *page : {"A.Appearance", "B.Editing"}) {
+        const ShownOptions options("B.TextEditor", page);
+        auto *const inner = options.tabs()->currentWidget()->findChild<QTabWidget *>();
+        QVERIFY(inner);
+        for (int i = 0; i < inner->count(); ++i) {
+            inner->setCurrentIndex(i);
+            faults += options.faults();
+            ++tabs;
+        }
+    }
+
+    VERIFY_NONE(faults);
+    QVERIFY2(tabs >= 5, qPrintable(QString::number(tabs)));
+}
+
+void TestAccessibility::tabGoesFromATabBarIntoItsPage()
+{
+    const Workbench workbench;
+    const ShownOptions options("A.Core", "K.KeyBindings");
+    QTabBar *const bar = options.tabs()->tabBar();
+    bar->setFocus(Qt::TabFocusReason);
+
+    QTest::keyClick(bar, Qt::Key_Tab);
+
+    QCOMPARE(options.dialog()->focusWidget(), options.find<QWidget>("editFilter"));
+}
+
+void TestAccessibility::anExternalEditor_data()
+{
+    QTest::addColumn<bool>("modify");
+    QTest::newRow("add") << false;
+    QTest::newRow("modify") << true;
+}
+
+void TestAccessibility::anExternalEditor()
+{
+    QFETCH(bool, modify);
+    const Workbench workbench;
+    const ShownOptions options("BA.ExtEditor", "BA.ExtEditor");
+    auto *const table = options.find<QTableView>("tableView");
+    QStringList faults;
+    const auto walk = [&](QWidget *dialog) {
+        faults = AccessibilityWalk::faults(dialog);
+        dialog->findChild<QLineEdit *>(named("editName"))->setText(named("an editor"));
+        dialog->findChild<QLineEdit *>(named("editPath"))->setText(named("/bin/true"));
+        faults += AccessibilityWalk::faults(dialog);
+        static_cast<QDialog *>(dialog)->accept();
+    };
+    {
+        const ModalDialog adding(walk);
+        options.find<QPushButton>("btnAdd")->click();
+    }
+    if (modify) {
+        faults.clear();
+        table->selectRow(0);
+        const ModalDialog modifying(walk);
+        QTest::keyClick(table, Qt::Key_F2);
+    }
+    // The table with a row in it, and the buttons for it enabled.
+    table->selectRow(0);
+    faults += options.faults();
+
+    VERIFY_NONE(faults);
+}
+
+void TestAccessibility::recordingAKeyThatClashes()
+{
+    const Workbench workbench;
+    const ShownOptions options("A.Core", "K.KeyBindings");
+    options.find<QLineEdit>("editFilter")->setText(named(Core::Constants::A_FILE_OPEN));
+    auto *const recorder = options.find<QLineEdit>("editKey");
+    QVERIFY(recorder->isEnabled());
+    recorder->setFocus();
+    QTest::keyClick(recorder, Qt::Key_S, Qt::ControlModifier);
+    // Whose key it is, is told below.
+    QVERIFY(!options.find<QLabel>("labelMessage")->text().isEmpty());
+    QStringList faults = options.faults();
+
+    const ModalDialog clash([&faults](QWidget *box) {
+        faults += AccessibilityWalk::faults(box);
+        static_cast<QDialog *>(box)->reject();
+    });
+    options.find<QPushButton>("btnAdd")->click();
 
     VERIFY_NONE(faults);
 }

@@ -15,6 +15,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabBar>
@@ -58,6 +59,9 @@ private Q_SLOTS:
     void tabFromTheButtonsToAFieldIsFound();
     void tabToTheNextColumnIsNoJump();
     void tabMayBeginAnywhereInTheRing();
+    void aPressedTabUpwardsIsFound();
+    void aFieldThatKeepsTabIsFound();
+    void pressedTabsInOrderAreNoFault();
     void aButtonThatTabPassesIsFound();
     void aButtonWithALetterNeedsNoTab();
     void anActionOfTheToolBarAloneIsFound();
@@ -225,6 +229,53 @@ void TestAccessibilityWalk::tabMayBeginAnywhereInTheRing()
     show(&window);
 
     QCOMPARE(AccessibilityWalk::tabJumps(&window), QStringList());
+}
+
+void TestAccessibilityWalk::aPressedTabUpwardsIsFound()
+{
+    QWidget window;
+    auto *const layout = new QVBoxLayout(&window);
+    auto *const first = new QLineEdit;
+    auto *const second = new QLineEdit;
+    auto *const third = new QLineEdit;
+    for (QWidget *field : {first, second, third})
+        layout->addWidget(field);
+    QWidget::setTabOrder(first, third);
+    QWidget::setTabOrder(third, second);
+    show(&window);
+    first->setFocus();
+
+    QCOMPARE(AccessibilityWalk::pressedTabJumps(&window).size(), 1);
+}
+
+void TestAccessibilityWalk::aFieldThatKeepsTabIsFound()
+{
+    QWidget window;
+    auto *const layout = new QVBoxLayout(&window);
+    auto *const first = new QLineEdit;
+    layout->addWidget(first);
+    layout->addWidget(new QPlainTextEdit);
+    show(&window);
+    first->setFocus();
+
+    QCOMPARE(AccessibilityWalk::pressedTabJumps(&window),
+             QStringList(named("Tab stays in QWidget/QPlainTextEdit")));
+}
+
+void TestAccessibilityWalk::pressedTabsInOrderAreNoFault()
+{
+    QWidget window;
+    auto *const layout = new QVBoxLayout(&window);
+    auto *const first = new QLineEdit;
+    layout->addWidget(first);
+    layout->addWidget(new QLabel(named("<a href='1'>one</a> <a href='2'>two</a>")));
+    qobject_cast<QLabel *>(layout->itemAt(1)->widget())
+        ->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    layout->addWidget(new QSpinBox);
+    show(&window);
+    first->setFocus();
+
+    QCOMPARE(AccessibilityWalk::pressedTabJumps(&window), QStringList());
 }
 
 void TestAccessibilityWalk::aButtonThatTabPassesIsFound()

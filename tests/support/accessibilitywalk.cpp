@@ -20,6 +20,7 @@
 #include <QMenuBar>
 #include <QSet>
 #include <QTabBar>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWidget>
@@ -67,6 +68,8 @@ bool isPartOfControl(const QWidget *widget)
            || widget->inherits("QScrollBar")
            // The buttons with which a tab bar or a tool bar shows the rest of itself.
            || (qobject_cast<const QTabBar *>(parent) && widget->inherits("QToolButton"))
+           // What clears a line by the mouse; keys clear it in the line itself.
+           || widget->inherits("QLineEditIconButton")
            || widget->objectName() == QLatin1String("qt_toolbar_ext_button");
 }
 
@@ -226,6 +229,13 @@ void addSharedInMenu(QStringList *found, const QMenu *menu)
     addShared(found, owners);
 }
 
+bool isStep(const QWidget *widget)
+{
+    // The frame of a document is where the document is, and a text that can be copied
+    // stands before or behind its buttons.
+    return !qobject_cast<const QMdiSubWindow *>(widget) && !qobject_cast<const QLabel *>(widget);
+}
+
 } // namespace
 
 namespace AccessibilityWalk {
@@ -264,12 +274,8 @@ QStringList tabJumps(QWidget *root)
     const QWidget *const start = root->window();
     for (const QWidget *widget = start->nextInFocusChain(); widget && widget != start;
          widget = widget->nextInFocusChain()) {
-        // The frame of a document is where the document is.
         if (takesTab(widget) && !isPartOfControl(widget) && root->isAncestorOf(widget)
-            && widget->window() == start
-            && !qobject_cast<const QMdiSubWindow *>(widget)
-            // A text that can be copied stands before or behind its buttons.
-            && !qobject_cast<const QLabel *>(widget))
+            && widget->window() == start && isStep(widget))
             ring.append(widget);
     }
     // Once around it has to come back to where the eye begins.
@@ -292,6 +298,40 @@ QStringList tabJumps(QWidget *root)
                 QStringLiteral("Tab jumps from %1 to %2").arg(described(from), described(to)));
     }
     return jumps > 1 ? found : QStringList();
+}
+
+QStringList pressedTabJumps(QWidget *window)
+{
+    constexpr int MANY = 1000;
+    constexpr int MANY_LINKS = 10;
+    QStringList found;
+    QList<const QWidget *> ring;
+    const QWidget *last = nullptr;
+    for (int i = 0; i < MANY; ++i) {
+        QWidget *const focus = window->focusWidget();
+        if (!focus)
+            return {QStringLiteral("Tab finds nothing in ") + described(window)};
+        const QWidget *const spoken = isPartOfControl(focus) ? focus->parentWidget() : focus;
+        if (!ring.isEmpty() && spoken == ring.first())
+            return found;
+        if (ring.contains(spoken))
+            return {QStringLiteral("Tab does not come back from ") + described(spoken)};
+        ring.append(spoken);
+        // Now, for the next step may scroll.
+        if (isStep(spoken)) {
+            if (last && isAgainstTheEye(last, spoken)) {
+                found.append(QStringLiteral("Tab jumps from %1 to %2")
+                                 .arg(described(last), described(spoken)));
+            }
+            last = spoken;
+        }
+        // In a text it goes from link to link first.
+        for (int link = 0; link < MANY_LINKS && window->focusWidget() == focus; ++link)
+            QTest::keyClick(focus, Qt::Key_Tab);
+        if (window->focusWidget() == focus)
+            return {QStringLiteral("Tab stays in ") + described(focus)};
+    }
+    return {QStringLiteral("Tab goes on and on in ") + described(window)};
 }
 
 QStringList mouseOnlyControls(QWidget *root)
@@ -334,7 +374,8 @@ QStringList mouseOnlyActions(QWidget *root)
         }
         // Only what is shown; other widgets keep actions for the sake of their keys.
         const auto *const tool = qobject_cast<const QToolButton *>(widget);
-        if (!qobject_cast<const QToolBar *>(widget) && (!tool || takesTab(tool)))
+        if (!qobject_cast<const QToolBar *>(widget)
+            && (!tool || takesTab(tool) || isPartOfControl(tool)))
             continue;
         const QList<QAction *> actions = widget->actions();
         for (const QAction *action : actions) {
@@ -384,6 +425,12 @@ QStringList faults(QWidget *root)
 {
     return namelessControls(root) + tabJumps(root) + mouseOnlyControls(root)
            + mouseOnlyActions(root) + sharedMnemonics(root);
+}
+
+QStringList pressedFaults(QWidget *window)
+{
+    return namelessControls(window) + pressedTabJumps(window) + mouseOnlyControls(window)
+           + mouseOnlyActions(window) + sharedMnemonics(window);
 }
 
 } // namespace AccessibilityWalk

@@ -24,6 +24,10 @@ namespace AccessibilityWalk {
 /// right, back within a row, or from a dialog's buttons to what lies above them. The
 /// one from the last control to the first is none.
 [[nodiscard]] QStringList tabJumps(QWidget *root);
+/// The same of where the key really goes when it is pressed, for windows that lead it
+/// themselves: once around from the control that has the focus, which is where the eye
+/// begins. A control that never lets go of it is a fault, too.
+[[nodiscard]] QStringList pressedTabJumps(QWidget *window);
 
 /// Controls that neither Tab nor a key of their own reaches; buttons that show a
 /// command of a menu are reached there.
@@ -37,8 +41,10 @@ namespace AccessibilityWalk {
 /// is then reached at once.
 [[nodiscard]] QStringList sharedMnemonics(QWidget *root);
 
-/// All of these.
+/// All of these, with tabJumps().
 [[nodiscard]] QStringList faults(QWidget *root);
+/// All of these, with pressedTabJumps().
+[[nodiscard]] QStringList pressedFaults(QWidget *window);
 
 } // namespace AccessibilityWalk
 

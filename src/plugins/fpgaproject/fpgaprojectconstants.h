@@ -19,6 +19,17 @@ inline constexpr char A_PROJECT_SAVEAS[] = "FpgaProject.Action.SaveProjectAs";
 /// Takes the keyboard to the project panel and back.
 inline constexpr char A_PROJECT_PANEL[] = "FpgaProject.Action.GoToPanel";
 
+// Settings of the store "IDE"
+
+/// A truth: new files are proposed with a comment of their name and the date.
+inline constexpr char SET_NEW_FILE_HEADER[] = "FpgaProject/NewFileHeader";
+
+/// A line of text: who is named in that comment.
+inline constexpr char SET_AUTHOR[] = "FpgaProject/Author";
+
+/// A part: the device that is proposed for new projects.
+inline constexpr char SET_DEFAULT_DEVICE[] = "FpgaProject/DefaultDevice";
+
 } // namespace Constants
 } // namespace Fpga
 

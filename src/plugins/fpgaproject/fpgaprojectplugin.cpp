@@ -4,6 +4,7 @@
 #include <fpgaproject/fpgaprojectplugin_p.h>
 
 #include <extsys/pluginmanager.h>
+#include <fpgaproject/options/newitempage_p.h>
 #include <fpgaproject/panel/gotopanel_p.h>
 #include <fpgaproject/panel/projectpanel_p.h>
 #include <fpgaproject/project/fpgaprojectfactory.h>
@@ -27,6 +28,7 @@ bool FpgaProjectPlugin::initialize()
     for (const FileKind kind : {FileKind::Verilog, FileKind::SystemVerilog, FileKind::Vhdl,
                                 FileKind::TimingConstraint, FileKind::PhysicalConstraint})
         offer(std::make_unique<NewFileWizard>(kind));
+    offer(std::make_unique<NewItemPage>());
     m_saveAs = std::make_unique<SaveProjectAs>();
     m_panel = new ProjectPanel;
     connect(Core::ProjectManager::instance(), &Core::ProjectManager::currentProjectChanged, m_panel,

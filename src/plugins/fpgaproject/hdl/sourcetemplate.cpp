@@ -112,6 +112,16 @@ QString vhdl(const SourceTemplate &source)
                  .arg(source.module);
 }
 
+/// A line break would end the comment.
+QString onOneLine(QString text)
+{
+    for (QChar &letter : text) {
+        if (letter < QLatin1Char(' '))
+            letter = QLatin1Char(' ');
+    }
+    return text;
+}
+
 /// Comments that show how, in the language of the constraints.
 QString constraints(FileKind kind)
 {
@@ -136,12 +146,13 @@ QByteArray sourceText(const SourceTemplate &source)
         const QLatin1String comment(source.kind == FileKind::Vhdl ? "-- "
                                     : isSource(source.kind)       ? "// "
                                                                   : "# ");
-        // A line break in a name would end the comment.
-        QString name = source.fileName;
-        name.replace(QLatin1Char('\n'), QLatin1Char(' '))
-            .replace(QLatin1Char('\r'), QLatin1Char(' '));
-        text = comment + name + QLatin1Char('\n') + comment
-               + source.headerDate.toString(Qt::ISODate) + QLatin1String("\n\n");
+        text = comment + onOneLine(source.fileName) + QLatin1Char('\n') + comment
+               + source.headerDate.toString(Qt::ISODate) + QLatin1Char('\n');
+        if (!source.author.isEmpty()) {
+            text +=
+                comment + QLatin1String("Author: ") + onOneLine(source.author) + QLatin1Char('\n');
+        }
+        text += QLatin1Char('\n');
     }
     if (source.kind == FileKind::Vhdl)
         text += vhdl(source);

@@ -32,6 +32,8 @@ struct SourceTemplate
     QVector<Port> ports;
     /// A valid date puts a comment with it and the name of the file on top.
     QDate headerDate;
+    /// Named in that comment; empty for nobody.
+    QString author;
 };
 
 FPGAPROJECT_EXPORT QByteArray sourceText(const SourceTemplate &source);

@@ -4,6 +4,7 @@
 #include <fpgaproject/wizards/newfiledialog_p.h>
 
 #include <fpgaproject/file/projectdocument.h>
+#include <fpgaproject/options/newitemsettings_p.h>
 #include <fpgaproject/project/messages_p.h>
 #include <fpgaproject/wizards/filecreation_p.h>
 #include <fpgaproject/wizards/porttable_p.h>
@@ -122,6 +123,13 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
 
 NewFileDialog::~NewFileDialog() = default;
 
+void NewFileDialog::propose(const NewItemSettings &wanted)
+{
+    m_author = wanted.author;
+    m_header->setChecked(wanted.header);
+    update();
+}
+
 QString NewFileDialog::filePath() const
 {
     return QDir::cleanPath(QDir::fromNativeSeparators(m_directory->text()) + QLatin1Char('/')
@@ -139,6 +147,7 @@ SourceTemplate NewFileDialog::source() const
         source.ports = m_ports->ports();
     if (m_header->isChecked())
         source.headerDate = QDate::currentDate();
+    source.author = m_author;
     return source;
 }
 

@@ -18,6 +18,7 @@ class QPlainTextEdit;
 namespace Fpga {
 
 class PortTable;
+struct NewItemSettings;
 
 /// Asks for what a new file is to hold and writes it.
 class FPGAPROJECT_EXPORT NewFileDialog final : public QDialog
@@ -27,6 +28,9 @@ public:
     /// @p directory need not exist; it is made with the file.
     NewFileDialog(FileKind kind, const QString &directory, QWidget *parent = nullptr);
     ~NewFileDialog() override;
+
+    /// Begins with what the user wants in general.
+    void propose(const NewItemSettings &wanted);
 
     /// The path of the file; once accepted it is there.
     [[nodiscard]] QString filePath() const;
@@ -52,6 +56,8 @@ private:
     QPlainTextEdit *m_preview = nullptr;
     QLabel *m_error = nullptr;
     QDialogButtonBox *m_buttons = nullptr;
+    /// Named in the header; empty for nobody.
+    QString m_author;
     /// Until the user writes one of their own.
     bool m_fileNameFollows = true;
 };

@@ -3,6 +3,7 @@
 
 #include <fpgaproject/wizards/newfilewizard_p.h>
 
+#include <fpgaproject/options/newitemsettings_p.h>
 #include <fpgaproject/panel/fileicons_p.h>
 #include <fpgaproject/panel/fileopening_p.h>
 #include <fpgaproject/wizards/newfiledialog_p.h>
@@ -66,6 +67,7 @@ QIcon NewFileWizard::icon() const
 void NewFileWizard::runWizard(QWidget *parent, const QString &directory)
 {
     NewFileDialog dialog(m_kind, directory, parent);
+    dialog.propose(NewItemSettings::load());
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString path = dialog.filePath();

@@ -3,6 +3,7 @@
 
 #include <fpgaproject/wizards/newprojectdialog_p.h>
 
+#include <fpgaproject/options/newitemsettings_p.h>
 #include <fpgaproject/project/messages_p.h>
 #include <fpgaproject/wizards/newprojectpages_p.h>
 
@@ -28,6 +29,11 @@ NewProjectDialog::NewProjectDialog(const QString &folder, const QVector<DEV::Dev
 }
 
 NewProjectDialog::~NewProjectDialog() = default;
+
+void NewProjectDialog::propose(const NewItemSettings &wanted)
+{
+    m_device->propose(wanted.device);
+}
 
 NewProject NewProjectDialog::project() const
 {

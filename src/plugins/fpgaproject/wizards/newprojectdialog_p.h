@@ -15,6 +15,7 @@ namespace Fpga {
 
 class DevicePage;
 class PlacePage;
+struct NewItemSettings;
 
 /// Asks in three steps for name and folder, for the device, and whether all is as
 /// meant; makes the project then.
@@ -26,6 +27,9 @@ public:
     NewProjectDialog(const QString &folder, const QVector<DEV::Device> &devices,
                      QWidget *parent = nullptr);
     ~NewProjectDialog() override;
+
+    /// Begins with what the user wants in general.
+    void propose(const NewItemSettings &wanted);
 
     /// What has been said so far; once accepted it is there.
     [[nodiscard]] NewProject project() const;

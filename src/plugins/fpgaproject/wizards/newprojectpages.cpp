@@ -125,6 +125,11 @@ DeviceChoice DevicePage::choice() const
     return m_picker->choice();
 }
 
+void DevicePage::propose(const QString &part)
+{
+    m_picker->selectPart(part);
+}
+
 bool DevicePage::isComplete() const
 {
     return !m_anyDevice || m_picker->device();

@@ -48,6 +48,8 @@ public:
     ~DevicePage() override;
 
     [[nodiscard]] DeviceChoice choice() const;
+    /// Chooses @p part for a start, if there is one of that name.
+    void propose(const QString &part);
     [[nodiscard]] bool isComplete() const override;
 
 private:

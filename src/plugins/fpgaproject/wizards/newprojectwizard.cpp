@@ -4,6 +4,7 @@
 #include <fpgaproject/wizards/newprojectwizard_p.h>
 
 #include <devicedb/devicedb.h>
+#include <fpgaproject/options/newitemsettings_p.h>
 #include <fpgaproject/wizards/newprojectdialog_p.h>
 #include <idecore/core/idecore.h>
 #include <idecore/projects/projectmanager.h>
@@ -38,6 +39,7 @@ void NewProjectWizard::runWizard(QWidget *parent, const QString &directory)
     const DEV::DeviceDb *const devices = Core::IdeCore::deviceDataBase();
     NewProjectDialog dialog(Core::ProjectManager::defaultWorkDir(),
                             devices ? devices->rows() : QVector<DEV::Device>(), parent);
+    dialog.propose(NewItemSettings::load());
     if (dialog.exec() == QDialog::Accepted)
         Core::ProjectManager::openProject(dialog.project().file());
 }

@@ -17,6 +17,9 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <bitset>
+#include <cstddef>
+#include <iterator>
 
 namespace Core {
 
@@ -152,7 +155,16 @@ private:
         return m_file.left(dot) + QLatin1String(variant.ending) + m_file.mid(dot);
     }
 
-    bool exists(const Variant &variant) const { return QFile::exists(fileOf(variant)); }
+    /// Looked up once: a list asks for the size of each icon over and over.
+    bool exists(const Variant &variant) const
+    {
+        if (!m_lookedUp) {
+            m_lookedUp = true;
+            for (std::size_t i = 0; i < std::size(variants); ++i)
+                m_present[i] = QFile::exists(fileOf(variants[i]));
+        }
+        return m_present[static_cast<std::size_t>(&variant - variants)];
+    }
 
     /// The picture of @p side pixels, or the largest there is.
     QImage load(int side) const
@@ -175,6 +187,8 @@ private:
     }
 
     const QString m_file;
+    mutable bool m_lookedUp = false;
+    mutable std::bitset<std::size(variants)> m_present;
 };
 
 } // namespace

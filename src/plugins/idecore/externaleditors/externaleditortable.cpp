@@ -23,6 +23,8 @@ ExternalEditorTable::ExternalEditorTable(QWidget *parent)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     setSelectionBehavior(QAbstractItemView::SelectRows);
+    // Numbers that mean nothing, and a corner that only the mouse would reach.
+    verticalHeader()->hide();
     // A long path keeps its end, which is the program.
     setWordWrap(false);
     setTextElideMode(Qt::ElideMiddle);

@@ -193,7 +193,9 @@ bool OptionDialog::focusNextPrevChild(bool next)
         return false;
     const int count = widgets.size();
     const int now = widgets.indexOf(focusWidget());
-    const int then = now < 0 ? (next ? 0 : count - 1) : (now + (next ? 1 : count - 1)) % count;
+    int then = (now + (next ? 1 : count - 1)) % count;
+    if (now < 0)
+        then = d->placeBeside(focusWidget(), widgets, next);
     widgets.at(then)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
 }

@@ -25,6 +25,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QStackedLayout>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -177,6 +178,7 @@ void OptionDialogPrivate::createTabs(Category *category)
 {
     std::stable_sort(category->pages.begin(), category->pages.end(), optionsPageLessThan);
     auto *tabs = new QTabWidget(q);
+    tabs->tabBar()->setAccessibleName(category->displayName);
     category->tabWidget = tabs;
     for (int i = 0; i < category->pages.size(); ++i)
         category->shown.append(nullptr);
@@ -323,6 +325,28 @@ QList<QWidget *> OptionDialogPrivate::widgetsInTabOrder() const
         return mirrored ? one->x() > other->x() : one->x() < other->x();
     });
     return widgets + buttons;
+}
+
+int OptionDialogPrivate::placeBeside(QWidget *gone, const QList<QWidget *> &widgets,
+                                     bool next) const
+{
+    const int last = widgets.size() - 1;
+    if (!gone)
+        return next ? 0 : last;
+    const auto step = [next](QWidget *widget) {
+        return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    };
+    for (QWidget *widget = step(gone); widget != q && widget != gone; widget = step(widget)) {
+        const int place = widgets.indexOf(widget);
+        if (place >= 0 && !buttonBox->isAncestorOf(widget))
+            return place;
+    }
+    // Behind the pages come the buttons.
+    for (int place = 0; next && place <= last; ++place) {
+        if (buttonBox->isAncestorOf(widgets.at(place)))
+            return place;
+    }
+    return next ? 0 : last;
 }
 
 } // namespace private_impl

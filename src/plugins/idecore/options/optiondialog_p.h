@@ -57,6 +57,9 @@ struct OptionDialogPrivate
     void showWhetherStored(bool stored);
     /// What the Tab key reaches, the buttons behind the pages, which are made later.
     [[nodiscard]] QList<QWidget *> widgetsInTabOrder() const;
+    /// The place in @p widgets of what comes next to @p gone, which Tab does not reach
+    /// (any more): a button is disabled by its own click. It may be null.
+    [[nodiscard]] int placeBeside(QWidget *gone, const QList<QWidget *> &widgets, bool next) const;
 
     OptionDialog *const q;
     QLabel *headerLabel = nullptr;

@@ -3,12 +3,15 @@
 
 #include <texteditor/engine/settingspages_p.h>
 
+#include <texteditor/engine/foreignform_p.h>
+
 #include <KTextEditor/ConfigPage>
 #include <KTextEditor/Editor>
 
 #include <KSharedConfig>
 
 #include <QScrollArea>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace TextEditor {
@@ -65,6 +68,15 @@ QWidget *create(SettingsPage page)
         return nullptr;
     }
     removeUnwanted(contents);
+    nameControls(contents);
+    orderControls(contents);
+    if (auto *const tabs = contents->findChild<QTabWidget *>()) {
+        tabs->tabBar()->setAccessibleName(contents->name());
+        // Only one of them is seen at a time.
+        for (int i = 0; i < tabs->count(); ++i)
+            freeLetters(tabs->widget(i));
+    }
+    area->setAccessibleName(contents->name());
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(contents);
