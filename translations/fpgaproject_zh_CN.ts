@@ -540,6 +540,37 @@ Do you want to replace it? What it holds is lost.</source>
     </message>
 </context>
 <context>
+    <name>Fpga::NewItemPage</name>
+    <message>
+        <source>New Files and Projects</source>
+        <translation>新建文件与工程</translation>
+    </message>
+    <message>
+        <source>FPGA Project</source>
+        <translation>FPGA 工程</translation>
+    </message>
+    <message>
+        <source>&amp;Begin new files with a comment of their name and the date</source>
+        <translation>在新建文件开头加入文件名和日期注释(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Named in the comment; nobody when empty</source>
+        <translation>写入注释；留空则不写作者</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation type="unfinished">无</translation>
+    </message>
+    <message>
+        <source>A&amp;uthor:</source>
+        <translation>作者(&amp;U)：</translation>
+    </message>
+    <message>
+        <source>&amp;Device of new projects:</source>
+        <translation>新建工程的器件(&amp;D)：</translation>
+    </message>
+</context>
+<context>
     <name>Fpga::NewProject</name>
     <message>
         <source>Please enter a name for new project.</source>

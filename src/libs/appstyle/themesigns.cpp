@@ -107,7 +107,10 @@ void paintThemeSign(QPainter *painter, const QRect &rect, QStyle::StandardPixmap
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->translate(rect.x() + (rect.width() - SIDE) / 2, rect.y() + (rect.height() - SIDE) / 2);
+    // On whole pixels.
+    const QPoint corner(rect.x() + (rect.width() - SIDE) / 2,
+                        rect.y() + (rect.height() - SIDE) / 2);
+    painter->translate(corner);
     painter->strokePath(lines(sign), QPen(colour, 1.2));
     painter->restore();
 }

@@ -262,7 +262,7 @@ void ThemeStyle::drawItemText(QPainter *painter, const QRect &rect, int flags,
                               QPalette::ColorRole role) const
 {
     if (enabled && role == QPalette::WindowText) {
-        const QColor given = palette.color(role);
+        const QColor &given = palette.color(role);
         const QColor shown = readable(given, palette.color(QPalette::Window), TEXT_CONTRAST);
         if (shown != given) {
             QPalette changed(palette);

@@ -87,7 +87,7 @@ QModelIndex CommandModel::indexOf(const QString &id) const
         // In the order of the commands.
         const auto it = std::lower_bound(shown.cbegin(), shown.cend(), *position);
         if (it != shown.cend() && *it == *position)
-            return createIndex(static_cast<int>(it - shown.cbegin()), 0, quintptr(place + 1));
+            return createIndex(static_cast<int>(it - shown.cbegin()), 0, quintptr{place} + 1);
     }
     return QModelIndex();
 }
@@ -317,13 +317,13 @@ void CommandModel::findClashes()
     };
     for (std::size_t i = 0; i < m_commands.size(); ++i) {
         m_rows[i].clashes = false;
-        for (const QKeySequence &key : m_commands[i].wanted) {
+        for (const QKeySequence &key : qAsConst(m_commands[i].wanted)) {
             if (beginsWithAnother(key) || counts.value(key) > 1)
                 m_rows[i].clashes = true;
         }
     }
     for (std::size_t i = 0; i < m_commands.size(); ++i) {
-        for (const QKeySequence &key : m_commands[i].wanted) {
+        for (const QKeySequence &key : qAsConst(m_commands[i].wanted)) {
             if (begins.contains(key))
                 m_rows[i].clashes = true;
         }

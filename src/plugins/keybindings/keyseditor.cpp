@@ -270,7 +270,7 @@ void KeysEditor::addRecorded()
     const QKeySequence key = m_recorder->key();
     if (!command || key.isEmpty() || !obstacleTo(key).refusal.isEmpty())
         return;
-    if (give(command->id, command->wanted + Keys{key}, {key})) {
+    if (give(QString(command->id), command->wanted + Keys{key}, {key})) {
         m_recorder->setKey(QKeySequence());
         showCurrent();
     }
@@ -299,7 +299,7 @@ void KeysEditor::resetCurrent()
     Keys fresh = command->defaults;
     for (const QKeySequence &key : command->wanted)
         fresh.removeAll(key);
-    if (give(command->id, command->defaults, fresh)) {
+    if (give(QString(command->id), Keys(command->defaults), fresh)) {
         showCurrent();
         m_recorder->setFocus(Qt::OtherFocusReason);
     }
@@ -313,12 +313,9 @@ void KeysEditor::resetAll()
 
 bool KeysEditor::give(const QString &id, const Keys &keys, const Keys &fresh)
 {
-    // The list may be filled anew while the user is asked.
-    const QString receiver = id;
-    const Keys wanted = keys;
     QHash<QString, Keys> others;
-    for (const QKeySequence &key : Keys(fresh)) {
-        const std::vector<const Command *> holders = m_model->holdersOf(key, receiver);
+    for (const QKeySequence &key : fresh) {
+        const std::vector<const Command *> holders = m_model->holdersOf(key, id);
         if (holders.empty())
             continue;
         QHash<QString, Keys> left = others;
@@ -332,7 +329,7 @@ bool KeysEditor::give(const QString &id, const Keys &keys, const Keys &fresh)
     }
     for (auto it = others.cbegin(); it != others.cend(); ++it)
         m_model->setWanted(it.key(), it.value());
-    m_model->setWanted(receiver, wanted);
+    m_model->setWanted(id, keys);
     return true;
 }
 

@@ -70,7 +70,8 @@ private:
     void resetAll();
     /// Gives @p keys to command @p id, after the user has said what is to become
     /// of the other commands with @p fresh ones of them. False when that was
-    /// cancelled.
+    /// cancelled. None of the arguments may lie in the model, whose list may be
+    /// filled anew while the user is asked.
     bool give(const QString &id, const Keys &keys, const Keys &fresh);
     [[nodiscard]] Choice ask(const QKeySequence &key, const QString &holders);
 
