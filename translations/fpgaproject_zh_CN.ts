@@ -559,7 +559,7 @@ Do you want to replace it? What it holds is lost.</source>
     </message>
     <message>
         <source>none</source>
-        <translation type="unfinished">无</translation>
+        <translation>无</translation>
     </message>
     <message>
         <source>A&amp;uthor:</source>

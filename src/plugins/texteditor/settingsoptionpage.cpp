@@ -6,6 +6,7 @@
 #include <texteditor/editorfactory.h>
 
 #include <QLabel>
+#include <QTabBar>
 
 namespace TextEditor {
 
@@ -35,7 +36,12 @@ QWidget *SettingsOptionPage::widget()
     QString reason;
     EditorEngine *const engine = m_factory->engine(&reason);
     m_widget = engine ? engine->createSettingsPage(m_page) : nullptr;
-    if (!m_widget) {
+    if (m_widget) {
+        m_widget->setAccessibleName(displayName());
+        const QList<QTabBar *> bars = m_widget->findChildren<QTabBar *>();
+        for (QTabBar *bar : bars)
+            bar->setAccessibleName(displayName());
+    } else {
         auto *const label =
             new QLabel(engine ? tr("The text editor has no such settings.")
                               : tr("The text editor could not be started: %1").arg(reason));

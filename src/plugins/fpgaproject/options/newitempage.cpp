@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -49,6 +50,9 @@ void NewItemPage::createFields(QFormLayout *form)
     m_author = new QLineEdit(wanted.author);
     m_author->setObjectName(QStringLiteral("editAuthor"));
     m_author->setPlaceholderText(tr("Named in the comment; nobody when empty"));
+    const QFontMetrics metrics = m_author->fontMetrics();
+    m_author->setMinimumWidth(metrics.horizontalAdvance(m_author->placeholderText())
+                              + 2 * metrics.averageCharWidth());
     m_device = new QComboBox;
     m_device->setObjectName(QStringLiteral("comboDefaultDevice"));
     m_device->addItem(tr("none"), QString());

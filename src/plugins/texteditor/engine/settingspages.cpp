@@ -71,12 +71,10 @@ QWidget *create(SettingsPage page)
     nameControls(contents);
     orderControls(contents);
     if (auto *const tabs = contents->findChild<QTabWidget *>()) {
-        tabs->tabBar()->setAccessibleName(contents->name());
         // Only one of them is seen at a time.
         for (int i = 0; i < tabs->count(); ++i)
             freeLetters(tabs->widget(i));
     }
-    area->setAccessibleName(contents->name());
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(contents);

@@ -160,13 +160,6 @@ private Q_SLOTS:
 
     void anIconHasItsOwnColours() { QVERIFY(holds(drawn(redIcon(), false), Qt::red)); }
 
-    void theIconOfTheSelectedEntryHasTheColourOfItsText()
-    {
-        const QImage image = drawn(redIcon(), true);
-        QVERIFY(holds(image, Qt::green));
-        QVERIFY(!holds(image, Qt::red));
-    }
-
     void anIconWithoutAPictureIsDrawnInSilence()
     {
         const QTemporaryDir folder;
