@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -27,22 +28,35 @@ void Splash::showMessage(const QString &text)
     // The event loop does not run yet, and a click here must do nothing.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents
                                     | QEventLoop::ExcludeSocketNotifiers);
-    repaint();
+    // Each message is paid for by the start, so only its line is painted.
+    repaint(messageRect());
 }
 
-void Splash::paintEvent(QPaintEvent *)
+QRect Splash::textRect() const
+{
+    return rect().adjusted(28, 24, -24, -20);
+}
+
+QRect Splash::messageRect() const
+{
+    const QRect text = textRect();
+    return {text.left(), text.center().y(), text.width(), rect().bottom() - text.center().y()};
+}
+
+void Splash::paintEvent(QPaintEvent *event)
 {
     const QColor background(0x1f, 0x2a, 0x36);
     const QColor accent(0x3d, 0xae, 0xe9);
     QPainter painter(this);
-    painter.fillRect(rect(), background);
-    painter.fillRect(QRect(0, 0, 6, height()), accent);
-    const QRect inner = rect().adjusted(28, 24, -24, -20);
+    painter.fillRect(event->rect(), background);
     // One font for both: each further one is searched, loaded and rendered anew.
-    painter.setPen(Qt::white);
-    painter.drawText(inner, Qt::AlignTop | Qt::AlignLeft,
-                     QCoreApplication::applicationName() + QLatin1Char(' ')
-                         + QCoreApplication::applicationVersion());
+    if (!messageRect().contains(event->rect())) {
+        painter.fillRect(QRect(0, 0, 6, height()), accent);
+        painter.setPen(Qt::white);
+        painter.drawText(textRect(), Qt::AlignTop | Qt::AlignLeft,
+                         QCoreApplication::applicationName() + QLatin1Char(' ')
+                             + QCoreApplication::applicationVersion());
+    }
     painter.setPen(QColor(0xc0, 0xc8, 0xd0));
-    painter.drawText(inner, Qt::AlignBottom | Qt::AlignLeft, m_message);
+    painter.drawText(textRect(), Qt::AlignBottom | Qt::AlignLeft, m_message);
 }

@@ -22,6 +22,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    [[nodiscard]] QRect textRect() const;
+    [[nodiscard]] QRect messageRect() const;
+
     QString m_message;
 };
 

@@ -202,6 +202,9 @@ QIcon productIcon()
 {
     QIcon icon;
     for (const char *size : {"32", "32@2x", "32@3x"}) {
+        // All of them are handed to the display; no other screen has use for it.
+        if (qstrcmp(size, "32@3x") == 0 && qGuiApp->devicePixelRatio() <= 2)
+            break;
         QImage image =
             readPng(QStringLiteral(":/core/image/logo/ide_logo_%1.png").arg(QLatin1String(size)));
         image.setDevicePixelRatio(1.0);
