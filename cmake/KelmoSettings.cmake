@@ -64,8 +64,3 @@ if(KELMO_COVERAGE)
     target_compile_options(kelmo_settings INTERFACE --coverage)
     target_link_options(kelmo_settings INTERFACE --coverage)
 endif()
-
-# What a library calls of its own needs no search through all others, which every
-# start would pay for.
-add_link_options(
-    "$<$<IN_LIST:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY;MODULE_LIBRARY>:LINKER:-Bsymbolic-functions>")
