@@ -10,6 +10,11 @@
 #include <QRect>
 #include <QString>
 #include <QStringList>
+#include <QTest>
+
+// The machine may be busy with other tests.
+#define SOON_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 20000)
+#define SOON_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 20000)
 
 /// The program running as a process of its own, driven through the X server.
 ///

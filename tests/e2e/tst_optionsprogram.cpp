@@ -12,9 +12,6 @@
 
 #include <initializer_list>
 
-// The machine may be busy with other tests.
-#define SOON_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 20000)
-
 namespace {
 
 QString named(const char *text)

@@ -12,10 +12,6 @@
 
 #include <memory>
 
-// The machine may be busy with other tests.
-#define SOON_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 20000)
-#define SOON_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 20000)
-
 /// The program with a plugin of somebody else's: its panels of priorities 10, 90 and 50
 /// at the bottom, and its requests to open and close a project.
 class TestPlugin final : public QObject

@@ -12,9 +12,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-// The machine may be busy with other tests.
-#define SOON_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 20000)
-
 class TestUserKeysProgram final : public QObject
 {
     Q_OBJECT

@@ -13,10 +13,6 @@
 
 #include <csignal>
 
-// The machine may be busy with other tests.
-#define SOON_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 20000)
-#define SOON_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 20000)
-
 class TestWorkbench final : public QObject
 {
     Q_OBJECT
