@@ -253,6 +253,19 @@ private Q_SLOTS:
         endWell(&program);
     }
 
+    void aStartLoadsNoReaderOfPicturesAndNoEditor()
+    {
+        Program program;
+        QCOMPARE(program.start(), QString());
+        QFile maps(QStringLiteral("/proc/%1/maps").arg(program.pid()));
+        QVERIFY(maps.open(QIODevice::ReadOnly));
+        const QByteArray loaded = maps.readAll();
+        QVERIFY(loaded.contains("libTextEditor.so"));
+        for (const char *library : {"/imageformats/", "libQt5Svg", "libTextEditorEngine", "libKF5"})
+            QVERIFY2(!loaded.contains(library), library);
+        endWell(&program);
+    }
+
 private:
     static bool isMaximised(const Program &program)
     {
