@@ -90,6 +90,14 @@ private Q_SLOTS:
         m_page->finish();
     }
 
+    void theWidgetGoesWithThePage()
+    {
+        auto page = std::make_unique<GeneralOptionPage>();
+        const QPointer<QWidget> widget = page->widget();
+        page.reset();
+        QVERIFY(!widget);
+    }
+
     void theWidgetMayGoBefore()
     {
         delete m_page->widget();
@@ -325,6 +333,19 @@ private Q_SLOTS:
                      "Theme changes will take full effect after restarting the application."));
         QCOMPARE(message.icon(), int(QMessageBox::Information));
         QCOMPARE(message.parentOfDialog(), ViewManager::mainWindow());
+    }
+
+    void aThemeThatWasAppliedIsNotNewAgain()
+    {
+        box("comboBoxTheme")->setCurrentText(QStringLiteral("Dark"));
+        {
+            const ModalDialog message(ModalDialog::press(QMessageBox::Ok));
+            m_page->apply();
+        }
+        IdeCore::userSettings()->setValue(QStringLiteral("TextEditor/ColorScheme"),
+                                          QStringLiteral("probe"));
+        m_page->apply();
+        QCOMPARE(stored("TextEditor/ColorScheme"), QVariant(QStringLiteral("probe")));
     }
 
     void theThemeIsStoredBeforeItIsShownAndTheSchemeBehind()
