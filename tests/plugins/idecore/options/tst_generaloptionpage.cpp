@@ -527,6 +527,16 @@ private Q_SLOTS:
         QCOMPARE(ProjectManager::workDir(), QStringLiteral("/before"));
     }
 
+    void clearAndOkTakeTheDirectoryAway()
+    {
+        ProjectManager::setDefaultWorkDir(QStringLiteral("/before"));
+        inOptions([this](OptionDialog *dialog) {
+            button("btnClearProjectPath")->click();
+            dialog->accept();
+        });
+        QCOMPARE(stored("Core/DefaultWorkDir"), QVariant(QString()));
+    }
+
     void browsingTakesTheChosenDirectory()
     {
         const QTemporaryDir folder;

@@ -241,6 +241,16 @@ private Q_SLOTS:
         QCOMPARE(placeOfNewDialog(), QStringLiteral("category B/tab b1"));
     }
 
+    void aCategoryThatIsNotThereAnyMoreGivesWayToTheFirst()
+    {
+        TestPage *third = m_fixture->add("C", "c1");
+        delete m_dialog;
+        m_dialog = m_fixture->dialog("C", "c1");
+        m_dialog->reject();
+        m_fixture->remove(third);
+        QCOMPARE(placeOfNewDialog(), QStringLiteral("category A/tab a1"));
+    }
+
     void anInvalidIndexChangesNothing()
     {
         m_dialog->currentChanged(QModelIndex());
