@@ -278,6 +278,28 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
     }
 
+    void aPageMayShowItselfInAnotherDialogWhenItIsApplied()
+    {
+        TestPage *second = m_fixture->add("A", "a2");
+        m_page->onApply = [second] {
+            OptionDialog other(nullptr);
+            other.setCurrentPage(QStringLiteral("A"), QStringLiteral("a2"));
+            QVERIFY(other.isAncestorOf(second->shown));
+            other.reject();
+        };
+        const ModalDialog dialog([](QWidget *widget) {
+            tabsOf(widget)->setCurrentIndex(1);
+            tabsOf(widget)->setCurrentIndex(0);
+            buttonOf(widget, QDialogButtonBox::Ok)->click();
+        });
+        QVERIFY(m_fixture->dialog("A", "a1")->execDialog());
+        QStringList applied = m_fixture->logged("apply");
+        applied.sort();
+        QCOMPARE(applied, texts({"apply a1", "apply a2"}));
+        QCOMPARE(m_fixture->logged("finish"),
+                 texts({"finish a1", "finish a2", "finish a1", "finish a2"}));
+    }
+
     void theDialogMayBeCancelledWhileAPageIsApplied()
     {
         m_page->onApply = [this] { m_fixture->dialog()->reject(); };
