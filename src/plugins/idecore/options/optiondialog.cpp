@@ -42,6 +42,9 @@ OptionDialog::~OptionDialog()
     if (!d->told)
         d->finish();
     d->releaseWidgets();
+    // A page that belongs to a widget of the dialog goes after all that is told of it.
+    for (IOptionsPage *page : qAsConst(d->pages))
+        page->disconnect(this);
 }
 
 OptionDialog *OptionDialog::getOptionDialog(QWidget *parent, const QString &category,
