@@ -300,15 +300,27 @@ private Q_SLOTS:
         QVERIFY2(box.text().contains(named("\nArguments: none\n")), qPrintable(box.text()));
     }
 
-    void manyArgumentsAreShortened()
+    void aLineFeedInTheMessageIsWritten()
+    {
+        const Panel panel({named("two\nlines.v")});
+        ExternalEditorManager::applyData({{named("e"), named("/no/e"), named("%f"), true}});
+        ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+        panel.open({named("two\nlines.v")});
+        QVERIFY2(box.text().contains(named("two\\nlines.v")), qPrintable(box.text()));
+    }
+
+    void longTextsAreShortened()
     {
         const Panel panel({named("a.v")});
         ExternalEditorManager::applyData(
-            {{named("e"), named("/no/e"), named("token ").repeated(5000), true}});
+            {{named("name").repeated(5000), named("/no/e").repeated(5000),
+              named("token ").repeated(5000), true}});
         ModalDialog box(ModalDialog::press(QMessageBox::Ok));
         panel.open({named("a.v")});
-        QVERIFY2(box.text().contains(named("token token")), qPrintable(box.text()));
-        QVERIFY(box.text().size() < 700);
+        QVERIFY(box.text().contains(named("namename")));
+        QVERIFY(box.text().contains(named("/no/e/no/e")));
+        QVERIFY(box.text().contains(named("token token")));
+        QVERIFY2(box.text().size() < 1700, qPrintable(box.text()));
     }
 
     void itIsSaidOnceAndAllOpenInside()
@@ -318,6 +330,31 @@ private Q_SLOTS:
         const ModalDialog box(ModalDialog::press(QMessageBox::Ok)); // a second one would hang
         panel.open(texts({"a.v", "b.v", "c.v"}));
         QVERIFY(panel.isInside("a.v") && panel.isInside("b.v") && panel.isInside("c.v"));
+    }
+
+    void whatHasStartedDoesNotOpenInsideToo()
+    {
+        const Panel panel({named("a.v"), named("rtl/b.v"), named("rtl/c.v")});
+        // There is one beside the first file only.
+        ExternalEditor editor = recorderNamed("outside");
+        editor.program = named("./editor");
+        QVERIFY(QFile::link(LaunchRecorder::program(), panel.folder.path(named("editor"))));
+        ExternalEditorManager::applyData({editor});
+        const ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+        panel.open(texts({"a.v", "rtl/b.v", "rtl/c.v"}));
+        QCOMPARE(panel.recorder.waitForOne().arguments, panel.expected("a.v"));
+        QVERIFY(!panel.isInside("a.v"));
+        QVERIFY(panel.isInside("rtl/b.v") && panel.isInside("rtl/c.v"));
+    }
+
+    void ofSeveralFilesOnlyTextGoesOutside()
+    {
+        const Panel panel({named("a.v"), named("picture.bin")});
+        panel.folder.put(named("picture.bin"), QByteArray("\x00\x01\x02\xff\xfe\x00", 6));
+        panel.open(texts({"a.v", "picture.bin"}));
+        QCOMPARE(panel.recorder.waitForOne().arguments, panel.expected("a.v"));
+        QVERIFY(!panel.isInside("a.v"));
+        QVERIFY(panel.isInside("picture.bin"));
     }
 
     void openWithListsTheEditors()

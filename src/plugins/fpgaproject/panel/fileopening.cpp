@@ -28,7 +28,7 @@ using Core::EditorManager;
 using Core::ExternalEditor;
 using Core::ExternalEditorManager;
 
-/// What a message shows of a long list of arguments.
+/// What a message shows of a long text.
 constexpr int SHOWN_LENGTH = 500;
 
 struct FileOpening final
@@ -53,6 +53,11 @@ int knownLine(const QString &file)
     return open ? std::max(1, open->currentLine()) : 1;
 }
 
+QString shortened(const QString &text)
+{
+    return text.size() <= SHOWN_LENGTH ? text : text.left(SHOWN_LENGTH) + QChar(0x2026);
+}
+
 /// The arguments as one line, those that would be read wrongly in quotation marks.
 QString shown(const QStringList &arguments)
 {
@@ -65,8 +70,7 @@ QString shown(const QStringList &arguments)
             std::none_of(argument.begin(), argument.end(), [](QChar c) { return c.isSpace(); });
         list.append(plain ? argument : QLatin1Char('"') + argument + QLatin1Char('"'));
     }
-    const QString line = list.join(QLatin1Char(' '));
-    return line.size() <= SHOWN_LENGTH ? line : line.left(SHOWN_LENGTH) + QChar(0x2026);
+    return shortened(list.join(QLatin1Char(' ')));
 }
 
 /// Why @p program, as started in @p folder, did not start.
@@ -96,7 +100,7 @@ void showNotStarted(const ExternalEditor &editor, const QString &file, int line)
         FileOpening::tr("External Editor"),
         FileOpening::tr(
             "The external editor \"%1\" could not be started.\n\nProgram: %2\nArguments: %3\n")
-            .arg(editor.name, QDir::toNativeSeparators(editor.program),
+            .arg(shortened(editor.name), shortened(QDir::toNativeSeparators(editor.program)),
                  shown(editor.argumentsFor(file, line))),
         reason(editor.program, QFileInfo(file).absolutePath()));
 }
