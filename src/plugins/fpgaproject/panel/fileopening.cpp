@@ -14,8 +14,10 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -66,11 +68,37 @@ QString shown(const QStringList &arguments)
     QStringList list;
     for (QString argument : arguments) {
         argument.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+        argument.replace(QLatin1Char('\r'), QLatin1String("\\r"));
         const bool plain =
             std::none_of(argument.begin(), argument.end(), [](QChar c) { return c.isSpace(); });
         list.append(plain ? argument : QLatin1Char('"') + argument + QLatin1Char('"'));
     }
     return shortened(list.join(QLatin1Char(' ')));
+}
+
+/// Why the system does not run the executable @p file.
+QString refusal(const QString &file)
+{
+    QFile program(file);
+    // Reading a pipe would wait for who writes into it.
+    if (QFileInfo(file).isFile() && program.open(QIODevice::ReadOnly)) {
+        const QByteArray beginning = program.read(256);
+        if (beginning.startsWith("#!")) {
+            // To the first blank; a carriage return belongs to the name.
+            const QString line = QFile::decodeName(beginning.mid(2).split('\n').constFirst());
+            const QString runner =
+                line.split(QRegularExpression(QStringLiteral("[ \t]")), Qt::SkipEmptyParts)
+                    .value(0);
+            if (!runner.isEmpty() && !QFileInfo::exists(runner)) {
+                return FileOpening::tr("The program %1, which is to run it, does not exist.")
+                    .arg(shown({runner}));
+            }
+        } else if (!beginning.startsWith("\177ELF")) {
+            return FileOpening::tr(
+                "It is neither a program nor a script that names its interpreter.");
+        }
+    }
+    return FileOpening::tr("The system refused to start it.");
 }
 
 /// Why @p program, as started in @p folder, did not start.
@@ -79,9 +107,9 @@ QString reason(const QString &program, const QString &folder)
     if (program.isEmpty())
         return FileOpening::tr("No program is named.");
     if (!program.contains(QLatin1Char('/'))) {
-        if (QStandardPaths::findExecutable(program).isEmpty())
-            return FileOpening::tr("There is no such program in the search path.");
-        return FileOpening::tr("The system refused to start it.");
+        const QString found = QStandardPaths::findExecutable(program);
+        return found.isEmpty() ? FileOpening::tr("There is no such program in the search path.")
+                               : refusal(found);
     }
     const QFileInfo file(QDir(folder), program);
     if (!file.exists())
@@ -90,7 +118,7 @@ QString reason(const QString &program, const QString &folder)
         return FileOpening::tr("It is a folder.");
     if (!file.isExecutable())
         return FileOpening::tr("The file is not executable.");
-    return FileOpening::tr("The system refused to start it.");
+    return refusal(file.filePath());
 }
 
 void showNotStarted(const ExternalEditor &editor, const QString &file, int line)
