@@ -276,6 +276,14 @@ Arguments: %3
 参数：%3
 </translation>
     </message>
+    <message>
+        <source>The program %1, which is to run it, does not exist.</source>
+        <translation>用于运行它的程序 %1 不存在。</translation>
+    </message>
+    <message>
+        <source>It is neither a program nor a script that names its interpreter.</source>
+        <translation>它既不是程序，也不是指明了解释器的脚本。</translation>
+    </message>
 </context>
 <context>
     <name>Fpga::FileTreeDelegate</name>

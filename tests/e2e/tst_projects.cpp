@@ -4,11 +4,13 @@
 // Projects from the first to the last day, with keys, clicks and a real drag.
 
 #include "program.h"
+#include "support/launchrecorder.h"
 #include "support/testhome.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -26,6 +28,17 @@ QStringList recentProjects()
 QStringList recentFiles()
 {
     return storedPaths(QStringLiteral("Core/RecentFiles"));
+}
+
+/// Lets files open in that program always.
+void storeExternalEditor(const QString &program)
+{
+    QSettings settings(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"),
+                       QSettings::IniFormat);
+    settings.setValue(QStringLiteral("external_editor/editor0"),
+                      QStringList{QStringLiteral("mine"), program, QStringLiteral("%f +%l"),
+                                  QStringLiteral("1")});
+    settings.setValue(QStringLiteral("external_editor/use_external_editor"), true);
 }
 
 /// Into the blank part of the project panel, below its few files.
@@ -149,6 +162,53 @@ private Q_SLOTS:
         SOON_COMPARE(recentFiles(), QStringList{path(QStringLiteral("blinky/rtl/blinky.v"))});
         program.picture(QStringLiteral("example-file"));
         endWell(&program);
+    }
+
+    void aFileOpensInTheExternalEditorWhereItStandsInside()
+    {
+        const QString project = copyOfTheExample();
+        const QString source = path(QStringLiteral("blinky/rtl/blinky.v"));
+        const LaunchRecorder recorder;
+        storeExternalEditor(LaunchRecorder::program());
+        Program program;
+        QCOMPARE(program.start({QStringLiteral("-prj"), project}), QString());
+        SOON_COMPARE(recentProjects(), QStringList{project});
+        clickIntoPanel(program);
+        program.keys({QStringLiteral("Home"), QStringLiteral("Down"), QStringLiteral("Return")});
+        const LaunchRecorder::Launch first = recorder.waitForOne();
+        QCOMPARE(first.arguments, (QStringList{source, QStringLiteral("+1")}));
+        QCOMPARE(first.folder, path(QStringLiteral("blinky/rtl")));
+        QCOMPARE(recentFiles(), QStringList());
+
+        // Open With, this program, and to the third line.
+        program.keys({QStringLiteral("Menu"), QStringLiteral("Down"), QStringLiteral("Down"),
+                      QStringLiteral("Right")});
+        program.picture(QStringLiteral("external-open-with"));
+        program.key(QStringLiteral("Return"));
+        SOON_COMPARE(recentFiles(), QStringList{source});
+        program.keys({QStringLiteral("ctrl+Home"), QStringLiteral("Down"), QStringLiteral("Down"),
+                      QStringLiteral("alt+1"), QStringLiteral("Return")});
+        const LaunchRecorder::Launch second = recorder.wait(2).value(1);
+        QCOMPARE(second.arguments, (QStringList{source, QStringLiteral("+3")}));
+        end(program);
+    }
+
+    void anExternalEditorThatDoesNotStartIsNamed()
+    {
+        const QString project = copyOfTheExample();
+        storeExternalEditor(QStringLiteral("/no/such/editor"));
+        Program program;
+        QCOMPARE(program.start({QStringLiteral("-prj"), project}), QString());
+        SOON_COMPARE(recentProjects(), QStringList{project});
+        clickIntoPanel(program);
+        program.keys({QStringLiteral("Home"), QStringLiteral("Down"), QStringLiteral("Return")});
+        QVERIFY(program.waitForActive(QStringLiteral("External Editor")));
+        program.picture(QStringLiteral("external-not-started"));
+        QCOMPARE(recentFiles(), QStringList());
+        program.key(QStringLiteral("Return"));
+        SOON_COMPARE(recentFiles(), QStringList{path(QStringLiteral("blinky/rtl/blinky.v"))});
+        QVERIFY(program.waitForActive(MAIN_WINDOW));
+        end(program);
     }
 
     void filesOfAnotherProgramAreDroppedOnThePanel()

@@ -26,6 +26,8 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <sys/stat.h>
+
 #include <memory>
 
 using Core::EditorManager;
@@ -132,6 +134,22 @@ public:
 private:
     Fpga::FpgaProject m_project;
     Fpga::ProjectPanel m_panel;
+};
+
+/// Looks into @p folder first for programs, for the duration of a scope.
+class SearchPath final
+{
+public:
+    explicit SearchPath(const QString &folder)
+    {
+        qputenv("PATH", QFile::encodeName(folder) + ':' + m_before);
+    }
+    ~SearchPath() { qputenv("PATH", m_before); }
+    SearchPath(const SearchPath &) = delete;
+    SearchPath &operator=(const SearchPath &) = delete;
+
+private:
+    const QByteArray m_before = qgetenv("PATH");
 };
 
 } // namespace
@@ -253,8 +271,25 @@ private Q_SLOTS:
                                 << "It is a folder.";
         QTest::newRow("not executable") << "./plain"
                                         << "The file is not executable.";
-        QTest::newRow("no program") << "./broken"
-                                    << "The system refused to start it.";
+        QTest::newRow("broken") << "./broken"
+                                << "The system refused to start it.";
+        QTest::newRow("text") << "./text"
+                              << "It is neither a program nor a script that names its interpreter.";
+        QTest::newRow("text on the path")
+            << "text"
+            << "It is neither a program nor a script that names its interpreter.";
+        QTest::newRow("empty file")
+            << "./none"
+            << "It is neither a program nor a script that names its interpreter.";
+        QTest::newRow("script") << "./script"
+                                << "The program /no/shell, which is to run it, does not exist.";
+        QTest::newRow("script of another system")
+            << "./other"
+            << R"(The program /bin/sh\r, which is to run it, does not exist.)";
+        QTest::newRow("script of a folder") << "./folder"
+                                            << "The system refused to start it.";
+        QTest::newRow("pipe") << "./pipe"
+                              << "The system refused to start it.";
         QTest::newRow("empty") << ""
                                << "No program is named.";
         QTest::newRow("markup") << "/no/<b>%1</b>"
@@ -268,10 +303,20 @@ private Q_SLOTS:
         const Panel panel({named("a b.v")});
         panel.folder.put(named("plain"));
         // Executable, but for no machine.
-        QFile broken(panel.folder.put(named("broken"), QByteArray("\x7f"
-                                                                  "ELF\x7f\x7f",
-                                                                  6)));
-        QVERIFY(broken.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        const QList<QPair<const char *, QByteArray>> programs{
+            {"broken", "\177ELF\177\177"},
+            {"text", "exit\n"},
+            {"none", ""},
+            {"script", "#! /no/shell -x\nexit\n"},
+            {"other", "#!/bin/sh\r\nexit\r\n"},
+            {"folder", "#!/bin\nexit\n"},
+        };
+        for (const auto &[name, contents] : programs) {
+            QFile file(panel.folder.put(named(name), contents));
+            QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        }
+        QCOMPARE(mkfifo(QFile::encodeName(panel.folder.path(named("pipe"))).constData(), 0700), 0);
+        const SearchPath path(panel.folder.path());
         ExternalEditorManager::applyData(
             {{named("my <i>%2</i>"), program, named("-g %f +%l"), true}});
         Qt::TextFormat format = Qt::AutoText;
@@ -300,15 +345,27 @@ private Q_SLOTS:
         QVERIFY2(box.text().contains(named("\nArguments: none\n")), qPrintable(box.text()));
     }
 
-    void manyArgumentsAreShortened()
+    void aLineFeedInTheMessageIsWritten()
+    {
+        const Panel panel({named("two\nlines.v")});
+        ExternalEditorManager::applyData({{named("e"), named("/no/e"), named("%f"), true}});
+        ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+        panel.open({named("two\nlines.v")});
+        QVERIFY2(box.text().contains(named("two\\nlines.v")), qPrintable(box.text()));
+    }
+
+    void longTextsAreShortened()
     {
         const Panel panel({named("a.v")});
         ExternalEditorManager::applyData(
-            {{named("e"), named("/no/e"), named("token ").repeated(5000), true}});
+            {{named("name").repeated(5000), named("/no/e").repeated(5000),
+              named("token ").repeated(5000), true}});
         ModalDialog box(ModalDialog::press(QMessageBox::Ok));
         panel.open({named("a.v")});
-        QVERIFY2(box.text().contains(named("token token")), qPrintable(box.text()));
-        QVERIFY(box.text().size() < 700);
+        QVERIFY(box.text().contains(named("namename")));
+        QVERIFY(box.text().contains(named("/no/e/no/e")));
+        QVERIFY(box.text().contains(named("token token")));
+        QVERIFY2(box.text().size() < 1700, qPrintable(box.text()));
     }
 
     void itIsSaidOnceAndAllOpenInside()
@@ -318,6 +375,31 @@ private Q_SLOTS:
         const ModalDialog box(ModalDialog::press(QMessageBox::Ok)); // a second one would hang
         panel.open(texts({"a.v", "b.v", "c.v"}));
         QVERIFY(panel.isInside("a.v") && panel.isInside("b.v") && panel.isInside("c.v"));
+    }
+
+    void whatHasStartedDoesNotOpenInsideToo()
+    {
+        const Panel panel({named("a.v"), named("rtl/b.v"), named("rtl/c.v")});
+        // There is one beside the first file only.
+        ExternalEditor editor = recorderNamed("outside");
+        editor.program = named("./editor");
+        QVERIFY(QFile::link(LaunchRecorder::program(), panel.folder.path(named("editor"))));
+        ExternalEditorManager::applyData({editor});
+        const ModalDialog box(ModalDialog::press(QMessageBox::Ok));
+        panel.open(texts({"a.v", "rtl/b.v", "rtl/c.v"}));
+        QCOMPARE(panel.recorder.waitForOne().arguments, panel.expected("a.v"));
+        QVERIFY(!panel.isInside("a.v"));
+        QVERIFY(panel.isInside("rtl/b.v") && panel.isInside("rtl/c.v"));
+    }
+
+    void ofSeveralFilesOnlyTextGoesOutside()
+    {
+        const Panel panel({named("a.v"), named("picture.bin")});
+        panel.folder.put(named("picture.bin"), QByteArray("\x00\x01\x02\xff\xfe\x00", 6));
+        panel.open(texts({"a.v", "picture.bin"}));
+        QCOMPARE(panel.recorder.waitForOne().arguments, panel.expected("a.v"));
+        QVERIFY(!panel.isInside("a.v"));
+        QVERIFY(panel.isInside("picture.bin"));
     }
 
     void openWithListsTheEditors()

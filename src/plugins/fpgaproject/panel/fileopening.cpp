@@ -14,8 +14,10 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -28,7 +30,7 @@ using Core::EditorManager;
 using Core::ExternalEditor;
 using Core::ExternalEditorManager;
 
-/// What a message shows of a long list of arguments.
+/// What a message shows of a long text.
 constexpr int SHOWN_LENGTH = 500;
 
 struct FileOpening final
@@ -53,6 +55,11 @@ int knownLine(const QString &file)
     return open ? std::max(1, open->currentLine()) : 1;
 }
 
+QString shortened(const QString &text)
+{
+    return text.size() <= SHOWN_LENGTH ? text : text.left(SHOWN_LENGTH) + QChar(0x2026);
+}
+
 /// The arguments as one line, those that would be read wrongly in quotation marks.
 QString shown(const QStringList &arguments)
 {
@@ -61,12 +68,37 @@ QString shown(const QStringList &arguments)
     QStringList list;
     for (QString argument : arguments) {
         argument.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+        argument.replace(QLatin1Char('\r'), QLatin1String("\\r"));
         const bool plain =
             std::none_of(argument.begin(), argument.end(), [](QChar c) { return c.isSpace(); });
         list.append(plain ? argument : QLatin1Char('"') + argument + QLatin1Char('"'));
     }
-    const QString line = list.join(QLatin1Char(' '));
-    return line.size() <= SHOWN_LENGTH ? line : line.left(SHOWN_LENGTH) + QChar(0x2026);
+    return shortened(list.join(QLatin1Char(' ')));
+}
+
+/// Why the system does not run the executable @p file.
+QString refusal(const QString &file)
+{
+    QFile program(file);
+    // Reading a pipe would wait for who writes into it.
+    if (QFileInfo(file).isFile() && program.open(QIODevice::ReadOnly)) {
+        const QByteArray beginning = program.read(256);
+        if (beginning.startsWith("#!")) {
+            // To the first blank; a carriage return belongs to the name.
+            const QString line = QFile::decodeName(beginning.mid(2).split('\n').constFirst());
+            const QString runner =
+                line.split(QRegularExpression(QStringLiteral("[ \t]")), Qt::SkipEmptyParts)
+                    .value(0);
+            if (!runner.isEmpty() && !QFileInfo::exists(runner)) {
+                return FileOpening::tr("The program %1, which is to run it, does not exist.")
+                    .arg(shown({runner}));
+            }
+        } else if (!beginning.startsWith("\177ELF")) {
+            return FileOpening::tr(
+                "It is neither a program nor a script that names its interpreter.");
+        }
+    }
+    return FileOpening::tr("The system refused to start it.");
 }
 
 /// Why @p program, as started in @p folder, did not start.
@@ -75,9 +107,9 @@ QString reason(const QString &program, const QString &folder)
     if (program.isEmpty())
         return FileOpening::tr("No program is named.");
     if (!program.contains(QLatin1Char('/'))) {
-        if (QStandardPaths::findExecutable(program).isEmpty())
-            return FileOpening::tr("There is no such program in the search path.");
-        return FileOpening::tr("The system refused to start it.");
+        const QString found = QStandardPaths::findExecutable(program);
+        return found.isEmpty() ? FileOpening::tr("There is no such program in the search path.")
+                               : refusal(found);
     }
     const QFileInfo file(QDir(folder), program);
     if (!file.exists())
@@ -86,7 +118,7 @@ QString reason(const QString &program, const QString &folder)
         return FileOpening::tr("It is a folder.");
     if (!file.isExecutable())
         return FileOpening::tr("The file is not executable.");
-    return FileOpening::tr("The system refused to start it.");
+    return refusal(file.filePath());
 }
 
 void showNotStarted(const ExternalEditor &editor, const QString &file, int line)
@@ -96,7 +128,7 @@ void showNotStarted(const ExternalEditor &editor, const QString &file, int line)
         FileOpening::tr("External Editor"),
         FileOpening::tr(
             "The external editor \"%1\" could not be started.\n\nProgram: %2\nArguments: %3\n")
-            .arg(editor.name, QDir::toNativeSeparators(editor.program),
+            .arg(shortened(editor.name), shortened(QDir::toNativeSeparators(editor.program)),
                  shown(editor.argumentsFor(file, line))),
         reason(editor.program, QFileInfo(file).absolutePath()));
 }

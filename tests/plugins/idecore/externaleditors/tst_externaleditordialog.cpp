@@ -200,6 +200,23 @@ private Q_SLOTS:
         QVERIFY(okButton()->isEnabled());
     }
 
+    void givenTextsAreKeptWhole_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("long") << QStringLiteral("%f ").repeated(20000);
+        QTest::newRow("lines") << QStringLiteral("two\nlines\tand a tab");
+    }
+
+    void givenTextsAreKeptWhole()
+    {
+        QFETCH(QString, text);
+        m_dialog->setTexts(text, text, text);
+        press(QDialogButtonBox::Ok);
+        QCOMPARE(m_dialog->name(), text);
+        QCOMPARE(m_dialog->program(), text);
+        QCOMPARE(m_dialog->arguments(), text);
+    }
+
     void aTakenNameIsRefused()
     {
         fill("taken", "/bin/x", "");

@@ -137,6 +137,20 @@ private Q_SLOTS:
         QCOMPARE(buttons(), QStringLiteral("remove default"));
     }
 
+    // A click with Ctrl takes a row out of the selection and makes it the current one.
+    void theCurrentRowTellsWhetherThereIsADefaultToMake()
+    {
+        show({editorNamed("a", true), editorNamed("b")});
+        click("b");
+        click("a", Qt::ControlModifier);
+        click("a", Qt::ControlModifier); // current, "b" selected
+        QCOMPARE(buttons(), QStringLiteral("remove"));
+        click("a");
+        click("b", Qt::ControlModifier);
+        click("b", Qt::ControlModifier); // current, "a" selected
+        QCOMPARE(buttons(), QStringLiteral("remove default"));
+    }
+
     void withoutACurrentRowTheButtonStaysAsItIs()
     {
         show({editorNamed("a", true), editorNamed("b"), editorNamed("c")});

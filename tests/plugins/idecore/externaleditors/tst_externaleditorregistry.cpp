@@ -266,9 +266,20 @@ private Q_SLOTS:
         QCOMPARE(ExternalEditorManager::editors().constFirst().isDefault, isDefault);
     }
 
+    void furtherItemsAreIgnored_data()
+    {
+        QTest::addColumn<int>("further");
+        QTest::newRow("one") << 1;
+        QTest::newRow("many") << 50000;
+    }
+
     void furtherItemsAreIgnored()
     {
-        store(0, texts({"a", "/bin/a", "%f", "0", "1", "more"}));
+        QFETCH(int, further);
+        QStringList entry = texts({"a", "/bin/a", "%f", "0"});
+        for (int i = 0; i < further; ++i)
+            entry.append(QStringLiteral("1"));
+        store(0, entry);
         const CoreFixture core(CoreFixture::Settings::Keep);
         QCOMPARE(asTexts(ExternalEditorManager::editors()), texts({"a|/bin/a|%f"}));
     }
@@ -308,18 +319,16 @@ private Q_SLOTS:
     void aHugeListIsLoadedAndSaved()
     {
         constexpr int count = 10000;
-        for (int i = 0; i < 3; ++i)
-            store(i, texts({"x", "y", "z", "0"}));
+        {
+            const CoreFixture core;
+            QList<ExternalEditor> editors;
+            for (int i = 0; i < count; ++i)
+                editors.append({QStringLiteral("editor %1").arg(i), QString(1000, QLatin1Char('p')),
+                                QStringLiteral("%f"), i == 77});
+            ExternalEditorManager::applyData(editors);
+            ExternalEditorManager::saveEditors();
+        }
         const CoreFixture core(CoreFixture::Settings::Keep);
-        QList<ExternalEditor> editors;
-        for (int i = 0; i < count; ++i)
-            editors.append({QStringLiteral("editor %1").arg(i), QString(1000, QLatin1Char('p')),
-                            QStringLiteral("%f"), i == 77});
-        ExternalEditorManager::applyData(editors);
-        ExternalEditorManager::saveEditors();
-
-        const ExternalEditorManager again; // reads the settings anew
-
         QCOMPARE(ExternalEditorManager::editors().size(), count);
         QCOMPARE(ExternalEditorManager::defaultEditor().name, QStringLiteral("editor 77"));
     }
@@ -396,15 +405,23 @@ private Q_SLOTS:
     void anEditorWithoutANameLeavesNoGap()
     {
         const CoreFixture core;
+        // So many that it is hardly the last in the order of the registry.
+        constexpr int count = 100;
         QList<ExternalEditor> editors{editorNamed("")};
-        for (const char *name : {"a", "b", "c", "d", "e"})
-            editors.append(editorNamed(name));
+        QStringList names;
+        for (int i = 0; i < count; ++i) {
+            names.append(QString::number(i));
+            editors.append({names.constLast(), QStringLiteral("p"), QString(), false});
+        }
         ExternalEditorManager::applyData(editors);
         ExternalEditorManager::saveEditors();
-        QCOMPARE(storedKeys(), texts({"editor0", "editor1", "editor2", "editor3", "editor4",
-                                      "use_external_editor"}));
-        for (const char *key : {"editor0", "editor1", "editor2", "editor3", "editor4"})
-            QVERIFY2(!storedEntry(key).value(0).isEmpty(), key);
+        QStringList stored;
+        for (int i = 0; i < count; ++i)
+            stored.append(storedEntry(qPrintable(QStringLiteral("editor%1").arg(i))).value(0));
+        stored.sort();
+        names.sort();
+        QCOMPARE(stored, names);
+        QCOMPARE(storedKeys().size(), count + 1);
     }
 
     void whatWasSavedIsLoadedAtTheNextStart_data()

@@ -43,6 +43,20 @@ QPushButton *okButton(QWidget *dialog)
     return dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
 }
 
+/// Counts how often @p widget is painted.
+class PaintCount final : public QObject
+{
+public:
+    explicit PaintCount(QWidget *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(object, event);
+    }
+
+    int count = 0;
+};
+
 /// Fills the dialog that comes and accepts it.
 ModalDialog::Handler fill(const char *name, const char *program, const char *arguments)
 {
@@ -123,6 +137,17 @@ private Q_SLOTS:
         QCOMPARE(told.takeLast().constFirst().toBool(), true);
         m_table->clearSelection();
         QCOMPARE(told.takeLast().constFirst().toBool(), false);
+    }
+
+    void aChangedSelectionIsPainted()
+    {
+        show({editorNamed("a"), editorNamed("b")});
+        PaintCount paints(m_table->viewport());
+        QCoreApplication::processEvents();
+        const int before = paints.count;
+        m_table->selectionModel()->select(model()->index(1, 0),
+                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QTRY_VERIFY(paints.count > before);
     }
 
     void aResetIsToldAsTheLossOfTheSelection()
