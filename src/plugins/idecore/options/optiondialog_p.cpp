@@ -11,16 +11,17 @@
 #include <idecore/options/categorylistviewdelegate_p.h>
 #include <idecore/options/categorymodel_p.h>
 #include <idecore/options/optiondialog.h>
+#include <idecore/options/pagetabs_p.h>
 
+#include <QByteArray>
 #include <QDebug>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QEventLoop>
-#include <QFileInfo>
+#include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
-#include <QImageReader>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
@@ -38,16 +39,27 @@ namespace {
 constexpr int ICON_SIZE = 24;
 constexpr int LARGER_BY = 2;
 
+/// What a picture of ICON_SIZE begins with when it is a PNG.
+QByteArray pngHead()
+{
+    QByteArray head("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+    for (int side = 0; side < 2; ++side)
+        head.append(QByteArray(3, '\0')).append(char(ICON_SIZE));
+    return head;
+}
+
 /// Null where there is no file, unlike an icon made from the path alone. The picture
 /// is read when it is first painted.
 QIcon loadIcon(const QString &path)
 {
-    if (!QFileInfo(path).isFile())
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return {};
     // A plugin may bring a picture of any kind and shape; those of the size that the
-    // list shows are drawn like the program's own.
-    const QImageReader reader(path, "png");
-    return reader.size() == QSize(ICON_SIZE, ICON_SIZE) ? ideIcon(path) : QIcon(path);
+    // list shows are drawn like the program's own. There may be many: to have each one
+    // examined by a reader of pictures is felt when the dialog opens.
+    static const QByteArray head = pngHead();
+    return file.read(head.size()) == head ? ideIcon(path) : QIcon(path);
 }
 
 /// Stands for the widget of a page that has none.
@@ -177,7 +189,7 @@ void OptionDialogPrivate::createGui()
 void OptionDialogPrivate::createTabs(Category *category)
 {
     std::stable_sort(category->pages.begin(), category->pages.end(), optionsPageLessThan);
-    auto *tabs = new QTabWidget(q);
+    auto *tabs = new PageTabs(q);
     tabs->tabBar()->setAccessibleName(category->displayName);
     category->tabWidget = tabs;
     for (int i = 0; i < category->pages.size(); ++i)
@@ -204,11 +216,10 @@ void OptionDialogPrivate::createTabs(Category *category)
 
 Category *OptionDialogPrivate::findCategoryById(const QString &id) const
 {
-    for (Category *category : categories) {
-        if (category->id == id)
-            return category;
-    }
-    return nullptr;
+    // From the end: while they are collected from the sorted pages it is the last.
+    const auto found = std::find_if(categories.crbegin(), categories.crend(),
+                                    [&id](const Category *one) { return one->id == id; });
+    return found == categories.crend() ? nullptr : *found;
 }
 
 IOptionsPage *OptionDialogPrivate::pageInTab(const Category *category, int tab) const
