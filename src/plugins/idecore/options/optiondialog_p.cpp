@@ -5,20 +5,18 @@
 
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
-#include <idecore/core/ideicon.h>
 #include <idecore/interfaces/ioptionspage.h>
+#include <idecore/options/categoryicon_p.h>
 #include <idecore/options/categorylistview_p.h>
 #include <idecore/options/categorylistviewdelegate_p.h>
 #include <idecore/options/categorymodel_p.h>
 #include <idecore/options/optiondialog.h>
 #include <idecore/options/pagetabs_p.h>
 
-#include <QByteArray>
 #include <QDebug>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QEventLoop>
-#include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
@@ -38,29 +36,6 @@ namespace {
 
 constexpr int ICON_SIZE = 24;
 constexpr int LARGER_BY = 2;
-
-/// What a picture of ICON_SIZE begins with when it is a PNG.
-QByteArray pngHead()
-{
-    QByteArray head("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
-    for (int side = 0; side < 2; ++side)
-        head.append(QByteArray(3, '\0')).append(char(ICON_SIZE));
-    return head;
-}
-
-/// Null where there is no file, unlike an icon made from the path alone. The picture
-/// is read when it is first painted.
-QIcon loadIcon(const QString &path)
-{
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return {};
-    // A plugin may bring a picture of any kind and shape; those of the size that the
-    // list shows are drawn like the program's own. There may be many: to have each one
-    // examined by a reader of pictures is felt when the dialog opens.
-    static const QByteArray head = pngHead();
-    return file.read(head.size()) == head ? ideIcon(path) : QIcon(path);
-}
 
 /// Stands for the widget of a page that has none.
 class NoWidget final : public QLabel
@@ -115,7 +90,7 @@ void OptionDialogPrivate::initCategories()
         if (category->icon.isNull()) {
             const QString path = page->categoryIcon();
             if (!icons.contains(path))
-                icons.insert(path, loadIcon(path));
+                icons.insert(path, categoryIcon(path));
             category->icon = icons.value(path);
         }
         category->pages.append(page);

@@ -6,6 +6,7 @@
 #include "optionfixture.h"
 
 #include <QDialogButtonBox>
+#include <QFile>
 #include <QFontInfo>
 #include <QGridLayout>
 #include <QLabel>
@@ -156,6 +157,22 @@ private Q_SLOTS:
         const QIcon icon = iconOf(m_fixture->dialog(), 0);
         QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(64, 16)});
         QCOMPARE(icon.pixmap(24).size(), QSize(24, 6));
+    }
+
+    void aPictureIsReadWhenItIsFirstShown()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("late.png")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        m_fixture->add("A", "1")->setTexts(QStringLiteral("A"), file.fileName());
+        const QIcon icon = iconOf(m_fixture->dialog(), 0);
+        QVERIFY(!icon.isNull());
+        QCOMPARE(icon.actualSize(QSize(24, 24)), QSize(24, 24));
+        QImage picture(24, 24, QImage::Format_ARGB32);
+        picture.fill(QColor(Qt::darkRed));
+        QVERIFY(picture.save(&file, "PNG"));
+        file.close();
+        QCOMPARE(icon.pixmap(24).toImage().pixelColor(12, 12), QColor(Qt::darkRed));
     }
 
     void aFolderIsNoPicture()
