@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 // The Options dialog with 200 pages in 40 categories, from the request to open it
-// until it is painted, against a dialog of the same parts that has the list and no
-// page. Each category has a picture of its own, which both dialogs read in the same
-// way, and each page a form of ten fields.
+// until it is painted, against a dialog of the same parts that has the same list, in
+// the same size, and no page. Each category has a picture of its own, which both
+// dialogs read in the same way, and each page a form of ten fields.
 
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
@@ -20,6 +20,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -32,8 +33,10 @@
 #include <QPointer>
 #include <QSettings>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -45,6 +48,8 @@ namespace {
 constexpr int CATEGORIES = 40;
 constexpr int PAGES = 5;   // in each
 constexpr int FIELDS = 10; // in each of these
+constexpr int ENTRY_HEIGHT = 32;
+constexpr int SETTLING_MS = 20;
 constexpr double LIMIT = 1.2;
 
 QString categoryTitle(int number)
@@ -119,16 +124,33 @@ private:
 int Page::s_built = 0;
 double Page::s_building = 0;
 
+/// With entries as high as those of the dialog.
+class Delegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option,
+                                 const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, ENTRY_HEIGHT});
+    }
+};
+
 /// The parts of the dialog, with nothing behind the list.
-std::unique_ptr<QDialog> emptyDialog(const Pictures &pictures, QWidget *parent)
+std::unique_ptr<QDialog> emptyDialog(const Pictures &pictures, int listWidth, QWidget *parent)
 {
     auto dialog = std::make_unique<QDialog>(parent);
     auto *model = new QStandardItemModel(dialog.get());
     for (int i = 0; i < CATEGORIES; ++i)
         model->appendRow(new QStandardItem(Core::ideIcon(pictures.path(i)), categoryTitle(i)));
     auto *list = new QListView;
-    list->setModel(model);
+    list->setFixedWidth(listWidth);
+    list->setItemDelegate(new Delegate(list));
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     list->setIconSize(QSize(24, 24));
+    list->setModel(model);
     list->setCurrentIndex(model->index(0, 0));
     auto *header = new QLabel(categoryTitle(0));
     QFont font = header->font();
@@ -170,7 +192,16 @@ void showAndPaint(QDialog *dialog)
         QCoreApplication::processEvents();
 }
 
+/// Until the windows of an earlier time have gone from the display.
+void settle()
+{
+    QEventLoop loop;
+    QTimer::singleShot(SETTLING_MS, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 const Pictures *s_pictures = nullptr;
+int s_listWidth = 0;
 std::vector<double> s_ours;
 std::vector<double> s_peer;
 std::vector<double> s_pages;
@@ -186,9 +217,10 @@ double measureOurs()
                                                        QStringLiteral("C00"), QStringLiteral("0"));
     showAndPaint(dialog);
     const double seconds = double(timer.nsecsElapsed()) / 1e9;
+    s_listWidth = dialog->findChild<QListView *>()->width();
     dialog->reject();
     delete dialog;
-    QCoreApplication::processEvents();
+    settle();
     return seconds;
 }
 
@@ -197,11 +229,13 @@ double measurePeer(const Pictures &pictures)
     QPixmapCache::clear();
     QElapsedTimer timer;
     timer.start();
-    const std::unique_ptr<QDialog> dialog = emptyDialog(pictures, Core::ViewManager::mainWindow());
+    std::unique_ptr<QDialog> dialog =
+        emptyDialog(pictures, s_listWidth, Core::ViewManager::mainWindow());
     showAndPaint(dialog.get());
     const double seconds = double(timer.nsecsElapsed()) / 1e9;
     dialog->reject();
-    QCoreApplication::processEvents();
+    dialog.reset();
+    settle();
     return seconds;
 }
 
@@ -247,8 +281,8 @@ int main(int argc, char **argv)
         }
     }
     // What both need once, such as fonts.
-    measurePeer(pictures);
     measureOurs();
+    measurePeer(pictures);
     if (Page::s_built != PAGES)
         std::fprintf(stderr, "%d pages were built to show one category\n", Page::s_built);
 

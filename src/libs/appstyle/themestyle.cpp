@@ -4,6 +4,7 @@
 #include "appstyle/themestyle_p.h"
 
 #include "appstyle/contrast_p.h"
+#include "appstyle/frametile_p.h"
 #include "appstyle/themesigns_p.h"
 
 #include <QMdiSubWindow>
@@ -276,6 +277,21 @@ void ThemeStyle::drawItemText(QPainter *painter, const QRect &rect, int flags,
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
                                QPainter *painter, const QWidget *widget) const
+{
+    const auto *field = element == PE_FrameLineEdit
+                            ? qstyleoption_cast<const QStyleOptionFrame *>(option)
+                            : nullptr;
+    const auto paintFrame = [this, field, widget](QPainter *tile, const QRect &rect) {
+        QStyleOptionFrame part(*field);
+        part.rect = rect;
+        drawPrimitiveItself(PE_FrameLineEdit, &part, tile, widget);
+    };
+    if (!field || !drawTiledFrame(painter, field, paintFrame))
+        drawPrimitiveItself(element, option, painter, widget);
+}
+
+void ThemeStyle::drawPrimitiveItself(PrimitiveElement element, const QStyleOption *option,
+                                     QPainter *painter, const QWidget *widget) const
 {
     void (*draw)(const QStyleOption *, QPainter *) = nullptr;
     switch (element) {

@@ -11,7 +11,7 @@ namespace APPSTYLE {
 /// Fusion, with what it draws too faintly drawn so that it is seen on dark ground
 /// as on light: check boxes, the focus, the current tab, title bars, icons in selected rows.
 ///
-/// It keeps nothing of a palette: what is drawn follows the palette of the moment.
+/// What is drawn follows the palette of the moment.
 class ThemeStyle final : public QProxyStyle
 {
     Q_OBJECT
@@ -41,6 +41,11 @@ public:
                        const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returned) const override;
+
+private:
+    /// Without what is kept from an earlier time.
+    void drawPrimitiveItself(PrimitiveElement element, const QStyleOption *option,
+                             QPainter *painter, const QWidget *widget) const;
 };
 
 } // namespace APPSTYLE

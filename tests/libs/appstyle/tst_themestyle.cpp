@@ -20,6 +20,10 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include <algorithm>
+
+Q_DECLARE_METATYPE(QStyle::State)
+
 using APPSTYLE::AppStyleManager;
 
 namespace {
@@ -47,6 +51,41 @@ QColor windowColour()
     return QApplication::palette().color(QPalette::Window);
 }
 
+/// The frame of a field of that size on the colour of fields. Where the painter is told
+/// to smooth pictures, the style draws each frame on its own.
+QImage drawnFrame(const QSize &size, qreal ratio, QStyle::State state, bool onItsOwn)
+{
+    QStyleOptionFrame option;
+    option.palette = QApplication::palette();
+    option.palette.setCurrentColorGroup(state & QStyle::State_Enabled ? QPalette::Active
+                                                                      : QPalette::Disabled);
+    option.rect = QRect({3, 2}, size);
+    option.state = state;
+    option.lineWidth = 1;
+    QImage image((size + QSize(8, 8)) * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(QApplication::palette().color(QPalette::Base));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, onItsOwn);
+    QApplication::style()->drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter);
+    return image;
+}
+
+/// The most that a channel of a pixel differs by.
+int difference(const QImage &one, const QImage &other)
+{
+    int most = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            most = std::max({most, qAbs(a.red() - b.red()), qAbs(a.green() - b.green()),
+                             qAbs(a.blue() - b.blue())});
+        }
+    }
+    return most;
+}
+
 QRect indicator(const QAbstractButton *button, QStyle::SubElement element)
 {
     QStyleOptionButton option;
@@ -71,6 +110,9 @@ private Q_SLOTS:
     void textOnThePageOfATabIsReadable();
     void titleBarsKeepTheNameAtTheEnd();
     void theEdgeOfAFieldIsSeen();
+    void framesOfFieldsThatShareAPictureLookLikeTheirOwn_data();
+    void framesOfFieldsThatShareAPictureLookLikeTheirOwn();
+    void framesOfFieldsFollowThePalette();
     void redTextOfAStyleSheetIsReadable();
     void iconsInSelectedRowsKeepTheirShape();
     void iconsInSelectedRowsAreNotLost();
@@ -177,6 +219,51 @@ void TestThemeStyle::theEdgeOfAFieldIsSeen()
     const double least =
         AppStyleManager::instance()->currentTheme() == APPSTYLE::THEME_DARK ? Contrast::SIGN : 1.4;
     QVERIFY(strongest(image, QRect(image.width() / 2, 0, 1, 3), windowColour()) >= least);
+}
+
+void TestThemeStyle::framesOfFieldsThatShareAPictureLookLikeTheirOwn_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<qreal>("ratio");
+    QTest::addColumn<QStyle::State>("state");
+    const QStyle::State enabled = QStyle::State_Enabled;
+    QTest::newRow("long") << QSize(300, 24) << 1.0 << enabled;
+    QTest::newRow("high") << QSize(60, 200) << 1.0 << enabled;
+    QTest::newRow("smallest") << QSize(9, 9) << 1.0 << enabled;
+    QTest::newRow("focused") << QSize(300, 24) << 1.0 << (enabled | QStyle::State_HasFocus);
+    QTest::newRow("disabled") << QSize(300, 24) << 1.0 << QStyle::State(QStyle::State_None);
+    QTest::newRow("at twice the pixels") << QSize(300, 24) << 2.0 << enabled;
+    QTest::newRow("at half as many again") << QSize(300, 24) << 1.5 << enabled;
+}
+
+void TestThemeStyle::framesOfFieldsThatShareAPictureLookLikeTheirOwn()
+{
+    QFETCH(QSize, size);
+    QFETCH(qreal, ratio);
+    QFETCH(QStyle::State, state);
+
+    const QImage own = drawnFrame(size, ratio, state, true);
+    QImage blank = own;
+    blank.fill(QApplication::palette().color(QPalette::Base));
+
+    QVERIFY(difference(own, blank) > 20);
+    // What is drawn in two steps is rounded twice.
+    QVERIFY(difference(own, drawnFrame(size, ratio, state, false)) <= 2);
+}
+
+void TestThemeStyle::framesOfFieldsFollowThePalette()
+{
+    const QImage before = drawnFrame({60, 24}, 1, QStyle::State_Enabled, false);
+    const QPalette palette = QApplication::palette();
+    QPalette other = palette;
+    other.setColor(QPalette::Window, Qt::darkGreen);
+    QApplication::setPalette(other);
+    const QImage after = drawnFrame({60, 24}, 1, QStyle::State_Enabled, false);
+    const QImage own = drawnFrame({60, 24}, 1, QStyle::State_Enabled, true);
+    QApplication::setPalette(palette);
+
+    QVERIFY(difference(before, after) > 20);
+    QVERIFY(difference(own, after) <= 2);
 }
 
 void TestThemeStyle::redTextOfAStyleSheetIsReadable()

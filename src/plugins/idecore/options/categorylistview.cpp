@@ -3,6 +3,10 @@
 
 #include <idecore/options/categorylistview_p.h>
 
+#include <QIcon>
+#include <QItemSelectionModel>
+#include <QPainter>
+#include <QPixmap>
 #include <QScrollBar>
 
 namespace Core {
@@ -30,6 +34,23 @@ QSize CategoryListView::sizeHint() const
     if (verticalScrollBar()->isVisible())
         width += verticalScrollBar()->width();
     return {qMax(width, MIN_WIDTH), HEIGHT};
+}
+
+void CategoryListView::readPictures() const
+{
+    const QSize size = iconSize();
+    QPixmap nowhere(size * devicePixelRatioF());
+    nowhere.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&nowhere);
+    for (int row = 0; model() && row < model()->rowCount(); ++row) {
+        const QModelIndex entry = model()->index(row, 0);
+        if (!visualRect(entry).intersects(viewport()->rect()))
+            continue;
+        const bool selected = selectionModel()->isSelected(entry);
+        const auto icon = entry.data(Qt::DecorationRole).value<QIcon>();
+        icon.paint(&painter, QRect(QPoint(), size), Qt::AlignCenter,
+                   selected ? QIcon::Selected : QIcon::Normal);
+    }
 }
 
 } // namespace private_impl

@@ -18,6 +18,9 @@ public:
     ~CategoryListView() override;
 
     [[nodiscard]] QSize sizeHint() const override;
+
+    /// Reads the pictures of the entries in sight ahead of their painting.
+    void readPictures() const;
 };
 
 } // namespace private_impl

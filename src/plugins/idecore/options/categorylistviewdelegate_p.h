@@ -4,7 +4,13 @@
 #ifndef IDECORE_OPTIONS_CATEGORYLISTVIEWDELEGATE_P_H
 #define IDECORE_OPTIONS_CATEGORYLISTVIEWDELEGATE_P_H
 
+#include <QFont>
+#include <QHash>
+#include <QSize>
+#include <QString>
 #include <QStyledItemDelegate>
+
+class QStyle;
 
 namespace Core {
 namespace private_impl {
@@ -19,6 +25,19 @@ public:
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option,
                                  const QModelIndex &index) const override;
+
+private:
+    /// What the size of an entry follows from, beside its text.
+    struct Known
+    {
+        qint64 icon = 0;
+        QSize iconSize;
+        QFont font;
+        const QStyle *style = nullptr;
+        QSize size;
+    };
+    // A list asks twice before it is first shown, for its own width and for its entries.
+    mutable QHash<QString, Known> m_known;
 };
 
 } // namespace private_impl

@@ -62,6 +62,15 @@ QSize OptionDialog::sizeHint() const
     return minimumSize();
 }
 
+void OptionDialog::setVisible(bool visible)
+{
+    const bool appears = visible && !isVisible();
+    QDialog::setVisible(visible);
+    // The window system takes its time to put the window onto the screen.
+    if (appears)
+        d->categoryList->readPictures();
+}
+
 bool OptionDialog::execDialog()
 {
     // Whatever runs in the loops below may delete the dialog.
@@ -137,6 +146,7 @@ void OptionDialog::currentTabChanged(int i)
     if (sender() && sender() != category->tabWidget)
         return;
     d->visit(d->pageInTab(category, i));
+    d->makeRoom();
 }
 
 void OptionDialog::apply()

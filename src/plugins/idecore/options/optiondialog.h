@@ -41,6 +41,7 @@ public:
                                                        const QString &page);
 
     [[nodiscard]] QSize sizeHint() const override;
+    void setVisible(bool visible) override;
 
     /// Shows the dialog and waits until the user has closed it; while it is shown
     /// already, waits for that. True when anything was applied, by OK or by Apply.

@@ -5,22 +5,21 @@
 
 #include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
-#include <idecore/core/ideicon.h>
 #include <idecore/interfaces/ioptionspage.h>
+#include <idecore/options/categoryicon_p.h>
 #include <idecore/options/categorylistview_p.h>
 #include <idecore/options/categorylistviewdelegate_p.h>
 #include <idecore/options/categorymodel_p.h>
 #include <idecore/options/optiondialog.h>
+#include <idecore/options/pagetabs_p.h>
 
 #include <QDebug>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QEventLoop>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHash>
-#include <QImageReader>
 #include <QLabel>
 #include <QPushButton>
 #include <QSettings>
@@ -37,18 +36,6 @@ namespace {
 
 constexpr int ICON_SIZE = 24;
 constexpr int LARGER_BY = 2;
-
-/// Null where there is no file, unlike an icon made from the path alone. The picture
-/// is read when it is first painted.
-QIcon loadIcon(const QString &path)
-{
-    if (!QFileInfo(path).isFile())
-        return {};
-    // A plugin may bring a picture of any kind and shape; those of the size that the
-    // list shows are drawn like the program's own.
-    const QImageReader reader(path, "png");
-    return reader.size() == QSize(ICON_SIZE, ICON_SIZE) ? ideIcon(path) : QIcon(path);
-}
 
 /// Stands for the widget of a page that has none.
 class NoWidget final : public QLabel
@@ -103,7 +90,7 @@ void OptionDialogPrivate::initCategories()
         if (category->icon.isNull()) {
             const QString path = page->categoryIcon();
             if (!icons.contains(path))
-                icons.insert(path, loadIcon(path));
+                icons.insert(path, categoryIcon(path));
             category->icon = icons.value(path);
         }
         category->pages.append(page);
@@ -177,7 +164,7 @@ void OptionDialogPrivate::createGui()
 void OptionDialogPrivate::createTabs(Category *category)
 {
     std::stable_sort(category->pages.begin(), category->pages.end(), optionsPageLessThan);
-    auto *tabs = new QTabWidget(q);
+    auto *tabs = new PageTabs(q);
     tabs->tabBar()->setAccessibleName(category->displayName);
     category->tabWidget = tabs;
     for (int i = 0; i < category->pages.size(); ++i)
@@ -204,11 +191,10 @@ void OptionDialogPrivate::createTabs(Category *category)
 
 Category *OptionDialogPrivate::findCategoryById(const QString &id) const
 {
-    for (Category *category : categories) {
-        if (category->id == id)
-            return category;
-    }
-    return nullptr;
+    // From the end: while they are collected from the sorted pages it is the last.
+    const auto found = std::find_if(categories.crbegin(), categories.crend(),
+                                    [&id](const Category *one) { return one->id == id; });
+    return found == categories.crend() ? nullptr : *found;
 }
 
 IOptionsPage *OptionDialogPrivate::pageInTab(const Category *category, int tab) const

@@ -9,6 +9,7 @@
 #include <idecore/options/categorymodel_p.h>
 
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
@@ -56,6 +57,22 @@ bool holds(const QImage &image, const QColor &colour)
     }
     return false;
 }
+
+/// Counts how often it is drawn.
+class CountedEngine final : public QIconEngine
+{
+public:
+    explicit CountedEngine(int *drawn)
+        : m_drawn(drawn)
+    {
+    }
+
+    void paint(QPainter *, const QRect &, QIcon::Mode, QIcon::State) override { ++*m_drawn; }
+    QIconEngine *clone() const override { return new CountedEngine(m_drawn); }
+
+private:
+    int *const m_drawn;
+};
 
 } // namespace
 
@@ -156,6 +173,60 @@ private Q_SLOTS:
         item->setSizeHint(QSize(50, 70));
         model.appendRow(item);
         QCOMPARE(delegate.sizeHint(option, item->index()), QSize(50, 70));
+    }
+
+    void anEntryIsMeasuredAnewWhenItHasChanged_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QIcon>("icon");
+        QTest::addColumn<int>("pixelSize");
+        QTest::addColumn<QSize>("iconSize");
+        QTest::newRow("text") << QStringLiteral("longer text") << redIcon() << 12 << QSize(24, 24);
+        QTest::newRow("icon") << QStringLiteral("text") << QIcon() << 12 << QSize(24, 24);
+        QTest::newRow("font") << QStringLiteral("text") << redIcon() << 40 << QSize(24, 24);
+        QTest::newRow("icon size") << QStringLiteral("text") << redIcon() << 12 << QSize(8, 8);
+    }
+
+    void anEntryIsMeasuredAnewWhenItHasChanged()
+    {
+        QFETCH(QString, text);
+        QFETCH(QIcon, icon);
+        QFETCH(int, pixelSize);
+        QFETCH(QSize, iconSize);
+        const CategoryListViewDelegate delegate;
+        QStandardItemModel model;
+        auto *item = new QStandardItem(redIcon(), QStringLiteral("text"));
+        model.appendRow(item);
+        QStyleOptionViewItem option;
+        option.decorationSize = QSize(24, 24);
+        option.font.setPixelSize(12);
+        const QSize before = delegate.sizeHint(option, item->index());
+        QCOMPARE(delegate.sizeHint(option, item->index()), before);
+        item->setText(text);
+        item->setIcon(icon);
+        option.font.setPixelSize(pixelSize);
+        option.fontMetrics = QFontMetrics(option.font);
+        option.decorationSize = iconSize;
+        const QSize after = delegate.sizeHint(option, item->index());
+        QVERIFY(after != before);
+        QCOMPARE(after, CategoryListViewDelegate().sizeHint(option, item->index()));
+    }
+
+    void thePicturesInSightAreRead()
+    {
+        QStandardItemModel model;
+        int drawn[3] = {0, 0, 0};
+        for (int &count : drawn)
+            model.appendRow(new QStandardItem(QIcon(new CountedEngine(&count)), QString()));
+        CategoryListViewDelegate delegate;
+        CategoryListView view;
+        view.setItemDelegate(&delegate);
+        view.setModel(&model);
+        view.resize(200, 2 * 32 + 2 * view.frameWidth());
+        view.readPictures();
+        QCOMPARE(drawn[0], 1);
+        QCOMPARE(drawn[1], 1);
+        QCOMPARE(drawn[2], 0);
     }
 
     void anIconHasItsOwnColours() { QVERIFY(holds(drawn(redIcon(), false), Qt::red)); }

@@ -6,6 +6,7 @@
 #include "optionfixture.h"
 
 #include <QDialogButtonBox>
+#include <QFile>
 #include <QFontInfo>
 #include <QGridLayout>
 #include <QLabel>
@@ -21,6 +22,30 @@ QIcon iconOf(const QWidget *dialog, int row)
 {
     return listOf(dialog)->model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
 }
+
+/// Counts how often it is asked for the room that it needs.
+class MeasuredWidget final : public QWidget
+{
+public:
+    explicit MeasuredWidget(int *measured)
+        : m_measured(measured)
+    {
+    }
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        ++*m_measured;
+        return QWidget::sizeHint();
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        ++*m_measured;
+        return QWidget::minimumSizeHint();
+    }
+
+private:
+    int *const m_measured;
+};
 
 } // namespace
 
@@ -134,6 +159,48 @@ private Q_SLOTS:
         QCOMPARE(icon.pixmap(24).size(), QSize(24, 6));
     }
 
+    void aPictureIsReadWhenItIsFirstShown()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("late.png")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        m_fixture->add("A", "1")->setTexts(QStringLiteral("A"), file.fileName());
+        const QIcon icon = iconOf(m_fixture->dialog(), 0);
+        QVERIFY(!icon.isNull());
+        QCOMPARE(icon.actualSize(QSize(24, 24)), QSize(24, 24));
+        QImage picture(24, 24, QImage::Format_ARGB32);
+        picture.fill(QColor(Qt::darkRed));
+        QVERIFY(picture.save(&file, "PNG"));
+        file.close();
+        QCOMPARE(icon.pixmap(24).toImage().pixelColor(12, 12), QColor(Qt::darkRed));
+    }
+
+    void aFolderIsNoPicture()
+    {
+        const QTemporaryDir folder;
+        m_fixture->add("A", "1")->setTexts(QStringLiteral("A"), folder.path());
+        m_fixture->add("A", "2")->setTexts(QStringLiteral("A"),
+                                           QStringLiteral(":/core/image/options.png"));
+        QCOMPARE(iconOf(m_fixture->dialog(), 0).pixmap(24).toImage(),
+                 QIcon(QStringLiteral(":/core/image/options.png")).pixmap(24).toImage());
+    }
+
+    void aPictureOfTheSizeOfTheListFollowsTheTheme()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("small.png"));
+        QImage picture(24, 24, QImage::Format_ARGB32);
+        picture.fill(QColor(Qt::darkRed));
+        QVERIFY(picture.save(file));
+        m_fixture->add("A", "1")->setTexts(QStringLiteral("A"), file);
+        const QIcon icon = iconOf(m_fixture->dialog(), 0);
+        const QPalette palette = QApplication::palette();
+        QApplication::setPalette(QPalette(Qt::black));
+        const QImage onDark = icon.pixmap(24).toImage();
+        QApplication::setPalette(palette);
+        QVERIFY(onDark.pixelColor(12, 12).lightness() > QColor(Qt::darkRed).lightness());
+    }
+
     void theWindowIsNamedAndHasNoHelpButton()
     {
         OptionDialog *dialog = m_fixture->dialog();
@@ -161,6 +228,71 @@ private Q_SLOTS:
         QVERIFY(dialog->width() > 1000);
         QVERIFY(dialog->height() > 500);
         QCOMPARE(dialog->minimumSize(), QSize(800, 450));
+    }
+
+    void itGrowsForATabThatNeedsMore()
+    {
+        m_fixture->add("A", "1");
+        m_fixture->add("A", "2")->widget()->setMinimumSize(1000, 500);
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QCOMPARE(dialog->size(), QSize(800, 450));
+        tabsOf(dialog)->setCurrentIndex(1);
+        QVERIFY(dialog->width() > 1000);
+        QVERIFY(dialog->height() > 500);
+    }
+
+    void itIsLargeEnoughForATabThatItOpensAt()
+    {
+        m_fixture->add("A", "1");
+        TestPage *page = m_fixture->add("A", "2");
+        page->widget()->setMinimumSize(1000, 500);
+        OptionDialog *dialog = m_fixture->dialog("A", "2");
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        QVERIFY(page->shown->width() >= 1000);
+        QVERIFY(page->shown->height() >= 500);
+    }
+
+    void aPageFillsItsTab()
+    {
+        m_fixture->add("A", "1");
+        TestPage *page = m_fixture->add("A", "2");
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        tabsOf(dialog)->setCurrentIndex(1);
+        QCOMPARE(page->shown->size(), tabsOf(dialog)->widget(0)->size());
+        QVERIFY(page->shown->width() > tabsOf(dialog)->width() - 20);
+    }
+
+    void aPageWithTextThatWrapsGetsTheHeightOfItsLines()
+    {
+        m_fixture->add("A", "1")->makeWidget = [] {
+            auto *label = new QLabel(QStringLiteral("word ").repeated(2000));
+            label->setWordWrap(true);
+            return label;
+        };
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        const QTabWidget *tabs = tabsOf(dialog);
+        QVERIFY(tabs->hasHeightForWidth());
+        QVERIFY(tabs->heightForWidth(400) > tabs->heightForWidth(800) + 100);
+        QVERIFY(tabs->heightForWidth(400) > tabs->widget(0)->heightForWidth(400));
+    }
+
+    void hiddenPagesAreNotMeasuredToShowAnother()
+    {
+        m_fixture->add("A", "1");
+        int measured = 0;
+        m_fixture->add("A", "2")->makeWidget = [&measured] {
+            return new MeasuredWidget(&measured);
+        };
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        QCOMPARE(measured, 0);
+        tabsOf(dialog)->setCurrentIndex(1);
+        QVERIFY(measured > 0);
     }
 
     void theListIsSetUpForCategories()
