@@ -6,10 +6,15 @@
 #include "appstyle/contrast_p.h"
 #include "appstyle/themesigns_p.h"
 
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOption>
+
+#include <utility>
 
 namespace APPSTYLE {
 
@@ -314,6 +319,20 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     painter->setRenderHint(QPainter::Antialiasing, element != PE_PanelTipLabel);
     draw(option, painter);
     painter->restore();
+}
+
+void ThemeStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (!qobject_cast<QFileDialog *>(widget))
+        return;
+    for (const auto &[labelName, listName] :
+         {std::pair{"lookInLabel", "lookInCombo"}, std::pair{"fileTypeLabel", "fileTypeCombo"}}) {
+        auto *const label = widget->findChild<QLabel *>(QLatin1String(labelName));
+        auto *const list = widget->findChild<QComboBox *>(QLatin1String(listName));
+        if (label && list && !label->buddy())
+            label->setBuddy(list);
+    }
 }
 
 QIcon ThemeStyle::standardIcon(StandardPixmap picture, const QStyleOption *option,
