@@ -248,6 +248,17 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
             return;
         }
     }
+    if (element == CE_ProgressBarContents) {
+        // Fusion makes it lighter than the text on it can bear.
+        const auto *bar = qstyleoption_cast<const QStyleOptionProgressBar *>(option);
+        if (bar) {
+            QStyleOptionProgressBar darker(*bar);
+            darker.palette.setColor(QPalette::Highlight,
+                                    bar->palette.color(QPalette::Highlight).darker(120));
+            QProxyStyle::drawControl(element, &darker, painter, widget);
+            return;
+        }
+    }
     const auto *tab = element == CE_TabBarTabShape && (option->state & State_Selected)
                           ? qstyleoption_cast<const QStyleOptionTab *>(option)
                           : nullptr;
