@@ -19,6 +19,8 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMetaEnum>
 #include <QSettings>
 #include <QTest>
@@ -68,6 +70,8 @@ private Q_SLOTS:
     void coloursAreReadable();
     void theGroundIsThatOfTheTheme_data();
     void theGroundIsThatOfTheTheme();
+    void whatIsSearchedForIsReadable_data();
+    void whatIsSearchedForIsReadable();
     void openEditorsFollowTheTheme();
     void openEditorsFollowTheSchemeWhenTheUserComesBack();
     void laterEditorsFollowTheScheme();
@@ -170,6 +174,47 @@ void TestEditorColours::theGroundIsThatOfTheTheme()
 
     QCOMPARE(configValue(editor, "background-color").value<QColor>(),
              QApplication::palette().color(QPalette::Base));
+}
+
+void TestEditorColours::whatIsSearchedForIsReadable_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QString>("sought");
+    for (const QString &before : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK}) {
+        for (const QString &theme : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK}) {
+            for (const QString &sought : {QStringLiteral("wire"), QStringLiteral("nothing")}) {
+                QTest::addRow("%s in %s, then %s", qPrintable(sought), qPrintable(before),
+                              qPrintable(theme))
+                    << before << theme << sought;
+            }
+        }
+    }
+}
+
+void TestEditorColours::whatIsSearchedForIsReadable()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, theme);
+    QFETCH(QString, sought);
+    m_fixture->core.show();
+    AppStyleManager::instance()->setAppStyle(before);
+    AbstractTextEditor *const editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    QVERIFY(editor);
+    editor->perform(TextEditor::Command::Find);
+    auto *const box = editor->findChild<QComboBox *>(QStringLiteral("pattern"));
+    QVERIFY(box && box->lineEdit());
+
+    box->setEditText(sought);
+    QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+    const auto ground = [box] { return box->lineEdit()->palette().color(QPalette::Base); };
+    // Found or not is said by it.
+    QVERIFY(ground() != QApplication::palette().color(QPalette::Base));
+    AppStyleManager::instance()->setAppStyle(theme);
+
+    const double ratio =
+        Contrast::ratio(box->lineEdit()->palette().color(QPalette::Text), ground());
+    QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
 }
 
 void TestEditorColours::openEditorsFollowTheTheme()

@@ -75,8 +75,11 @@ void TextEditorEngine::updateTheme()
     if (theme == m_theme)
         return;
     m_theme = theme;
-    for (EngineEditor *editor : qAsConst(m_editors))
+    EngineSettings::applyPalette();
+    for (EngineEditor *editor : qAsConst(m_editors)) {
         editor->setTheme(theme);
+        ViewBars::resetColours(editor);
+    }
 }
 
 } // namespace TextEditor

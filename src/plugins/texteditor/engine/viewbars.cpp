@@ -6,8 +6,11 @@
 #include <texteditor/engine/foreignform_p.h>
 
 #include <QAction>
+#include <QComboBox>
 #include <QKeySequence>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPalette>
 #include <QSet>
 #include <QToolButton>
 
@@ -49,6 +52,13 @@ void ViewBars::prepare(QWidget *focus)
     }
     nameControls(bar);
     freeLetters(bar, lettersOfMenus(bar->window()));
+}
+
+void ViewBars::resetColours(const QWidget *editor)
+{
+    const auto *const box = editor->findChild<QComboBox *>(QStringLiteral("pattern"));
+    if (box && box->lineEdit())
+        box->lineEdit()->setPalette(QPalette());
 }
 
 } // namespace TextEditor

@@ -19,6 +19,10 @@ public:
     /// leaves the letters of the menus to the menus. To be called again whenever the
     /// focus comes into it: a bar changes what is in it.
     static void prepare(QWidget *focus);
+    /// Takes the ground that says found or not found from the field of @p editor in
+    /// which one searches: it was made for the theme before. The next search makes it
+    /// anew.
+    static void resetColours(const QWidget *editor);
 };
 
 } // namespace TextEditor
