@@ -17,9 +17,12 @@
 #include <KSyntaxHighlighting/Repository>
 #include <KSyntaxHighlighting/Theme>
 
+#include <QAction>
 #include <QApplication>
 #include <QColor>
 #include <QComboBox>
+#include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMetaEnum>
 #include <QSettings>
@@ -72,6 +75,8 @@ private Q_SLOTS:
     void theGroundIsThatOfTheTheme();
     void whatIsSearchedForIsReadable_data();
     void whatIsSearchedForIsReadable();
+    void messagesAreReadable_data();
+    void messagesAreReadable();
     void openEditorsFollowTheTheme();
     void openEditorsFollowTheSchemeWhenTheUserComesBack();
     void laterEditorsFollowTheScheme();
@@ -215,6 +220,43 @@ void TestEditorColours::whatIsSearchedForIsReadable()
     const double ratio =
         Contrast::ratio(box->lineEdit()->palette().color(QPalette::Text), ground());
     QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
+}
+
+void TestEditorColours::messagesAreReadable_data()
+{
+    theGroundIsThatOfTheTheme_data();
+}
+
+void TestEditorColours::messagesAreReadable()
+{
+    QFETCH(QString, theme);
+    m_fixture->core.show();
+    AppStyleManager::instance()->setAppStyle(theme);
+    AbstractTextEditor *editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    // As if the program had ended: the text is offered when the file is opened again.
+    delete editor;
+    editor = TextEditorFixture::open(m_fixture->path(QStringLiteral("a.v")));
+    const auto message = [editor]() -> QLabel * {
+        const QList<QLabel *> labels = editor->findChildren<QLabel *>();
+        for (QLabel *label : labels) {
+            if (label->isVisible() && label->parentWidget()->inherits("KMessageWidget"))
+                return label;
+        }
+        return nullptr;
+    };
+    QTRY_VERIFY(message());
+    QLabel *const label = message();
+    const QColor text = label->palette().color(QPalette::WindowText);
+
+    const QImage shown = editor->grab().toImage();
+
+    // A corner of the text, where no letter is.
+    const QColor ground = shown.pixelColor(label->mapTo(editor, QPoint(1, 1)));
+    const double ratio = Contrast::ratio(text, ground);
+    QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
+    TextEditorFixture::messageButton(editor, QStringLiteral("Discard"))->trigger();
 }
 
 void TestEditorColours::openEditorsFollowTheTheme()
