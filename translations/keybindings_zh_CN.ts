@@ -236,6 +236,10 @@
         <source>&amp;Share</source>
         <translation>共用(&amp;S)</translation>
     </message>
+    <message>
+        <source>In a document, %1 would no longer do &quot;%2&quot;.</source>
+        <translation>在文档中，%1 将不再执行“%2”。</translation>
+    </message>
 </context>
 <context>
     <name>KeyBindings::Places</name>

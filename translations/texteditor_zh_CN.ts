@@ -227,4 +227,11 @@
         <translation>文件过大，文本编辑器无法打开：大小为 %1，上限为 %2。</translation>
     </message>
 </context>
+<context>
+    <name>TextEditor::ViewBars</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
 </TS>

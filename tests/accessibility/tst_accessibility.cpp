@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include "support/accessibilitywalk.h"
-#include "support/corefixture.h"
-#include "support/modaldialog.h"
+#include "workbench.h"
 
-#include <extsys/iplugin.h>
+#include "support/accessibilitywalk.h"
+
 #include <extsys/pluginmanager.h>
 #include <idecore/core/constants.h>
 #include <idecore/editors/editormanager.h>
@@ -14,188 +13,29 @@
 #include <idecore/interfaces/iwizardfactory.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/newdialog/thenewdialog.h>
-#include <idecore/options/optiondialog.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/projects/projectsaveasdlg.h>
 #include <idecore/views/viewmanager.h>
 #include <utils/mdiarea.h>
 
 #include <QAction>
-#include <QDialog>
-#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
-#include <QPluginLoader>
 #include <QPushButton>
-#include <QStackedLayout>
 #include <QTabBar>
-#include <QTabWidget>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QWizard>
 
 #include <algorithm>
-#include <memory>
-
-// Says which there are.
-#define VERIFY_NONE(list)                                                                          \
-    do {                                                                                           \
-        const QStringList found = (list);                                                          \
-        QVERIFY2(found.isEmpty(), qPrintable(QLatin1Char('\n') + found.join(QLatin1Char('\n'))));  \
-    } while (false)
 
 using Core::EditorManager;
 using Core::ViewManager;
 using ExtSys::PluginManager;
 
 namespace {
-
-QString named(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-/// The workbench with its companions and a copy of the example project.
-class Workbench final
-{
-public:
-    Workbench()
-    {
-        for (const char *library : {TEXTEDITOR_PLUGIN, FPGAPROJECT_PLUGIN, KEYBINDINGS_PLUGIN}) {
-            QPluginLoader loader(named(library));
-            auto *plugin = qobject_cast<ExtSys::IPlugin *>(loader.instance());
-            if (!plugin || !plugin->initialize())
-                qFatal("%s did not start: %s", library, qPrintable(loader.errorString()));
-            m_plugins.prepend(plugin);
-        }
-        for (ExtSys::IPlugin *plugin : qAsConst(m_plugins))
-            plugin->extensionsInitialized();
-        copy(named(EXAMPLE_PROJECT), path());
-        core.show();
-    }
-    ~Workbench()
-    {
-        Core::ProjectManager::closeCurrentProject();
-        for (ExtSys::IPlugin *plugin : qAsConst(m_plugins))
-            plugin->shutDown();
-    }
-    Workbench(const Workbench &) = delete;
-    Workbench &operator=(const Workbench &) = delete;
-
-    [[nodiscard]] QString path(const char *name = "") const
-    {
-        return QDir::cleanPath(m_folder.path() + named("/blinky/") + named(name));
-    }
-    void openProject() const
-    {
-        Core::ProjectManager::openProject(path("blinky.kprj"));
-        QVERIFY(Core::ProjectManager::currentProject());
-    }
-    void openEditors() const
-    {
-        for (const char *name : {"rtl/blinky.v", "rtl/counter.sv", "rtl/pwm.vhd"})
-            QVERIFY(EditorManager::openEditor(path(name)));
-    }
-
-    CoreFixture core;
-
-private:
-    static void copy(const QString &from, const QString &to)
-    {
-        QDir().mkpath(to);
-        const QFileInfoList entries =
-            QDir(from).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot);
-        for (const QFileInfo &entry : entries) {
-            const QString target = to + QLatin1Char('/') + entry.fileName();
-            if (entry.isDir())
-                copy(entry.filePath(), target);
-            else if (!QFile::copy(entry.filePath(), target))
-                qFatal("cannot copy %s", qPrintable(entry.filePath()));
-        }
-    }
-
-    QTemporaryDir m_folder;
-    QList<ExtSys::IPlugin *> m_plugins;
-};
-
-/// The faults of a dialog that is about to be opened; it is closed again.
-class WalkedDialog final
-{
-public:
-    WalkedDialog()
-        : m_dialog([this](QWidget *dialog) {
-            faults = AccessibilityWalk::faults(dialog);
-            static_cast<QDialog *>(dialog)->reject();
-        })
-    {
-    }
-
-    QStringList faults;
-
-private:
-    ModalDialog m_dialog;
-};
-
-/// The Options dialog, not modal, as a person has opened it.
-class ShownOptions final
-{
-public:
-    explicit ShownOptions(const char *category = "A.Core", const char *page = "A.General")
-        : m_dialog(Core::OptionDialog::getOptionDialog(ViewManager::mainWindow(), named(category),
-                                                       named(page)))
-    {
-        m_dialog->show();
-        m_dialog->activateWindow();
-        if (!QTest::qWaitForWindowActive(m_dialog.get()))
-            QTest::qFail("the Options dialog did not become active", __FILE__, __LINE__);
-    }
-    ~ShownOptions() { m_dialog->reject(); }
-    ShownOptions(const ShownOptions &) = delete;
-    ShownOptions &operator=(const ShownOptions &) = delete;
-
-    [[nodiscard]] QDialog *dialog() const { return m_dialog.get(); }
-    /// The visible one of that name.
-    template<class Widget>
-    [[nodiscard]] Widget *find(const char *name) const
-    {
-        const QList<Widget *> all = m_dialog->findChildren<Widget *>(named(name));
-        const auto found = std::find_if(all.cbegin(), all.cend(),
-                                        [](const Widget *widget) { return widget->isVisible(); });
-        if (found == all.cend())
-            qFatal("there is no %s", name);
-        return *found;
-    }
-    void choose(int row) const
-    {
-        auto *const list = find<QListView>("categoryList");
-        list->setCurrentIndex(list->model()->index(row, 0));
-        QCoreApplication::processEvents();
-    }
-    /// Those of the category that is shown.
-    [[nodiscard]] QTabWidget *tabs() const
-    {
-        return qobject_cast<QTabWidget *>(m_dialog->findChild<QStackedLayout *>()->currentWidget());
-    }
-    /// With the place of each.
-    [[nodiscard]] QStringList faults() const
-    {
-        find<QListView>("categoryList")->setFocus();
-        QStringList faults = AccessibilityWalk::pressedFaults(m_dialog.get());
-        for (QString &fault : faults) {
-            fault.prepend(find<QListView>("categoryList")->currentIndex().data().toString()
-                          + QLatin1Char('/') + tabs()->tabText(tabs()->currentIndex())
-                          + named(": "));
-        }
-        return faults;
-    }
-
-private:
-    const std::unique_ptr<Core::OptionDialog> m_dialog;
-};
 
 /// Opens a dialog and returns when it is closed.
 using Opener = void (*)(const Workbench &);
@@ -271,11 +111,7 @@ void TestAccessibility::anEditorWhoseFileHasChanged()
     const Workbench workbench;
     workbench.openEditors();
     Core::IEditor *const editor = EditorManager::currentEditor();
-    QVERIFY(editor);
-    QWidget *text = editor;
-    while (text->focusProxy())
-        text = text->focusProxy();
-    QTest::keyClicks(text, named("x"));
+    Workbench::change(editor);
     // The watch may miss what happens within the second in which it began.
     const auto isAsked = [editor] {
         QFile file(editor->fileName());
@@ -368,10 +204,7 @@ void TestAccessibility::closingAnEditorWithChanges()
     const Workbench workbench;
     workbench.openEditors();
     Core::IEditor *const editor = EditorManager::currentEditor();
-    QWidget *text = editor;
-    while (text->focusProxy())
-        text = text->focusProxy();
-    QTest::keyClicks(text, named("x"));
+    Workbench::change(editor);
     QStringList faults;
     {
         const ModalDialog question([&faults](QWidget *box) {

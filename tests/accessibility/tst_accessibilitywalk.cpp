@@ -15,6 +15,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void aHiddenFieldNeedsNoName();
     void aTabWithoutTextIsFound();
     void anEmptyWindowTitleOfADialogIsFound();
+    void aBlankTitleOfAMessageIsFound();
     void tabUpwardsIsFound();
     void tabBackwardsInARowIsFound();
     void tabFromTheButtonsToAFieldIsFound();
@@ -155,6 +157,17 @@ void TestAccessibilityWalk::anEmptyWindowTitleOfADialogIsFound()
     show(&dialog);
 
     QCOMPARE(AccessibilityWalk::namelessControls(&dialog), QStringList(named("nameless: QDialog")));
+}
+
+void TestAccessibilityWalk::aBlankTitleOfAMessageIsFound()
+{
+    QMessageBox box(QMessageBox::Warning, named(" "), named("Text"));
+    show(&box);
+
+    QCOMPARE(AccessibilityWalk::namelessControls(&box),
+             QStringList(named("nameless: QMessageBox")));
+    box.setAccessibleName(named("Warning"));
+    QCOMPARE(AccessibilityWalk::namelessControls(&box), QStringList());
 }
 
 void TestAccessibilityWalk::tabUpwardsIsFound()

@@ -101,6 +101,7 @@ bool isControl(QAccessible::Role role)
     case QAccessible::ButtonDropGrid:
     case QAccessible::ToolBar:
     case QAccessible::Dialog:
+    case QAccessible::AlertMessage:
     case QAccessible::ProgressBar:
         return true;
     default:

@@ -7,10 +7,15 @@
 #include "appstyle/frametile_p.h"
 #include "appstyle/themesigns_p.h"
 
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOption>
+
+#include <utility>
 
 namespace APPSTYLE {
 
@@ -244,6 +249,17 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
             return;
         }
     }
+    if (element == CE_ProgressBarContents) {
+        // Fusion makes it lighter than the text on it can bear.
+        const auto *bar = qstyleoption_cast<const QStyleOptionProgressBar *>(option);
+        if (bar) {
+            QStyleOptionProgressBar darker(*bar);
+            darker.palette.setColor(QPalette::Highlight,
+                                    bar->palette.color(QPalette::Highlight).darker(120));
+            QProxyStyle::drawControl(element, &darker, painter, widget);
+            return;
+        }
+    }
     const auto *tab = element == CE_TabBarTabShape && (option->state & State_Selected)
                           ? qstyleoption_cast<const QStyleOptionTab *>(option)
                           : nullptr;
@@ -330,6 +346,20 @@ void ThemeStyle::drawPrimitiveItself(PrimitiveElement element, const QStyleOptio
     painter->setRenderHint(QPainter::Antialiasing, element != PE_PanelTipLabel);
     draw(option, painter);
     painter->restore();
+}
+
+void ThemeStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (!qobject_cast<QFileDialog *>(widget))
+        return;
+    for (const auto &[labelName, listName] :
+         {std::pair{"lookInLabel", "lookInCombo"}, std::pair{"fileTypeLabel", "fileTypeCombo"}}) {
+        auto *const label = widget->findChild<QLabel *>(QLatin1String(labelName));
+        auto *const list = widget->findChild<QComboBox *>(QLatin1String(listName));
+        if (label && list && !label->buddy())
+            label->setBuddy(list);
+    }
 }
 
 QIcon ThemeStyle::standardIcon(StandardPixmap picture, const QStyleOption *option,

@@ -17,6 +17,8 @@ class ThemeStyle final : public QProxyStyle
     Q_OBJECT
     Q_DISABLE_COPY(ThemeStyle)
 public:
+    using QProxyStyle::polish;
+
     /// Has the object name "fusion".
     ThemeStyle();
     ~ThemeStyle() override;
@@ -35,6 +37,9 @@ public:
     /// in the colour of the text beside them.
     QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
                                 const QStyleOption *option) const override;
+    /// Tells in Qt's file dialogs which label names which list: who hears the dialog is
+    /// told nothing else about them.
+    void polish(QWidget *widget) override;
     /// Draws the signs on the small buttons of bars and docks itself: they follow the
     /// theme, and a start does not load every plugin for pictures to read a file.
     QIcon standardIcon(StandardPixmap picture, const QStyleOption *option,

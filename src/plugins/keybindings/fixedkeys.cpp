@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QSet>
 #include <QShortcut>
+#include <QVariant>
 
 #include <algorithm>
 
@@ -39,8 +40,14 @@ FixedKeys::FixedKeys()
     };
     gather(window);
     const QList<QWidget *> widgets = window->findChildren<QWidget *>();
-    for (const QWidget *widget : widgets)
+    for (const QWidget *widget : widgets) {
         gather(widget);
+        const QVariantMap own = widget->property("ownKeys").toMap();
+        for (auto it = own.cbegin(); it != own.cend(); ++it) {
+            m_yielding.push_back({QKeySequence(it.key(), QKeySequence::PortableText),
+                                  KeyRules::withoutMnemonic(it.value().toString())});
+        }
+    }
     const QList<QShortcut *> shortcuts = window->findChildren<QShortcut *>();
     for (const QShortcut *shortcut : shortcuts) {
         const QString what = KeyRules::withoutMnemonic(shortcut->whatsThis());
@@ -51,11 +58,21 @@ FixedKeys::FixedKeys()
 
 QString FixedKeys::holderOf(const QKeySequence &key) const
 {
+    return holderIn(m_entries, key);
+}
+
+QString FixedKeys::replacedBy(const QKeySequence &key) const
+{
+    return holderIn(m_yielding, key);
+}
+
+QString FixedKeys::holderIn(const std::vector<Entry> &entries, const QKeySequence &key)
+{
     const auto entry =
-        std::find_if(m_entries.cbegin(), m_entries.cend(), [&key](const Entry &candidate) {
+        std::find_if(entries.cbegin(), entries.cend(), [&key](const Entry &candidate) {
             return KeyRules::clash(candidate.key, key);
         });
-    return entry == m_entries.cend() ? QString() : entry->holder;
+    return entry == entries.cend() ? QString() : entry->holder;
 }
 
 void FixedKeys::add(const QKeySequence &key, const QString &holder)

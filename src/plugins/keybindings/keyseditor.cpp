@@ -164,6 +164,9 @@ void KeysEditor::onKeyRecorded()
             say(obstacle.refusal, true);
         else if (!obstacle.holders.empty())
             say(tr("%1 clashes with %2.").arg(textOf(key), namesOf(obstacle.holders)), true);
+        else if (const QString replaced = m_fixed.replacedBy(key); !replaced.isEmpty())
+            say(tr("In a document, %1 would no longer do \"%2\".").arg(textOf(key), replaced),
+                true);
         else
             say(tr("%1 is free.").arg(textOf(key)), false);
     }

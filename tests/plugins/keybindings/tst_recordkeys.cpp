@@ -103,6 +103,7 @@ private Q_SLOTS:
     void ownKeyIsNotAddedAgain();
     void fixedKeyIsRefused_data();
     void fixedKeyIsRefused();
+    void keyThatAWidgetLeavesToCommandsIsToldOf();
     void freedKeyIsFree();
     void commandsMayComeWhileTheUserIsAsked();
 
@@ -535,6 +536,20 @@ void TestRecordKeys::fixedKeyIsRefused()
     QVERIFY(!dialog.addButton->isEnabled());
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
     QCOMPARE(dialog.keyList(), texts({"Ctrl+S"}));
+}
+
+void TestRecordKeys::keyThatAWidgetLeavesToCommandsIsToldOf()
+{
+    QWidget widget(Core::ViewManager::mainWindow());
+    widget.setProperty("ownKeys", QVariantMap{{QStringLiteral("Ctrl+D"), QStringLiteral("&Note")}});
+    PageDialog dialog;
+    QVERIFY(dialog.choose(Save));
+
+    dialog.record(sequence("Ctrl+D, F9"));
+
+    QCOMPARE(dialog.message->text(),
+             QStringLiteral("In a document, Ctrl+D, F9 would no longer do \"Note\"."));
+    QVERIFY(dialog.addButton->isEnabled());
 }
 
 void TestRecordKeys::freedKeyIsFree()

@@ -17,8 +17,13 @@
 #include <KSyntaxHighlighting/Repository>
 #include <KSyntaxHighlighting/Theme>
 
+#include <QAction>
 #include <QApplication>
 #include <QColor>
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMetaEnum>
 #include <QSettings>
 #include <QTest>
@@ -68,6 +73,10 @@ private Q_SLOTS:
     void coloursAreReadable();
     void theGroundIsThatOfTheTheme_data();
     void theGroundIsThatOfTheTheme();
+    void whatIsSearchedForIsReadable_data();
+    void whatIsSearchedForIsReadable();
+    void messagesAreReadable_data();
+    void messagesAreReadable();
     void openEditorsFollowTheTheme();
     void openEditorsFollowTheSchemeWhenTheUserComesBack();
     void laterEditorsFollowTheScheme();
@@ -170,6 +179,84 @@ void TestEditorColours::theGroundIsThatOfTheTheme()
 
     QCOMPARE(configValue(editor, "background-color").value<QColor>(),
              QApplication::palette().color(QPalette::Base));
+}
+
+void TestEditorColours::whatIsSearchedForIsReadable_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("theme");
+    QTest::addColumn<QString>("sought");
+    for (const QString &before : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK}) {
+        for (const QString &theme : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK}) {
+            for (const QString &sought : {QStringLiteral("wire"), QStringLiteral("nothing")}) {
+                QTest::addRow("%s in %s, then %s", qPrintable(sought), qPrintable(before),
+                              qPrintable(theme))
+                    << before << theme << sought;
+            }
+        }
+    }
+}
+
+void TestEditorColours::whatIsSearchedForIsReadable()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, theme);
+    QFETCH(QString, sought);
+    m_fixture->core.show();
+    AppStyleManager::instance()->setAppStyle(before);
+    AbstractTextEditor *const editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    QVERIFY(editor);
+    editor->perform(TextEditor::Command::Find);
+    auto *const box = editor->findChild<QComboBox *>(QStringLiteral("pattern"));
+    QVERIFY(box && box->lineEdit());
+
+    box->setEditText(sought);
+    QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+    const auto ground = [box] { return box->lineEdit()->palette().color(QPalette::Base); };
+    // Found or not is said by it.
+    QVERIFY(ground() != QApplication::palette().color(QPalette::Base));
+    AppStyleManager::instance()->setAppStyle(theme);
+
+    const double ratio =
+        Contrast::ratio(box->lineEdit()->palette().color(QPalette::Text), ground());
+    QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
+}
+
+void TestEditorColours::messagesAreReadable_data()
+{
+    theGroundIsThatOfTheTheme_data();
+}
+
+void TestEditorColours::messagesAreReadable()
+{
+    QFETCH(QString, theme);
+    m_fixture->core.show();
+    AppStyleManager::instance()->setAppStyle(theme);
+    AbstractTextEditor *editor = m_fixture->open(QStringLiteral("a.v"), "wire a;\n");
+    QVERIFY(editor);
+    TextEditorFixture::type(editor, QStringLiteral("x"));
+    // As if the program had ended: the text is offered when the file is opened again.
+    delete editor;
+    editor = TextEditorFixture::open(m_fixture->path(QStringLiteral("a.v")));
+    const auto message = [editor]() -> QLabel * {
+        const QList<QLabel *> labels = editor->findChildren<QLabel *>();
+        for (QLabel *label : labels) {
+            if (label->isVisible() && label->parentWidget()->inherits("KMessageWidget"))
+                return label;
+        }
+        return nullptr;
+    };
+    QTRY_VERIFY(message());
+    QLabel *const label = message();
+    const QColor text = label->palette().color(QPalette::WindowText);
+
+    const QImage shown = editor->grab().toImage();
+
+    // A corner of the text, where no letter is.
+    const QColor ground = shown.pixelColor(label->mapTo(editor, QPoint(1, 1)));
+    const double ratio = Contrast::ratio(text, ground);
+    QVERIFY2(ratio >= Contrast::TEXT, qPrintable(QString::number(ratio)));
+    TextEditorFixture::messageButton(editor, QStringLiteral("Discard"))->trigger();
 }
 
 void TestEditorColours::openEditorsFollowTheTheme()

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void disabledSaveKeyDoesNothingElse();
     void otherKeysOfTheEditorWork_data();
     void otherKeysOfTheEditorWork();
+    void otherKeysOfTheEditorAreTold();
     void keyOfADisabledCommandIsNotTheEditors_data();
     void keyOfADisabledCommandIsNotTheEditors();
     void commandsFollowTheFocusedOfTwoEditors();
@@ -245,6 +246,19 @@ void TestEditorKeys::otherKeysOfTheEditorWork()
     press(key, Qt::KeyboardModifiers(modifiers));
 
     QTEST(TextEditorFixture::text(m_editor), "text");
+}
+
+void TestEditorKeys::otherKeysOfTheEditorAreTold()
+{
+    QVariantMap told;
+    const QList<QWidget *> widgets = m_editor->findChildren<QWidget *>();
+    for (const QWidget *widget : widgets)
+        told.unite(widget->property("ownKeys").toMap());
+
+    QCOMPARE(told.value(QStringLiteral("Ctrl+D")).toString().remove(QLatin1Char('&')),
+             QStringLiteral("Comment"));
+    // The registry's.
+    QVERIFY(!told.contains(QStringLiteral("Ctrl+S")));
 }
 
 void TestEditorKeys::keyOfADisabledCommandIsNotTheEditors_data()

@@ -182,6 +182,8 @@ void VersionDialog::react(const QPointF &globalPosition)
     if (clicks == ClicksAsked) {
         QMessageBox box(QMessageBox::Question, QStringLiteral(" "), tr("Having fun?\t\t"),
                         QMessageBox::NoButton, this);
+        // Its title is a blank.
+        box.setAccessibleName(windowTitle());
         box.addButton(tr("Yep"), QMessageBox::AcceptRole);
         box.exec();
     }
@@ -193,6 +195,7 @@ void VersionDialog::warn()
 {
     QMessageBox box(QMessageBox::Warning, QStringLiteral(" "), tr("You should stop this.\t\t"),
                     QMessageBox::NoButton, this);
+    box.setAccessibleName(windowTitle());
     // Of one role, or each desktop would put them into an order of its own.
     const QAbstractButton *ok = box.addButton(tr("OK~"), QMessageBox::ActionRole);
     QAbstractButton *no = box.addButton(tr("No"), QMessageBox::ActionRole);

@@ -12,12 +12,15 @@
 #include <KLocalizedString>
 #include <KSharedConfig>
 
+#include <QApplication>
+#include <QColor>
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QLocale>
 #include <QLoggingCategory>
+#include <QPalette>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -156,6 +159,25 @@ void apply()
     QDir().mkpath(recoveryFolder());
     // Unsaved text is as private as the files it belongs to may be.
     QFile::setPermissions(recoveryFolder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+void applyPalette()
+{
+    const QPalette palette = QApplication::palette();
+    const KSharedConfig::Ptr config = KSharedConfig::openConfig();
+    const auto write = [&](const char *group, QPalette::ColorRole ground,
+                           QPalette::ColorRole text) {
+        KConfigGroup colours(config, group);
+        const auto add = [&](const char *key, QPalette::ColorRole role) {
+            const QColor colour = palette.color(role);
+            colours.writeEntry(key, QList<int>{colour.red(), colour.green(), colour.blue()});
+        };
+        add("BackgroundNormal", ground);
+        add("BackgroundAlternate", ground);
+        add("ForegroundNormal", text);
+    };
+    write("Colors:View", QPalette::Base, QPalette::Text);
+    write("Colors:Window", QPalette::Window, QPalette::WindowText);
 }
 
 QString currentTheme()

@@ -14,6 +14,10 @@ namespace EngineSettings {
 /// use of KTextEditor.
 void apply();
 
+/// Tells KTextEditor the grounds of the application's palette, from which it makes
+/// those that say found and not found. Not stored by this.
+void applyPalette();
+
 /// The name of the highlighting theme for the colour scheme in the user's
 /// settings under the theme of the application.
 [[nodiscard]] QString currentTheme();

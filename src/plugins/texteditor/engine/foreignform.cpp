@@ -19,6 +19,7 @@
 #include <QSet>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <QVector>
 
@@ -257,8 +258,12 @@ void nameControls(QWidget *form)
             || !textOf(widget).isEmpty()) {
             continue;
         }
-        const QString beside = textBeside(widget);
-        widget->setAccessibleName(beside.isEmpty() ? titleOfTab(widget) : beside);
+        QString name;
+        if (qobject_cast<QAbstractButton *>(widget) && !Qt::mightBeRichText(widget->toolTip()))
+            name = plain(widget->toolTip());
+        if (name.isEmpty())
+            name = textBeside(widget);
+        widget->setAccessibleName(name.isEmpty() ? titleOfTab(widget) : name);
     }
 }
 
@@ -270,9 +275,8 @@ void orderControls(QWidget *form)
         QWidget::setTabOrder(order.at(i - 1), order.at(i));
 }
 
-void freeLetters(QWidget *form)
+void freeLetters(QWidget *form, QSet<QString> taken)
 {
-    QSet<QString> taken;
     const auto freed = [&taken](const QString &text) {
         const QString letter = QKeySequence::mnemonic(text).toString();
         if (letter.isEmpty() || !taken.contains(letter)) {

@@ -7,6 +7,7 @@
 #include <texteditor/engine/engineeditor_p.h>
 #include <texteditor/engine/enginesettings_p.h>
 #include <texteditor/engine/settingspages_p.h>
+#include <texteditor/engine/viewbars_p.h>
 
 #include <QApplication>
 #include <QWindow>
@@ -57,6 +58,8 @@ void TextEditorEngine::follow()
     // A scheme chosen in the options takes effect when the user comes back from
     // there; nothing announces a change of the settings.
     connect(qApp, &QApplication::focusWindowChanged, this, &TextEditorEngine::updateTheme);
+    connect(qApp, &QApplication::focusChanged, this,
+            [](QWidget *, QWidget *now) { ViewBars::prepare(now); });
 }
 
 void TextEditorEngine::stop()
@@ -72,8 +75,11 @@ void TextEditorEngine::updateTheme()
     if (theme == m_theme)
         return;
     m_theme = theme;
-    for (EngineEditor *editor : qAsConst(m_editors))
+    EngineSettings::applyPalette();
+    for (EngineEditor *editor : qAsConst(m_editors)) {
         editor->setTheme(theme);
+        ViewBars::resetColours(editor);
+    }
 }
 
 } // namespace TextEditor

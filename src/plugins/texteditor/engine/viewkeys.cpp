@@ -15,12 +15,25 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QSet>
+#include <QVariant>
 
 namespace TextEditor {
 
 namespace {
 
 using KeyTable = QHash<int, QString>;
+
+/// What each key does, for who gives keys to commands.
+QVariantMap described(const KeyTable &keys, const KActionCollection *actions)
+{
+    QVariantMap texts;
+    for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
+        if (const QAction *const action = actions->action(*it))
+            texts.insert(QKeySequence(it.key()).toString(QKeySequence::PortableText),
+                         action->text());
+    }
+    return texts;
+}
 
 /// Keys of the standard commands. They are the registry's also while a command
 /// is disabled, which must not hand its key on to something else.
@@ -91,7 +104,7 @@ ViewKeys::ViewKeys(KTextEditor::View *view)
     , m_view(view)
 {
     const QList<QAction *> actions = view->actionCollection()->actions();
-    keyTable(actions);
+    view->setProperty("ownKeys", described(keyTable(actions), view->actionCollection()));
     for (QAction *action : actions) {
         if (!action->shortcuts().isEmpty())
             action->setShortcuts(QList<QKeySequence>());
