@@ -190,7 +190,7 @@ private Q_SLOTS:
                       QStringLiteral("alt+1"), QStringLiteral("Return")});
         const LaunchRecorder::Launch second = recorder.wait(2).value(1);
         QCOMPARE(second.arguments, (QStringList{source, QStringLiteral("+3")}));
-        end(program);
+        endWell(&program);
     }
 
     void anExternalEditorThatDoesNotStartIsNamed()
@@ -208,7 +208,7 @@ private Q_SLOTS:
         program.key(QStringLiteral("Return"));
         SOON_COMPARE(recentFiles(), QStringList{path(QStringLiteral("blinky/rtl/blinky.v"))});
         QVERIFY(program.waitForActive(MAIN_WINDOW));
-        end(program);
+        endWell(&program);
     }
 
     void filesOfAnotherProgramAreDroppedOnThePanel()
