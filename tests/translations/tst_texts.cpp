@@ -73,13 +73,20 @@ bool isFixed(const QString &text, const QString &place)
     // Chosen, and stored, by these names.
     if (place.endsWith(QLatin1String("QComboBox comboBoxTheme, entry")))
         return text == APPSTYLE::THEME_CLASSIC || text == APPSTYLE::THEME_DARK;
-    // A box that has this title in every language.
-    if (place == QLatin1String("a name that is taken title"))
+    // Boxes that have this title in every language, one with its text.
+    if (place == QLatin1String("a name that is taken title")
+        || place == QLatin1String("a file that is gone title"))
         return text == QLatin1String("Warning");
+    if (place.startsWith(QLatin1String("a file that is gone: ")))
+        return text.endsWith(QLatin1String(", file does not exist."));
     if (place.contains(QLatin1String("QTreeView treeCommands, "))
         || place.contains(QLatin1String("QListWidget listKeys, ")))
         return isOfCommand(text);
-    if (isOfDevice(text))
+    // The file that a wizard is going to write.
+    if (place.endsWith(QLatin1String("QPlainTextEdit preview, text")))
+        return true;
+    // By its name it offers itself.
+    if (isOfDevice(text) || text == QApplication::applicationDisplayName())
         return true;
     static const QSet<QString> fixed{QStringLiteral("KELMO FPGA Designer"),
                                      QStringLiteral("README"),
@@ -94,10 +101,10 @@ bool isFixed(const QString &text, const QString &place)
     if (fixed.contains(text))
         return true;
     // Numbers, files and folders, devices, ports and their directions.
-    static const QRegularExpression data(
-        QStringLiteral("^([\\d.,/ xX*:|-]*|%f|~?/.*|[\\w./-]+\\.(v|sv|vhd|sdc|pcn|kprj|ini)\\*?"
-                       "|[\\w. ]*blinky[\\w. ]*|walked|counter|pwm|src|in|out|inout|input|output"
-                       "|[A-Z]\\d+|[-\\w]+ \\(.*\\))$"));
+    static const QRegularExpression data(QStringLiteral(
+        "^([\\d.,/ xX*:|-]*|%f|~?/.*(\\n/.*)*|[\\w./-]+\\.(v|sv|vhd|sdc|pcn|kprj|ini)\\*?"
+        "|[\\w. ]*blinky[\\w. ]*|walked|counter|pwm|src|in|out|inout|input|output"
+        "|[A-Z]\\d+|[-\\w]+ \\(.*\\))$"));
     return data.match(text).hasMatch();
 }
 
