@@ -31,6 +31,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
+#include <QSettings>
 #include <QTest>
 #include <QTranslator>
 
@@ -199,8 +200,10 @@ void TestTexts::initTestCase()
     // A file dialog of Qt's own.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     m_core = std::make_unique<CoreFixture>();
-    APPSTYLE::AppStyleManager::instance()->setAppStyle(
-        qEnvironmentVariable("KELMO_TEXT_THEME", APPSTYLE::THEME_CLASSIC));
+    // Stored, because the options dialog shows what is.
+    Core::IdeCore::userSettings()->setValue(
+        QStringLiteral("Theme"), qEnvironmentVariable("KELMO_TEXT_THEME", APPSTYLE::THEME_CLASSIC));
+    APPSTYLE::AppStyleManager::instance()->updateStyle();
     start(TEXTEDITOR_PLUGIN);
     start(FPGAPROJECT_PLUGIN);
     start(KEYBINDINGS_PLUGIN);
