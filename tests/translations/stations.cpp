@@ -58,6 +58,18 @@ std::function<void(const Look &)> dialogOf(const char *actionId)
     };
 }
 
+void walkPrint(const Look &look)
+{
+    Core::IEditor *const editor = Core::EditorManager::currentEditor();
+    editor->activateWindow();
+    typedInto(editor)->setFocus();
+    Core::IAction *const action = ActionManager::action(id(Core::Constants::A_FILE_PRINT));
+    if (!QTest::qWaitFor([action] { return action->isEnabled(); }))
+        qFatal("nothing can be printed");
+    const ModalDialog dialog(lookAt(look, QStringLiteral("Print")));
+    action->trigger();
+}
+
 void walkMainWindow(const Look &look)
 {
     look(Core::ViewManager::mainWindow(), QStringLiteral("main window"));
@@ -178,6 +190,7 @@ std::vector<Station> stations()
         {"context menus", walkContextMenus},
         {"New", walkNew},
         {"Open", dialogOf(Core::Constants::A_FILE_OPEN)},
+        {"Print", walkPrint},
         {"Save Project As", walkSaveProjectAs},
         {"project panel", walkProjectPanel},
         {"projects that cannot be changed", walkProjectFaults},
