@@ -6,9 +6,10 @@
 // the longest time that the window does not answer meanwhile and while the icons come
 // in; and starting a program detached against a bare QProcess.
 
+#include <extsys/pluginmanager.h>
 #include <idecore/core/idecore.h>
 #include <idecore/externaleditors/externaleditormanager.h>
-#include <idecore/externaleditors/externaleditoroptionpage.h>
+#include <idecore/interfaces/ioptionspage.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -146,12 +147,21 @@ double longestTurn(QTableView *table)
     return longest;
 }
 
+Core::IOptionsPage *page()
+{
+    const auto pages = ExtSys::PluginManager::instance()->getObjects<Core::IOptionsPage>();
+    for (Core::IOptionsPage *candidate : pages) {
+        if (candidate->id() == QLatin1String("BA.ExtEditor"))
+            return candidate;
+    }
+    qFatal("there is no page of external editors");
+}
+
 void measureScrolling()
 {
     const QTemporaryDir folder;
     const QList<ExternalEditor> editors = makeEditors(folder.path());
     ExternalEditorManager::applyData(editors);
-    Core::ExternalEditorOptionPage page;
     QStandardItemModel plainModel;
     fill(&plainModel, editors);
     std::vector<double> ours;
@@ -168,7 +178,7 @@ void measureScrolling()
         plain.setTextElideMode(Qt::ElideMiddle);
         showTable(&plain);
         // A new page knows no icon.
-        QWidget *const widget = page.widget();
+        QWidget *const widget = page()->widget();
         auto *const table = widget->findChild<QTableView *>(QStringLiteral("tableView"));
         showTable(widget);
         // As high, so that a page has as many rows.
@@ -177,7 +187,7 @@ void measureScrolling()
         const double peer = scroll(&plain).milliseconds;
         const Scrolling own = scroll(table);
         const double turn = longestTurn(table);
-        page.finish();
+        page()->finish();
         if (round == 0)
             continue;
         peers.push_back(peer);

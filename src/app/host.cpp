@@ -156,8 +156,7 @@ bool Host::startPlugins()
     // Whether there is a core is known before anything appears on the screen.
     if (!manager->corePlugin())
         return false;
-    // Before the first widget: the splash has the user's colours, and no widget is
-    // dressed twice.
+    // Before the first widget, so that none is dressed twice.
     APPSTYLE::AppStyleManager::instance()->updateStyle();
     m_splash = std::make_unique<Splash>();
     m_splash->show();

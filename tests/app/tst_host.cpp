@@ -40,6 +40,8 @@ private Q_SLOTS:
     void filesAreOpenedInOrderOnceTheWindowIsShown();
     void theCoreSeesTheProjectInFirstPlace();
     void theSplashNamesThePluginAndGoesWhenTheWindowIsShown();
+    void theThemeIsThereBeforeThePlugins_data();
+    void theThemeIsThereBeforeThePlugins();
     void traceIsPrintedWithVerboseOnly_data();
     void traceIsPrintedWithVerboseOnly();
     void verbosePrintsTheShareOfEveryPlugin();
@@ -293,6 +295,31 @@ void TestHost::theSplashNamesThePluginAndGoesWhenTheWindowIsShown()
 
     QVERIFY(host.waitForLine(text("splash gone")));
     QVERIFY(host.output().contains(QStringLiteral("splash there: Starting IdeCore…")));
+}
+
+void TestHost::theThemeIsThereBeforeThePlugins_data()
+{
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<QString>("style");
+    QTest::newRow("dark") << QByteArray("[General]\nTheme=Dark\n") << text("style fusion, dark");
+    QTest::newRow("classic") << QByteArray("[General]\nTheme=Classic\n")
+                             << text("style fusion, light");
+    QTest::newRow("none") << QByteArray() << text("style fusion, light");
+}
+
+void TestHost::theThemeIsThereBeforeThePlugins()
+{
+    QFETCH(const QByteArray, settings);
+    QFETCH(const QString, style);
+    HostProcess host;
+    host.write(text("config/KelmoWare/IDE.ini"), settings);
+    host.setVariable(text("XDG_CONFIG_HOME"), host.path(text("config")));
+    host.tell(text("close"));
+
+    host.start();
+
+    QVERIFY(host.waitForEnd());
+    QVERIFY2(host.output().contains(style), qPrintable(host.output().join(QLatin1Char('\n'))));
 }
 
 void TestHost::traceIsPrintedWithVerboseOnly_data()

@@ -247,11 +247,26 @@ void Program::picture(const QString &name) const
                                    QDir(folder).filePath(name + QStringLiteral(".png"))});
 }
 
-QStringList storedPaths(const QString &key)
+void endWell(Program *program)
+{
+    program->closeMainWindow();
+    QVERIFY(program->waitForEnd());
+    QVERIFY(program->exitedNormally());
+    // First what it said, which tells why it did not end well.
+    QCOMPARE(program->errorOutput(), QString());
+    QCOMPARE(program->exitCode(), 0);
+}
+
+QVariant storedValue(const QString &key)
 {
     const QSettings settings(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"),
                              QSettings::IniFormat);
-    return settings.value(key).toStringList();
+    return settings.value(key);
+}
+
+QStringList storedPaths(const QString &key)
+{
+    return storedValue(key).toStringList();
 }
 
 QByteArray contentOf(const QString &path)

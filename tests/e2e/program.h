@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTest>
+#include <QVariant>
 
 // The machine may be busy with other tests.
 #define SOON_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 20000)
@@ -87,7 +88,13 @@ private:
     QString m_output;
 };
 
-/// A list of the store "IDE" as programs have left it on disk.
+/// Closes @p program, which has nothing unsaved, as its close button does; it has to end
+/// well, without a word on standard error.
+void endWell(Program *program);
+
+/// An entry of the store "IDE" as programs have left it on disk; invalid without it.
+[[nodiscard]] QVariant storedValue(const QString &key);
+/// The same, as a list.
 [[nodiscard]] QStringList storedPaths(const QString &key);
 /// "unreadable" of a file that is.
 [[nodiscard]] QByteArray contentOf(const QString &path);

@@ -6,8 +6,6 @@
 #include "program.h"
 #include "support/testhome.h"
 
-#include <QDir>
-#include <QSettings>
 #include <QTest>
 
 #include <initializer_list>
@@ -21,9 +19,7 @@ QString named(const char *text)
 
 QVariant stored(const char *key)
 {
-    const QSettings settings(QDir::homePath() + named("/.config/KelmoWare/IDE.ini"),
-                             QSettings::IniFormat);
-    return settings.value(named(key));
+    return storedValue(named(key));
 }
 
 void press(Program *program, std::initializer_list<const char *> keys)
@@ -59,26 +55,22 @@ void TestOptionsProgram::languageIconSizeAndThemeHoldAfterARestart()
     press(&program, {"Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
     SOON_COMPARE(stored("Language").toString(), named("zh_CN"));
-    program.closeMainWindow();
-    QVERIFY(program.waitForEnd());
+    endWell(&program);
 
     QCOMPARE(program.start(), QString());
     press(&program, {"alt+t", "o"});
     // Whatever it is called in the other language.
-    QTRY_VERIFY_WITH_TIMEOUT(!program.activeTitle().contains(named("KELMO FPGA Designer"))
-                                 && !program.activeTitle().isEmpty(),
-                             20000);
+    SOON_VERIFY(!program.activeTitle().contains(named("KELMO FPGA Designer"))
+                && !program.activeTitle().isEmpty());
     program.picture(named("options-general-after"));
     // What is shown is stored again, and no theme is new.
     press(&program, {"Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
-    program.closeMainWindow();
-    QVERIFY(program.waitForEnd());
+    endWell(&program);
 
     QCOMPARE(stored("Language").toString(), named("zh_CN"));
     QCOMPARE(stored("Core/ToolbarIconSize").toInt(), 28);
     QCOMPARE(stored("Theme").toString(), named("Dark"));
-    QCOMPARE(program.errorOutput(), QString());
 }
 
 void TestOptionsProgram::externalEditorsAreSetByKeys()
@@ -116,8 +108,7 @@ void TestOptionsProgram::externalEditorsAreSetByKeys()
     QVERIFY(program.waitForActive(named("Restart Required")));
     press(&program, {"Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
-    program.closeMainWindow();
-    QVERIFY(program.waitForEnd());
+    endWell(&program);
 
     // They are stored in any order.
     QStringList entries{stored("external_editor/editor0").toStringList().join(QLatin1Char('|')),

@@ -35,7 +35,6 @@ private:
     static void bringForward(Program *program, const QString &panel);
     static void resetLayout(Program *program);
     static void request(Program *program, const QString &letter);
-    static void end(Program *program);
 
     [[nodiscard]] QString write(const QString &name, const QByteArray &bytes) const;
     [[nodiscard]] QString writeProject() const;
@@ -95,16 +94,6 @@ void TestPlugin::request(Program *program, const QString &letter)
     program->keys({QStringLiteral("alt+t"), letter});
 }
 
-void TestPlugin::end(Program *program)
-{
-    program->closeMainWindow();
-    QVERIFY(program->waitForEnd());
-    QVERIFY(program->exitedNormally());
-    // First what it said, which tells why it did not end well.
-    QCOMPARE(program->errorOutput(), QString());
-    QCOMPARE(program->exitCode(), 0);
-}
-
 QString TestPlugin::write(const QString &name, const QByteArray &bytes) const
 {
     const QString path = QDir(QFileInfo(m_dir->path()).canonicalFilePath()).filePath(name);
@@ -129,7 +118,7 @@ void TestPlugin::panelsOfOneAreaAreTabsInTheOrderOfTheirPriorities()
     SOON_COMPARE(layout(program), AT_HOME);
     program.picture(QStringLiteral("panels"));
 
-    end(&program);
+    endWell(&program);
 }
 
 void TestPlugin::resetLayoutBringsDraggedPanelsBack()
@@ -162,7 +151,7 @@ void TestPlugin::resetLayoutBringsDraggedPanelsBack()
 
     SOON_COMPARE(layout(program), AT_HOME);
     program.picture(QStringLiteral("panels-reset"));
-    end(&program);
+    endWell(&program);
 }
 
 void TestPlugin::panelsAreHiddenAndShownFromTheMenu()
@@ -183,7 +172,7 @@ void TestPlugin::panelsAreHiddenAndShownFromTheMenu()
     program.key(QStringLiteral("Return"));
 
     SOON_COMPARE(layout(program), QStringLiteral("layout left [Project]; bottom 90 [50] 10"));
-    end(&program);
+    endWell(&program);
 }
 
 void TestPlugin::requestsOpenAndCloseTheProject()
@@ -201,7 +190,7 @@ void TestPlugin::requestsOpenAndCloseTheProject()
     request(&program, TO_CLOSE);
 
     SOON_COMPARE(program.lastLine(QStringLiteral("project ")), QStringLiteral("project none"));
-    end(&program);
+    endWell(&program);
 }
 
 void TestPlugin::requestToCloseAsksAboutUnsavedWork()
@@ -229,7 +218,7 @@ void TestPlugin::requestToCloseAsksAboutUnsavedWork()
     // Nothing is lost.
     program.key(QStringLiteral("ctrl+s"));
     SOON_COMPARE(contentOf(file), QByteArray("new old\n"));
-    end(&program);
+    endWell(&program);
 }
 
 void TestPlugin::requestForAMissingFileIsTold()
@@ -246,7 +235,7 @@ void TestPlugin::requestForAMissingFileIsTold()
     QVERIFY(program.waitForActive(QStringLiteral("KELMO FPGA Designer")));
     QCOMPARE(program.lastLine(QStringLiteral("project ")), QString());
     QVERIFY(storedPaths(QStringLiteral("Core/RecentProjects")).isEmpty());
-    end(&program);
+    endWell(&program);
 }
 
 QTEST_MAIN(TestPlugin)

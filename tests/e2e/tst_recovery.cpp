@@ -31,7 +31,6 @@ private:
     void open(Program *program);
     /// Clicks where the button of the offer is, until something became of it.
     static bool press(Program *program, Button button);
-    static void end(Program *program);
 
     [[nodiscard]] QByteArray content() const;
     static QStringList recentFiles();
@@ -58,14 +57,14 @@ void TestRecovery::killWithUnsavedText()
 {
     Program program;
     QCOMPARE(program.start({m_path}), QString());
-    QTRY_COMPARE(recentFiles(), QStringList{m_path});
+    SOON_COMPARE(recentFiles(), QStringList{m_path});
     program.key(QStringLiteral("ctrl+Home"));
     program.type(QStringLiteral("very "));
     program.key(QStringLiteral("ctrl+s"));
-    QTRY_COMPARE(content(), QByteArray("very saved\n"));
+    SOON_COMPARE(content(), QByteArray("very saved\n"));
     program.type(QStringLiteral("unsaved "));
     // There from the first letter on; the last one has been asked for.
-    QTRY_VERIFY(!keptTexts().isEmpty());
+    SOON_VERIFY(!keptTexts().isEmpty());
     program.kill(SIGKILL);
     QVERIFY(program.waitForEnd());
     QVERIFY(!program.exitedNormally());
@@ -77,7 +76,7 @@ void TestRecovery::open(Program *program)
 {
     removeFromTestHome(QStringLiteral(".config/KelmoWare/IDE.ini"));
     QCOMPARE(program->start({m_path}), QString());
-    QTRY_COMPARE(recentFiles(), QStringList{m_path});
+    SOON_COMPARE(recentFiles(), QStringList{m_path});
     program->picture(QStringLiteral("recovery-offer"));
 }
 
@@ -96,16 +95,6 @@ QStringList TestRecovery::keptTexts()
     return QDir(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
                 + QStringLiteral("/KelmoWare/unsaved"))
         .entryList(QDir::Files | QDir::Hidden);
-}
-
-void TestRecovery::end(Program *program)
-{
-    program->closeMainWindow();
-    QVERIFY(program->waitForEnd());
-    QVERIFY(program->exitedNormally());
-    // First what it said, which tells why it did not end well.
-    QCOMPARE(program->errorOutput(), QString());
-    QCOMPARE(program->exitCode(), 0);
 }
 
 bool TestRecovery::press(Program *program, Button button)
@@ -134,9 +123,9 @@ void TestRecovery::killedProgramOffersItsUnsavedTextAgain()
     // Kept until it is saved.
     QCOMPARE(keptTexts().size(), 1);
     program.key(QStringLiteral("ctrl+s"));
-    QTRY_COMPARE(content(), QByteArray("very unsaved saved\n"));
-    QTRY_VERIFY(keptTexts().isEmpty());
-    end(&program);
+    SOON_COMPARE(content(), QByteArray("very unsaved saved\n"));
+    SOON_VERIFY(keptTexts().isEmpty());
+    endWell(&program);
 }
 
 void TestRecovery::offeredTextCanBeThrownAway()
@@ -147,7 +136,7 @@ void TestRecovery::offeredTextCanBeThrownAway()
     QVERIFY(press(&program, Discard));
 
     QVERIFY(keptTexts().isEmpty());
-    end(&program);
+    endWell(&program);
     QCOMPARE(content(), QByteArray("very saved\n"));
 }
 
@@ -158,7 +147,7 @@ void TestRecovery::offerComesAgainUntilItIsDecided()
         open(&program);
         // What is typed meanwhile changes nothing.
         program.type(QStringLiteral("x"));
-        end(&program);
+        endWell(&program);
         QCOMPARE(keptTexts().size(), 1);
     }
     Program program;
@@ -167,8 +156,8 @@ void TestRecovery::offerComesAgainUntilItIsDecided()
     QVERIFY(press(&program, Recover));
     program.key(QStringLiteral("ctrl+s"));
 
-    QTRY_COMPARE(content(), QByteArray("very unsaved saved\n"));
-    end(&program);
+    SOON_COMPARE(content(), QByteArray("very unsaved saved\n"));
+    endWell(&program);
 }
 
 QTEST_MAIN(TestRecovery)

@@ -31,29 +31,26 @@ private Q_SLOTS:
               QStringList{QStringLiteral("Ctrl+K"), QStringLiteral("Ctrl+B, S")});
         Program program;
         QCOMPARE(program.start({path}), QString());
-        SOON_COMPARE(recentFiles(), QStringList{path});
+        SOON_COMPARE(storedPaths(QStringLiteral("Core/RecentFiles")), QStringList{path});
         // Nothing to save: the editor must not take the key to delete a line.
         program.keys({QStringLiteral("ctrl+Home"), QStringLiteral("ctrl+k")});
         program.type(QStringLiteral("a"));
         program.key(QStringLiteral("ctrl+k"));
-        SOON_COMPARE(content(path), QByteArray("aone\ntwo\n"));
+        SOON_COMPARE(contentOf(path), QByteArray("aone\ntwo\n"));
         program.type(QStringLiteral("b"));
         // The key it had is nobody's any more. The dialog comes when it was served.
         program.keys({QStringLiteral("ctrl+s"), QStringLiteral("ctrl+o")});
         QVERIFY(program.waitForActive(QStringLiteral("Open File")));
-        QCOMPARE(content(path), QByteArray("aone\ntwo\n"));
+        QCOMPARE(contentOf(path), QByteArray("aone\ntwo\n"));
         program.key(QStringLiteral("Escape"));
         QVERIFY(program.waitForActive(QStringLiteral("KELMO FPGA Designer")));
         program.type(QStringLiteral("c"));
         program.keys({QStringLiteral("ctrl+b"), QStringLiteral("s")});
-        SOON_COMPARE(content(path), QByteArray("abcone\ntwo\n"));
+        SOON_COMPARE(contentOf(path), QByteArray("abcone\ntwo\n"));
         program.key(QStringLiteral("alt+f"));
         program.picture(QStringLiteral("user-keys-menu"));
         program.key(QStringLiteral("Escape"));
-        program.closeMainWindow();
-        QVERIFY(program.waitForEnd());
-        QCOMPARE(program.exitCode(), 0);
-        QCOMPARE(program.errorOutput(), QString());
+        endWell(&program);
         QCOMPARE(stored(QStringLiteral("Core.Action.Save")).toStringList(),
                  (QStringList{QStringLiteral("Ctrl+K"), QStringLiteral("Ctrl+B, S")}));
     }
@@ -82,24 +79,15 @@ private Q_SLOTS:
     }
 
 private:
-    static QString settingsFile()
-    {
-        return QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini");
-    }
     static void store(const QString &id, const QVariant &keys)
     {
-        QSettings settings(settingsFile(), QSettings::IniFormat);
+        QSettings settings(QDir::homePath() + QStringLiteral("/.config/KelmoWare/IDE.ini"),
+                           QSettings::IniFormat);
         settings.setValue(QStringLiteral("KeyBindings/") + id, keys);
     }
     static QVariant stored(const QString &id)
     {
-        const QSettings settings(settingsFile(), QSettings::IniFormat);
-        return settings.value(QStringLiteral("KeyBindings/") + id);
-    }
-    static QStringList recentFiles()
-    {
-        const QSettings settings(settingsFile(), QSettings::IniFormat);
-        return settings.value(QStringLiteral("Core/RecentFiles")).toStringList();
+        return storedValue(QStringLiteral("KeyBindings/") + id);
     }
     QString file(const QByteArray &bytes) const
     {
@@ -107,11 +95,6 @@ private:
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write %s", qPrintable(file.fileName()));
         return file.fileName();
-    }
-    static QByteArray content(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
     }
 
     std::unique_ptr<QTemporaryDir> m_dir;

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -46,6 +47,23 @@ ModalDialog::Handler ModalDialog::press(int button)
 ModalDialog::Handler ModalDialog::cancel()
 {
     return [](QWidget *widget) { QTest::keyClick(widget, Qt::Key_Escape); };
+}
+
+ModalDialog::Handler ModalDialog::onceFocused(const std::function<void()> &acts)
+{
+    return [acts](QWidget *widget) {
+        const QPointer<QWidget> shown(widget);
+        const bool focused =
+            QTest::qWaitFor([widget] { return widget->isAncestorOf(QApplication::focusWidget()); });
+        if (focused)
+            acts();
+        else
+            QTest::qFail("the dialog did not get the focus", __FILE__, __LINE__);
+        if (shown && shown->isVisible()) {
+            QTest::qFail("the dialog stayed open", __FILE__, __LINE__);
+            qobject_cast<QDialog *>(widget)->reject();
+        }
+    };
 }
 
 void ModalDialog::look()

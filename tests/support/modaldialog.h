@@ -44,6 +44,8 @@ public:
     static Handler press(int button);
     /// Presses Escape.
     static Handler cancel();
+    /// Runs @p acts, which has to close the dialog, once the focus is in it.
+    static Handler onceFocused(const std::function<void()> &acts);
 
 private:
     void look();

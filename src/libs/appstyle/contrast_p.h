@@ -14,9 +14,9 @@ constexpr double TEXT_CONTRAST = 4.5;
 /// The contrast ratio of WCAG, 1 to 21; transparency counts for nothing.
 [[nodiscard]] double contrast(const QColor &one, const QColor &other);
 
-/// @p colour, made lighter or darker, as stands out from @p ground the more, until it
-/// has @p ratio on it; as it is when it has that already, the hue and the transparency
-/// kept.
+/// @p colour as it is when it has the contrast @p ratio on @p ground. Otherwise made
+/// lighter or darker, whichever goes further there, just until it has it, or to white or
+/// black where that is not enough; hue and transparency stay.
 [[nodiscard]] QColor readable(const QColor &colour, const QColor &ground, double ratio);
 
 } // namespace APPSTYLE

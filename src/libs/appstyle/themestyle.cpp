@@ -169,12 +169,12 @@ constexpr QStyle::SubControls TITLE_BUTTONS =
     QStyle::SubControls(QStyle::SC_TitleBarMinButton) | QStyle::SC_TitleBarMaxButton
     | QStyle::SC_TitleBarNormalButton | QStyle::SC_TitleBarCloseButton;
 
-struct TitleButton
+struct TitleSign
 {
     QStyle::SubControl control;
     QStyle::StandardPixmap sign;
 };
-constexpr TitleButton titleButtons[] = {
+constexpr TitleSign TITLE_SIGNS[] = {
     {QStyle::SC_TitleBarMinButton, QStyle::SP_TitleBarMinButton},
     {QStyle::SC_TitleBarMaxButton, QStyle::SP_TitleBarMaxButton},
     {QStyle::SC_TitleBarNormalButton, QStyle::SP_TitleBarNormalButton},
@@ -211,7 +211,7 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     plain.text = painter->fontMetrics().elidedText(wholeTitle(bar, widget), Qt::ElideMiddle,
                                                    label.width() - 20);
     QProxyStyle::drawComplexControl(control, &plain, painter, widget);
-    for (const TitleButton &button : titleButtons) {
+    for (const TitleSign &button : TITLE_SIGNS) {
         const QRect rect = subControlRect(CC_TitleBar, bar, button.control, widget);
         if (!(bar->subControls & button.control) || !rect.isValid())
             continue;

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QLocale>
 #include <QMainWindow>
+#include <QPalette>
+#include <QStyle>
 #include <QTimer>
 #include <QTranslator>
 
@@ -149,6 +151,10 @@ public:
         say(QStringLiteral("gl ") + QString::fromLocal8Bit(qgetenv("QT_XCB_GL_INTEGRATION")));
         say(QStringLiteral("pixmaps %1")
                 .arg(QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps)));
+        const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+        say(QStringLiteral("style %1, %2")
+                .arg(QApplication::style()->objectName(),
+                     dark ? QStringLiteral("dark") : QStringLiteral("light")));
         if (told("throw"))
             throw std::runtime_error("thrown on purpose:\na second line");
         return !told("fail");

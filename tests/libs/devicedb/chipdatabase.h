@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_DEVICEDB_CHIPDATABASE_H
-#define TESTS_DEVICEDB_CHIPDATABASE_H
+#ifndef TESTS_LIBS_DEVICEDB_CHIPDATABASE_H
+#define TESTS_LIBS_DEVICEDB_CHIPDATABASE_H
 
 #include <QHash>
 #include <QSet>
@@ -48,4 +48,4 @@ private:
     int m_ramTiles = 0;
 };
 
-#endif // TESTS_DEVICEDB_CHIPDATABASE_H
+#endif // TESTS_LIBS_DEVICEDB_CHIPDATABASE_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_FPGAPROJECT_PROJECTFOLDER_H
-#define TESTS_FPGAPROJECT_PROJECTFOLDER_H
+#ifndef TESTS_PLUGINS_FPGAPROJECT_PROJECTFOLDER_H
+#define TESTS_PLUGINS_FPGAPROJECT_PROJECTFOLDER_H
 
 #include <QByteArray>
 #include <QString>
@@ -27,4 +27,4 @@ private:
     QTemporaryDir m_folder;
 };
 
-#endif // TESTS_FPGAPROJECT_PROJECTFOLDER_H
+#endif // TESTS_PLUGINS_FPGAPROJECT_PROJECTFOLDER_H

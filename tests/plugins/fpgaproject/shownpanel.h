@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_FPGAPROJECT_SHOWNPANEL_H
-#define TESTS_FPGAPROJECT_SHOWNPANEL_H
+#ifndef TESTS_PLUGINS_FPGAPROJECT_SHOWNPANEL_H
+#define TESTS_PLUGINS_FPGAPROJECT_SHOWNPANEL_H
 
 #include "projectfolder.h"
 
@@ -45,4 +45,4 @@ public:
     Fpga::ProjectPanel panel;
 };
 
-#endif // TESTS_FPGAPROJECT_SHOWNPANEL_H
+#endif // TESTS_PLUGINS_FPGAPROJECT_SHOWNPANEL_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_KEYBINDINGS_KEYBINDINGSFIXTURE_H
-#define TESTS_KEYBINDINGS_KEYBINDINGSFIXTURE_H
+#ifndef TESTS_PLUGINS_KEYBINDINGS_KEYBINDINGSFIXTURE_H
+#define TESTS_PLUGINS_KEYBINDINGS_KEYBINDINGSFIXTURE_H
 
 #include "support/corefixture.h"
 
@@ -107,4 +107,4 @@ private:
     [[nodiscard]] QModelIndex find(const QString &id) const;
 };
 
-#endif // TESTS_KEYBINDINGS_KEYBINDINGSFIXTURE_H
+#endif // TESTS_PLUGINS_KEYBINDINGS_KEYBINDINGSFIXTURE_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_TEXTEDITOR_KTEXTEDITORACCESS_H
-#define TESTS_TEXTEDITOR_KTEXTEDITORACCESS_H
+#ifndef TESTS_PLUGINS_TEXTEDITOR_KTEXTEDITORACCESS_H
+#define TESTS_PLUGINS_TEXTEDITOR_KTEXTEDITORACCESS_H
 
 #include <texteditor/abstracttexteditor.h>
 
@@ -22,4 +22,4 @@ inline KTextEditor::Document *documentIn(const TextEditor::AbstractTextEditor *e
     return nullptr;
 }
 
-#endif // TESTS_TEXTEDITOR_KTEXTEDITORACCESS_H
+#endif // TESTS_PLUGINS_TEXTEDITOR_KTEXTEDITORACCESS_H

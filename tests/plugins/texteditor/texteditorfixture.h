@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_TEXTEDITOR_TEXTEDITORFIXTURE_H
-#define TESTS_TEXTEDITOR_TEXTEDITORFIXTURE_H
+#ifndef TESTS_PLUGINS_TEXTEDITOR_TEXTEDITORFIXTURE_H
+#define TESTS_PLUGINS_TEXTEDITOR_TEXTEDITORFIXTURE_H
 
 #include "support/corefixture.h"
 
@@ -58,4 +58,4 @@ private:
     ExtSys::IPlugin *m_plugin = nullptr;
 };
 
-#endif // TESTS_TEXTEDITOR_TEXTEDITORFIXTURE_H
+#endif // TESTS_PLUGINS_TEXTEDITOR_TEXTEDITORFIXTURE_H

@@ -29,14 +29,14 @@ DeviceDialog::DeviceDialog(const DeviceChoice &now, const QVector<DEV::Device> &
     layout->addWidget(current);
     layout->addWidget(m_picker);
     layout->addWidget(m_buttons);
-    connect(m_picker, &DevicePicker::deviceChanged, this, &DeviceDialog::update);
+    connect(m_picker, &DevicePicker::deviceChanged, this, &DeviceDialog::updateButtons);
     connect(m_picker, &DevicePicker::deviceActivated, this, &DeviceDialog::accept);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &DeviceDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &DeviceDialog::reject);
     m_picker->selectPart(now.part);
     m_picker->setFocus();
     resize(960, 520);
-    update();
+    updateButtons();
 }
 
 DeviceDialog::~DeviceDialog() = default;
@@ -46,7 +46,7 @@ DeviceChoice DeviceDialog::choice() const
     return m_picker->choice();
 }
 
-void DeviceDialog::update()
+void DeviceDialog::updateButtons()
 {
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(!choice().isEmpty());
 }

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] DeviceChoice choice() const;
 
 private:
-    void update();
+    void updateButtons();
 
     DevicePicker *const m_picker;
     QDialogButtonBox *const m_buttons;

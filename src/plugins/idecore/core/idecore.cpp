@@ -10,7 +10,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/externaleditors/externaleditormanager.h>
-#include <idecore/externaleditors/externaleditoroptionpage.h>
+#include <idecore/externaleditors/externaleditoroptionpage_p.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/options/generaloptionpage_p.h>
 #include <idecore/projects/projectmanager.h>

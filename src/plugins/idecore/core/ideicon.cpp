@@ -31,7 +31,7 @@ struct Variant
     const char *ending;
 };
 
-// What the build renders, from small to large.
+// What the build renders, from small to large; "_16@3x" has the 48 pixels of "@2x".
 constexpr Variant variants[] = {{16, "_16"}, {20, "_20"},    {24, ""},       {28, "_28"},
                                 {30, "_30"}, {32, "_16@2x"}, {36, "_36"},    {40, "_20@2x"},
                                 {42, "_42"}, {48, "@2x"},    {56, "_28@2x"}, {60, "_20@3x"},

@@ -14,9 +14,10 @@ namespace Core {
 
 /// The icon of the resource @p file, a PNG of 24 pixels such as
 /// ":/core/image/new.png", sharp at every size for which a picture lies beside it:
-/// new_16.png, new_20.png, new_28.png, new_30.png, new_36.png, new_42.png, and each
-/// at two and three times its size (new@2x.png, new_16@3x.png). Those that are
-/// missing are made from the next larger one; nothing is enlarged.
+/// new_16.png, new_20.png, new_28.png, for scales between one and two new_30.png,
+/// new_36.png, new_42.png, and at twice and three times their size new_16@2x.png,
+/// new_20@2x.png, new@2x.png, new_28@2x.png, new_20@3x.png, new@3x.png, new_28@3x.png.
+/// What is missing is made from the next larger one; nothing is enlarged.
 ///
 /// Follows the theme: lighter on a dark one, pale where disabled, as the style shows
 /// all icons where selected. Null when there is no such resource; pictures are

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#include <idecore/externaleditors/externaleditoroptionpage.h>
+#include <idecore/externaleditors/externaleditoroptionpage_p.h>
 
 #include "ui_externaleditoroptionpage.h"
 

@@ -9,6 +9,7 @@
 #include <idecore/options/optiondialog_p.h>
 
 #include <QEventLoop>
+#include <QHideEvent>
 #include <QLabel>
 #include <QModelIndex>
 #include <QStackedLayout>
@@ -37,9 +38,13 @@ OptionDialog::~OptionDialog()
         loop->exit(Rejected);
     }
     d->disconnectTabWidgets();
-    if (!d->finished)
+    // Also where a page that is just being applied deletes the dialog.
+    if (!d->told)
         d->finish();
     d->releaseWidgets();
+    // A page that belongs to a widget of the dialog goes after all that is told of it.
+    for (IOptionsPage *page : qAsConst(d->pages))
+        page->disconnect(this);
 }
 
 OptionDialog *OptionDialog::getOptionDialog(QWidget *parent, const QString &category,
@@ -72,6 +77,7 @@ bool OptionDialog::execDialog()
     }
     d->running = true;
     d->finished = false;
+    d->told = false;
     exec();
     if (!guard)
         return false;
@@ -181,9 +187,17 @@ void OptionDialog::reject()
 
 void OptionDialog::done(int r)
 {
-    while (!d->eventLoops.isEmpty())
-        d->eventLoops.takeLast()->exit(r);
+    d->endWaiting(r);
     QDialog::done(r);
+}
+
+void OptionDialog::hideEvent(QHideEvent *event)
+{
+    QDialog::hideEvent(event);
+    // Whoever hides the dialog ends its run; those who wait for it must not be left
+    // behind, for they keep that run from returning.
+    if (!event->spontaneous())
+        d->endWaiting(result());
 }
 
 bool OptionDialog::focusNextPrevChild(bool next)

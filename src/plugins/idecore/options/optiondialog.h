@@ -61,6 +61,7 @@ public Q_SLOTS:
     void done(int r) override;
 
 protected:
+    void hideEvent(QHideEvent *event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:

@@ -267,21 +267,28 @@ void OptionDialogPrivate::disconnectTabWidgets()
 
 void OptionDialogPrivate::finish()
 {
+    told = true;
     // What a page does meanwhile may destroy others, and even the dialog.
-    QList<QPointer<IOptionsPage>> told;
+    QList<QPointer<IOptionsPage>> rest;
     for (IOptionsPage *page : qAsConst(pages))
-        told.append(page);
-    for (const QPointer<IOptionsPage> &page : qAsConst(told)) {
+        rest.append(page);
+    for (const QPointer<IOptionsPage> &page : qAsConst(rest)) {
         if (page)
             page->finish();
     }
+}
+
+void OptionDialogPrivate::endWaiting(int result)
+{
+    while (!eventLoops.isEmpty())
+        eventLoops.takeLast()->exit(result);
 }
 
 void OptionDialogPrivate::releaseWidgets()
 {
     for (const Category *category : qAsConst(categories)) {
         for (const QPointer<QWidget> &widget : category->shown) {
-            if (widget && !dynamic_cast<NoWidget *>(widget.data()))
+            if (widget && q->isAncestorOf(widget) && !dynamic_cast<NoWidget *>(widget.data()))
                 widget->setParent(nullptr);
         }
     }

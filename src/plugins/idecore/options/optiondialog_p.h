@@ -48,9 +48,12 @@ struct OptionDialogPrivate
     /// Drops a page that is being destroyed.
     void forget(IOptionsPage *page);
     void disconnectTabWidgets();
-    /// Tells every page that the dialog closes, once.
+    /// Tells every page that the dialog closes.
     void finish();
-    /// Takes the widgets that pages keep beyond finish() out of the dialog.
+    /// Lets those go who wait for the end of the dialog, the last one first.
+    void endWaiting(int result);
+    /// Takes the widgets that pages keep beyond finish() out of this dialog; the next
+    /// one may show them already.
     void releaseWidgets();
     /// Writes the settings, and says so when that cannot be done.
     void writeStore();
@@ -73,6 +76,8 @@ struct OptionDialogPrivate
     QList<Category *> categories;
     bool applied = false;
     bool finished = false;
+    /// The pages know that the dialog closes; later than finished.
+    bool told = false;
     bool running = false;
     QList<QEventLoop *> eventLoops;
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_CORE_CREATIONLOG_H
-#define TESTS_IDECORE_CORE_CREATIONLOG_H
+#ifndef TESTS_PLUGINS_IDECORE_CORE_CREATIONLOG_H
+#define TESTS_PLUGINS_IDECORE_CORE_CREATIONLOG_H
 
 #include <QObject>
 
@@ -18,4 +18,4 @@ public:
     [[nodiscard]] const QObjectList &objects() const;
 };
 
-#endif // TESTS_IDECORE_CORE_CREATIONLOG_H
+#endif // TESTS_PLUGINS_IDECORE_CORE_CREATIONLOG_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_CORE_HEAPLOG_H
-#define TESTS_IDECORE_CORE_HEAPLOG_H
+#ifndef TESTS_PLUGINS_IDECORE_CORE_HEAPLOG_H
+#define TESTS_PLUGINS_IDECORE_CORE_HEAPLOG_H
 
 #include <QtGlobal>
 
@@ -24,4 +24,4 @@ public:
     [[nodiscard]] static int deleted(const void *object);
 };
 
-#endif // TESTS_IDECORE_CORE_HEAPLOG_H
+#endif // TESTS_PLUGINS_IDECORE_CORE_HEAPLOG_H

@@ -10,7 +10,7 @@
 #include <idecore/actions/actionmanager.h>
 #include <idecore/core/idecore.h>
 #include <idecore/editors/editormanager.h>
-#include <idecore/externaleditors/externaleditoroptionpage.h>
+#include <idecore/externaleditors/externaleditoroptionpage_p.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/mimedatabase/mimedatabase.h>
 #include <idecore/mimedatabase/mimetype.h>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_EDITORS_EDITORFIXTURE_H
-#define TESTS_IDECORE_EDITORS_EDITORFIXTURE_H
+#ifndef TESTS_PLUGINS_IDECORE_EDITORS_EDITORFIXTURE_H
+#define TESTS_PLUGINS_IDECORE_EDITORS_EDITORFIXTURE_H
 
 #include "support/corefixture.h"
 #include "support/testeditor.h"
@@ -38,4 +38,4 @@ private:
 void addType(const QString &name, const QString &suffix = {}, const QStringList &parents = {});
 Core::MimeType mimeType(const QString &name);
 
-#endif // TESTS_IDECORE_EDITORS_EDITORFIXTURE_H
+#endif // TESTS_PLUGINS_IDECORE_EDITORS_EDITORFIXTURE_H

@@ -8,7 +8,7 @@
 
 #include <idecore/core/idecore.h>
 #include <idecore/externaleditors/externaleditormanager.h>
-#include <idecore/externaleditors/externaleditoroptionpage.h>
+#include <idecore/externaleditors/externaleditoroptionpage_p.h>
 
 #include <QApplication>
 #include <QBoxLayout>

@@ -3,7 +3,6 @@
 
 #include "support/corefixture.h"
 
-#include <appstyle/appstylemanager.h>
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
@@ -13,17 +12,13 @@
 #include <utils/mdiarea.h>
 #include <utils/mdisubwindow.h>
 
-#include <QApplication>
 #include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
 
-#include <algorithm>
-#include <cmath>
 #include <memory>
 #include <utility>
 
@@ -132,23 +127,6 @@ QStringList entries(const QWidget *container)
     return names;
 }
 
-double luminance(QRgb colour)
-{
-    const auto linear = [](int channel) {
-        const double value = channel / 255.0;
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour))
-           + 0.0722 * linear(qBlue(colour));
-}
-
-/// As the accessibility guidelines of the web reckon it: from 1 to 21.
-double contrast(QRgb one, QRgb other)
-{
-    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
 } // namespace
 
 class TestStandardCommands final : public QObject
@@ -199,41 +177,6 @@ private Q_SLOTS:
             QCOMPARE(imageOf(action->icon()), imageOf(icon(command.icon)));
         } else {
             QVERIFY(action->icon().isNull());
-        }
-    }
-
-    void theIconsAreReadableInBothThemes_data()
-    {
-        QTest::addColumn<QString>("theme");
-        for (const QString &theme : {APPSTYLE::THEME_CLASSIC, APPSTYLE::THEME_DARK})
-            QTest::newRow(qPrintable(theme)) << theme;
-    }
-
-    void theIconsAreReadableInBothThemes()
-    {
-        QFETCH(QString, theme);
-        APPSTYLE::AppStyleManager::instance()->setAppStyle(theme);
-        const QRgb ground = QApplication::palette().color(QPalette::Window).rgb();
-        APPSTYLE::AppStyleManager::instance()->setAppStyle(APPSTYLE::THEME_CLASSIC);
-        QList<const char *> files{"options.png", "fullscreen.png", "tile.png",
-                                  "cascade.png", "new_file.png",   "new_project.png"};
-        for (const Command &command : commands()) {
-            if (command.icon)
-                files.append(command.icon);
-        }
-        for (const char *file : qAsConst(files)) {
-            const QImage image = imageOf(icon(file)).convertToFormat(QImage::Format_ARGB32);
-            int lines = 0;
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x) {
-                    // The lines are opaque, what they enclose is tinted.
-                    if (qAlpha(image.pixel(x, y)) < 255)
-                        continue;
-                    ++lines;
-                    QVERIFY2(contrast(image.pixel(x, y), ground) >= 3.0, file);
-                }
-            }
-            QVERIFY2(lines > 20, file);
         }
     }
 

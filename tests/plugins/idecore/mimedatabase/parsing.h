@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_MIMEDATABASE_PARSING_H
-#define TESTS_IDECORE_MIMEDATABASE_PARSING_H
+#ifndef TESTS_PLUGINS_IDECORE_MIMEDATABASE_PARSING_H
+#define TESTS_PLUGINS_IDECORE_MIMEDATABASE_PARSING_H
 
 #include "support/messagerecorder.h"
 
@@ -84,4 +84,4 @@ inline QString locatedError(int line, const QByteArray &text)
         .arg(QString::fromLatin1(text));
 }
 
-#endif // TESTS_IDECORE_MIMEDATABASE_PARSING_H
+#endif // TESTS_PLUGINS_IDECORE_MIMEDATABASE_PARSING_H

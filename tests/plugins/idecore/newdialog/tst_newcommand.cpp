@@ -15,7 +15,6 @@
 
 #include <QApplication>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QToolBar>
@@ -196,19 +195,7 @@ private:
     /// has the focus.
     static void inDialog(const std::function<void()> &acts)
     {
-        ModalDialog dialog([&acts](QWidget *widget) {
-            const QPointer<QWidget> shown(widget);
-            const bool focused = QTest::qWaitFor(
-                [widget] { return widget->isAncestorOf(QApplication::focusWidget()); });
-            if (focused)
-                acts();
-            else
-                QTest::qFail("the dialog did not get the focus", __FILE__, __LINE__);
-            if (shown && shown->isVisible()) {
-                QTest::qFail("the dialog stayed open", __FILE__, __LINE__);
-                qobject_cast<QDialog *>(widget)->reject();
-            }
-        });
+        ModalDialog dialog(ModalDialog::onceFocused(acts));
         QTest::keyClick(ViewManager::mainWindow(), Qt::Key_N, Qt::ControlModifier);
         QTRY_VERIFY(dialog.met());
     }

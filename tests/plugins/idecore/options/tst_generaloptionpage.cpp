@@ -90,6 +90,14 @@ private Q_SLOTS:
         m_page->finish();
     }
 
+    void theWidgetGoesWithThePage()
+    {
+        auto page = std::make_unique<GeneralOptionPage>();
+        const QPointer<QWidget> widget = page->widget();
+        page.reset();
+        QVERIFY(!widget);
+    }
+
     void theWidgetMayGoBefore()
     {
         delete m_page->widget();
@@ -327,6 +335,19 @@ private Q_SLOTS:
         QCOMPARE(message.parentOfDialog(), ViewManager::mainWindow());
     }
 
+    void aThemeThatWasAppliedIsNotNewAgain()
+    {
+        box("comboBoxTheme")->setCurrentText(QStringLiteral("Dark"));
+        {
+            const ModalDialog message(ModalDialog::press(QMessageBox::Ok));
+            m_page->apply();
+        }
+        IdeCore::userSettings()->setValue(QStringLiteral("TextEditor/ColorScheme"),
+                                          QStringLiteral("probe"));
+        m_page->apply();
+        QCOMPARE(stored("TextEditor/ColorScheme"), QVariant(QStringLiteral("probe")));
+    }
+
     void theThemeIsStoredBeforeItIsShownAndTheSchemeBehind()
     {
         box("comboBoxTheme")->setCurrentText(QStringLiteral("Dark"));
@@ -504,6 +525,16 @@ private Q_SLOTS:
         button("btnClearProjectPath")->click();
         QCOMPARE(edit("lineEditProjectPath")->text(), QString());
         QCOMPARE(ProjectManager::workDir(), QStringLiteral("/before"));
+    }
+
+    void clearAndOkTakeTheDirectoryAway()
+    {
+        ProjectManager::setDefaultWorkDir(QStringLiteral("/before"));
+        inOptions([this](OptionDialog *dialog) {
+            button("btnClearProjectPath")->click();
+            dialog->accept();
+        });
+        QCOMPARE(stored("Core/DefaultWorkDir"), QVariant(QString()));
     }
 
     void browsingTakesTheChosenDirectory()

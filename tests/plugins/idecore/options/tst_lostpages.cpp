@@ -129,6 +129,22 @@ private Q_SLOTS:
         QVERIFY(m_fixture->log.contains(QStringLiteral("apply a3")));
     }
 
+    void aPageMayGoWithAWidgetOfTheDialog()
+    {
+        QStringList log;
+        const QPointer<TestPage> page =
+            new TestPage(QStringLiteral("C"), QStringLiteral("c1"), &log);
+        delete m_dialog;
+        auto *const pool = ExtSys::PluginManager::instance();
+        pool->addObject(page);
+        m_dialog = m_fixture->dialog("A", "a1");
+        pool->removeObject(page);
+        page->setParent(listOf(m_dialog));
+        delete m_dialog;
+        QVERIFY(!page);
+        QCOMPARE(log.filter(QStringLiteral("finish")), texts({"finish c1"}));
+    }
+
     void theOptionsSurviveTheEndOfTheCoreOverThem()
     {
         m_dialog->show();

@@ -162,19 +162,7 @@ private:
     /// it has the focus.
     void inDialog(const std::function<void()> &acts)
     {
-        ModalDialog dialog([&acts](QWidget *widget) {
-            const QPointer<QWidget> shown(widget);
-            const bool focused = QTest::qWaitFor(
-                [widget] { return widget->isAncestorOf(QApplication::focusWidget()); });
-            if (focused)
-                acts();
-            else
-                QTest::qFail("the dialog did not get the focus", __FILE__, __LINE__);
-            if (shown && shown->isVisible()) {
-                QTest::qFail("the dialog stayed open", __FILE__, __LINE__);
-                qobject_cast<QDialog *>(widget)->reject();
-            }
-        });
+        ModalDialog dialog(ModalDialog::onceFocused(acts));
         // Behind a dialog it takes a while.
         QTRY_COMPARE(QApplication::activeWindow(), ViewManager::mainWindow());
         QTest::keyClick(ViewManager::mainWindow(), Qt::Key_T, Qt::AltModifier);

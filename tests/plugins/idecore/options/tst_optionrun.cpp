@@ -7,11 +7,14 @@
 #include "optionfixture.h"
 #include "support/modaldialog.h"
 
-#include <QLabel>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTimer>
+
+#include <algorithm>
+#include <functional>
 
 using namespace Core;
 
@@ -24,6 +27,35 @@ ModalDialog::Handler click(std::initializer_list<QDialogButtonBox::StandardButto
             QTest::mouseClick(buttonOf(dialog, button), Qt::LeftButton);
     };
 }
+
+/// How many wait for the dialog to end, beside the one who runs it.
+int waitersOf(const QWidget *dialog)
+{
+    const QList<QEventLoop *> loops = dialog->findChildren<QEventLoop *>();
+    return int(std::count_if(loops.begin(), loops.end(), std::mem_fn(&QEventLoop::isRunning)));
+}
+
+/// Acts when a widget is about to be hidden.
+class AtHide final : public QObject
+{
+public:
+    AtHide(QWidget *widget, std::function<void()> act)
+        : m_act(std::move(act))
+    {
+        widget->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Hide)
+            m_act();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    const std::function<void()> m_act;
+};
 
 } // namespace
 
@@ -95,13 +127,17 @@ private Q_SLOTS:
         QCOMPARE(dialog->result(), int(accepted ? QDialog::Accepted : QDialog::Rejected));
     }
 
-    void aSecondOkOnlyEndsTheDialogAgain()
+    void theSecondTimeOnlyTheDialogEndsAgain_data() { theDialogEndsWhenItsPagesAreTold_data(); }
+
+    void theSecondTimeOnlyTheDialogEndsAgain()
     {
+        QFETCH(const bool, accepted);
         OptionDialog *dialog = m_fixture->dialog();
-        const QSignalSpy ends(dialog, &QDialog::accepted);
-        dialog->accept();
+        const auto end = [accepted, dialog] { accepted ? dialog->accept() : dialog->reject(); };
+        const QSignalSpy ends(dialog, accepted ? &QDialog::accepted : &QDialog::rejected);
+        end();
         m_fixture->log.clear();
-        dialog->accept();
+        end();
         QCOMPARE(ends.count(), 2);
         QCOMPARE(m_fixture->log, QStringList());
     }
@@ -149,17 +185,11 @@ private Q_SLOTS:
         QVERIFY(m_fixture->dialog());
     }
 
-    void whoAsksWhileItRunsWaitsForItsEnd_data()
-    {
-        QTest::addColumn<int>("button");
-        QTest::addColumn<bool>("result");
-        QTest::newRow("OK") << int(QDialogButtonBox::Ok) << true;
-        QTest::newRow("Cancel") << int(QDialogButtonBox::Cancel) << false;
-    }
+    void whoAsksWhileItRunsWaitsForItsEnd_data() { theResultTellsWhetherAnythingWasApplied_data(); }
 
     void whoAsksWhileItRunsWaitsForItsEnd()
     {
-        QFETCH(const int, button);
+        QFETCH(const QList<int>, buttons);
         QFETCH(const bool, result);
         QStringList order;
         const auto wait = [&](const QString &who) {
@@ -172,8 +202,9 @@ private Q_SLOTS:
         const ModalDialog dialog([&](QWidget *widget) {
             QTimer::singleShot(0, widget, [&, widget] {
                 QTimer::singleShot(0, widget, [&, widget] {
-                    QTimer::singleShot(0, widget, [button, widget] {
-                        buttonOf(widget, QDialogButtonBox::StandardButton(button))->click();
+                    QTimer::singleShot(0, widget, [&buttons, widget] {
+                        for (const int button : buttons)
+                            buttonOf(widget, QDialogButtonBox::StandardButton(button))->click();
                     });
                     wait(QStringLiteral("third"));
                 });
@@ -183,6 +214,38 @@ private Q_SLOTS:
         wait(QStringLiteral("first"));
         QCOMPARE(order, texts({"first waits", "second waits", "third waits", "third has the result",
                                "second has the result", "first has the result"}));
+        QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
+    }
+
+    void thoseWhoWaitAreLetGoBeforeTheDialogEnds()
+    {
+        int waiting = 0;
+        int leftWaiting = -1;
+        std::unique_ptr<AtHide> atHide;
+        const ModalDialog dialog([&](QWidget *widget) {
+            atHide = std::make_unique<AtHide>(widget, [&] { leftWaiting = waitersOf(widget); });
+            QTimer::singleShot(0, widget, [&waiting, widget] {
+                waiting = waitersOf(widget);
+                qobject_cast<QDialog *>(widget)->reject();
+            });
+            (void)m_fixture->dialog()->execDialog();
+        });
+        (void)m_fixture->dialog()->execDialog();
+        QCOMPARE(waiting, 1);
+        QCOMPARE(leftWaiting, 0);
+    }
+
+    void thoseWhoWaitForADialogThatIsHiddenEndWithIt()
+    {
+        QStringList order;
+        const ModalDialog dialog([&](QWidget *widget) {
+            QTimer::singleShot(0, widget, &QWidget::hide);
+            (void)m_fixture->dialog()->execDialog();
+            order.append(QStringLiteral("second"));
+        });
+        (void)m_fixture->dialog()->execDialog();
+        order.append(QStringLiteral("first"));
+        QCOMPARE(order, texts({"second", "first"}));
         QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
     }
 
@@ -215,6 +278,28 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
     }
 
+    void aPageMayShowItselfInAnotherDialogWhenItIsApplied()
+    {
+        TestPage *second = m_fixture->add("A", "a2");
+        m_page->onApply = [second] {
+            OptionDialog other(nullptr);
+            other.setCurrentPage(QStringLiteral("A"), QStringLiteral("a2"));
+            QVERIFY(other.isAncestorOf(second->shown));
+            other.reject();
+        };
+        const ModalDialog dialog([](QWidget *widget) {
+            tabsOf(widget)->setCurrentIndex(1);
+            tabsOf(widget)->setCurrentIndex(0);
+            buttonOf(widget, QDialogButtonBox::Ok)->click();
+        });
+        QVERIFY(m_fixture->dialog("A", "a1")->execDialog());
+        QStringList applied = m_fixture->logged("apply");
+        applied.sort();
+        QCOMPARE(applied, texts({"apply a1", "apply a2"}));
+        QCOMPARE(m_fixture->logged("finish"),
+                 texts({"finish a1", "finish a2", "finish a1", "finish a2"}));
+    }
+
     void theDialogMayBeCancelledWhileAPageIsApplied()
     {
         m_page->onApply = [this] { m_fixture->dialog()->reject(); };
@@ -226,17 +311,24 @@ private Q_SLOTS:
     void theDialogMayBeDeletedWhileAPageIsApplied_data()
     {
         QTest::addColumn<int>("button");
-        QTest::newRow("OK") << int(QDialogButtonBox::Ok);
-        QTest::newRow("Apply") << int(QDialogButtonBox::Apply);
+        QTest::addColumn<bool>("endedBefore");
+        QTest::newRow("OK") << int(QDialogButtonBox::Ok) << false;
+        QTest::newRow("OK behind an end") << int(QDialogButtonBox::Ok) << true;
+        QTest::newRow("Apply") << int(QDialogButtonBox::Apply) << false;
     }
 
     void theDialogMayBeDeletedWhileAPageIsApplied()
     {
         QFETCH(const int, button);
+        QFETCH(const bool, endedBefore);
+        if (endedBefore)
+            m_fixture->dialog()->reject();
+        m_fixture->log.clear();
         m_page->onApply = [this] { delete m_fixture->dialog(); };
         const ModalDialog dialog(click({QDialogButtonBox::StandardButton(button)}));
         QVERIFY(!m_fixture->dialog()->execDialog());
         QCOMPARE(m_fixture->logged("apply"), texts({"apply a1"}));
+        QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
     }
 
     void theDialogMayBeDeletedWhileAPageIsFinished()
@@ -253,8 +345,8 @@ private Q_SLOTS:
     void aPageMayAskForTheDialogWhenItIsApplied()
     {
         // The page waits for the dialog that waits for the page; a second OK ends
-        // both.
-        bool result = false;
+        // both, the page's wait before anything counts as applied.
+        bool result = true;
         m_page->onApply = [&] {
             m_page->onApply = nullptr;
             QTimer::singleShot(0, m_fixture->dialog(), [this] {
@@ -265,6 +357,7 @@ private Q_SLOTS:
         const ModalDialog dialog(
             [](QWidget *widget) { qobject_cast<QDialog *>(widget)->accept(); });
         QVERIFY(m_fixture->dialog()->execDialog());
+        QVERIFY(!result);
         QCOMPARE(m_fixture->logged("finish"), texts({"finish a1"}));
     }
 
@@ -292,6 +385,20 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(m_page->shown);
         QVERIFY(!m_page->shown->parentWidget());
+    }
+
+    void theWidgetThatAPageKeepsStaysInTheNextDialog()
+    {
+        m_page->keepsWidget = true;
+        {
+            const ModalDialog dialog(ModalDialog::cancel());
+            (void)m_fixture->dialog()->execDialog();
+        }
+        const OptionDialog *next = m_fixture->dialog();
+        // The one before.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(next->isAncestorOf(m_page->shown));
+        QCOMPARE(tabTitlesOf(next), texts({"tab a1"}));
     }
 
 private:

@@ -80,6 +80,13 @@ private Q_SLOTS:
         QCOMPARE(m_fixture->logged("apply"), texts({"apply a1", "apply a1"}));
     }
 
+    void cancelBehindApplyAppliesNothingMore()
+    {
+        m_dialog->apply();
+        m_dialog->reject();
+        QCOMPARE(m_fixture->logged("apply"), texts({"apply a1"}));
+    }
+
     void okTellsEveryPageInOrderWhenAllAreApplied()
     {
         m_dialog->accept();
@@ -140,12 +147,32 @@ private Q_SLOTS:
         QCOMPARE(placeOf(m_dialog), QStringLiteral("category B/tab b2"));
     }
 
+    void thePageInFrontOfTheOneAskedForIsApplied()
+    {
+        // It is shown first, when its category is.
+        m_dialog->setCurrentPage(QStringLiteral("B"), QStringLiteral("b2"));
+        m_dialog->apply();
+        QStringList applied = m_fixture->logged("apply");
+        applied.sort();
+        QCOMPARE(applied, texts({"apply a1", "apply b1", "apply b2"}));
+    }
+
+    void anUnknownPageLeavesTheTabs_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::newRow("nowhere") << QStringLiteral("b3");
+        QTest::newRow("in another category") << QStringLiteral("a2");
+        QTest::newRow("in another case") << QStringLiteral("B2");
+    }
+
     void anUnknownPageLeavesTheTabs()
     {
-        m_dialog->setCurrentPage(QStringLiteral("B"), QStringLiteral("b3"));
+        QFETCH(const QString, page);
+        m_dialog->setCurrentPage(QStringLiteral("B"), page);
         QCOMPARE(placeOf(m_dialog), QStringLiteral("category B/tab b1"));
-        m_dialog->setCurrentPage(QStringLiteral("A"), QStringLiteral("b2"));
-        QCOMPARE(placeOf(m_dialog), QStringLiteral("category A/tab a1"));
+        tabsOf(m_dialog)->setCurrentIndex(1);
+        m_dialog->setCurrentPage(QStringLiteral("B"), QStringLiteral("b3"));
+        QCOMPARE(placeOf(m_dialog), QStringLiteral("category B/tab b2"));
     }
 
     void anUnknownCategoryIsTheFirst()
@@ -212,6 +239,16 @@ private Q_SLOTS:
         m_dialog->reject();
         m_fixture->remove(third);
         QCOMPARE(placeOfNewDialog(), QStringLiteral("category B/tab b1"));
+    }
+
+    void aCategoryThatIsNotThereAnyMoreGivesWayToTheFirst()
+    {
+        TestPage *third = m_fixture->add("C", "c1");
+        delete m_dialog;
+        m_dialog = m_fixture->dialog("C", "c1");
+        m_dialog->reject();
+        m_fixture->remove(third);
+        QCOMPARE(placeOfNewDialog(), QStringLiteral("category A/tab a1"));
     }
 
     void anInvalidIndexChangesNothing()

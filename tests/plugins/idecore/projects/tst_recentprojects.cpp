@@ -278,6 +278,46 @@ private Q_SLOTS:
         QCOMPARE(ProjectManager::recentProjects(), QStringList{a});
     }
 
+    void aListOfAnotherTypeIsOvercome_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QStringList>("loaded");
+        QTest::newRow("number") << QByteArray("7") << texts({"7"});
+        QTest::newRow("one path") << QByteArray("/a") << texts({"/a"});
+        QTest::newRow("invalid") << QByteArray("@Invalid()") << QStringList();
+        QTest::newRow("rectangle") << QByteArray("@Rect(1 2 3 4)") << QStringList();
+        QTest::newRow("broken variant") << QByteArray("@Variant(\\0\\0\\0\\x99)") << QStringList();
+    }
+
+    void aListOfAnotherTypeIsOvercome()
+    {
+        QFETCH(const QByteArray, stored);
+        QFETCH(const QStringList, loaded);
+        restartWith("[Core]\nRecentProjects=" + stored + '\n');
+        QCOMPARE(ProjectManager::recentProjects(), loaded);
+        const QString a = open("a");
+        QCOMPARE(ProjectManager::recentProjects(), QStringList(QStringList{a} + loaded));
+        QCOMPARE(listed().constFirst(), a);
+    }
+
+    void aWorkDirOfAnotherTypeIsNone_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::newRow("list") << QByteArray("/a, /b");
+        QTest::newRow("invalid") << QByteArray("@Invalid()");
+        QTest::newRow("rectangle") << QByteArray("@Rect(1 2 3 4)");
+        QTest::newRow("broken variant") << QByteArray("@Variant(\\0\\0\\0\\x99)");
+    }
+
+    void aWorkDirOfAnotherTypeIsNone()
+    {
+        QFETCH(const QByteArray, stored);
+        const WorkingIn folder(m_dir->path());
+        restartWith("[Core]\nDefaultWorkDir=" + stored + '\n');
+        QCOMPARE(ProjectManager::workDir(), QString());
+        QCOMPARE(ProjectManager::defaultWorkDir(), QDir::currentPath());
+    }
+
     void theWorkDirIsEmptyUntilItIsSet() { QCOMPARE(ProjectManager::workDir(), QString()); }
 
     void theWorkDirIsKeptUnchanged_data()
@@ -342,6 +382,17 @@ private:
             writeProject(m_dir->filePath(QString::fromUtf8(name) + QStringLiteral(".kprj")));
         ProjectManager::openProject(path);
         return path;
+    }
+
+    /// As if somebody had written @p settings by hand meanwhile.
+    void restartWith(const QByteArray &settings)
+    {
+        m_core.reset();
+        QFile file(CoreFixture::settingsFile());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(settings), qint64(settings.size()));
+        file.close();
+        restart();
     }
 
     void restart()

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_COREFIXTURE_H
-#define TESTS_IDECORE_SUPPORT_COREFIXTURE_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_COREFIXTURE_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_COREFIXTURE_H
 
 #include <QString>
 #include <QStringList>
@@ -73,4 +73,4 @@ QStringList texts(std::initializer_list<const char *> list);
 /// or "[ ] " in front of what is checkable.
 QStringList menuEntries(const QMenu *menu);
 
-#endif // TESTS_IDECORE_SUPPORT_COREFIXTURE_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_COREFIXTURE_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_DOCUMENTS_H
-#define TESTS_IDECORE_SUPPORT_DOCUMENTS_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_DOCUMENTS_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_DOCUMENTS_H
 
 #include "support/testview.h"
 
@@ -35,4 +35,4 @@ QStringList listedViews();
 QAction *closeAction();
 QAction *closeAllAction();
 
-#endif // TESTS_IDECORE_SUPPORT_DOCUMENTS_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_DOCUMENTS_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_TESTEDITOR_H
-#define TESTS_IDECORE_SUPPORT_TESTEDITOR_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_TESTEDITOR_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_TESTEDITOR_H
 
 #include <idecore/interfaces/ieditor.h>
 #include <idecore/interfaces/ieditorfactory.h>
@@ -99,4 +99,4 @@ private:
     QString m_id;
 };
 
-#endif // TESTS_IDECORE_SUPPORT_TESTEDITOR_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_TESTEDITOR_H

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_TESTPANEL_H
-#define TESTS_IDECORE_SUPPORT_TESTPANEL_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_TESTPANEL_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_TESTPANEL_H
 
 #include <idecore/interfaces/ipanel.h>
 
@@ -75,4 +75,4 @@ QStringList dockGroups(Qt::DockWidgetArea area);
 /// The menu "Panels" of the Window menu.
 QMenu *panelsMenu();
 
-#endif // TESTS_IDECORE_SUPPORT_TESTPANEL_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_TESTPANEL_H

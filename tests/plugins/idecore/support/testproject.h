@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_TESTPROJECT_H
-#define TESTS_IDECORE_SUPPORT_TESTPROJECT_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_TESTPROJECT_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_TESTPROJECT_H
 
 #include <idecore/interfaces/iprojecctfactory.h>
 #include <idecore/interfaces/iproject.h>
@@ -91,4 +91,4 @@ QString writeProject(const QString &path,
 QAction *closeProjectAction();
 QMenu *recentProjectsMenu();
 
-#endif // TESTS_IDECORE_SUPPORT_TESTPROJECT_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_TESTPROJECT_H

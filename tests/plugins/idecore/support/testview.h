@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_TESTVIEW_H
-#define TESTS_IDECORE_SUPPORT_TESTVIEW_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_TESTVIEW_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_TESTVIEW_H
 
 #include <idecore/interfaces/iview.h>
 
@@ -41,4 +41,4 @@ private:
     QStringList *m_journal;
 };
 
-#endif // TESTS_IDECORE_SUPPORT_TESTVIEW_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_TESTVIEW_H

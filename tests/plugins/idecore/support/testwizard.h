@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KelmoWare
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
-#ifndef TESTS_IDECORE_SUPPORT_TESTWIZARD_H
-#define TESTS_IDECORE_SUPPORT_TESTWIZARD_H
+#ifndef TESTS_PLUGINS_IDECORE_SUPPORT_TESTWIZARD_H
+#define TESTS_PLUGINS_IDECORE_SUPPORT_TESTWIZARD_H
 
 #include <idecore/interfaces/ifilewizardfactory.h>
 #include <idecore/interfaces/iprojectwizardfactory.h>
@@ -57,4 +57,4 @@ using ProjectWizard = TestWizard<Core::IProjectWizardFactory>;
 /// Neither for files nor for projects.
 using PlainWizard = TestWizard<Core::IWizardFactory>;
 
-#endif // TESTS_IDECORE_SUPPORT_TESTWIZARD_H
+#endif // TESTS_PLUGINS_IDECORE_SUPPORT_TESTWIZARD_H
