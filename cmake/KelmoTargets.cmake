@@ -15,8 +15,13 @@ function(_kelmo_common target name root)
         $<BUILD_INTERFACE:${KELMO_GENERATED_DIR}>
         $<INSTALL_INTERFACE:${KELMO_INCLUDE_DIR}>)
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:kelmo_settings>)
-    install(DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}/ DESTINATION ${KELMO_INCLUDE_DIR}/${name}
-        FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
+    # One by one: of a whole folder the inner ones would be made, too, headers or not.
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h)
+    list(FILTER headers EXCLUDE REGEX "_p\\.h$")
+    foreach(header IN LISTS headers)
+        get_filename_component(folder ${header} DIRECTORY)
+        install(FILES ${header} DESTINATION ${KELMO_INCLUDE_DIR}/${name}/${folder})
+    endforeach()
     install(FILES ${export_dir}/${name}_export.h DESTINATION ${KELMO_INCLUDE_DIR}/${name})
 endfunction()
 

@@ -365,7 +365,7 @@ Arguments: %3
     </message>
     <message>
         <source>Its name holds a control character, which a project file cannot hold.</source>
-        <translation>其名称含有控制字符，工程文件无法保存。</translation>
+        <translation>其名称含有控制字符，无法写入工程文件。</translation>
     </message>
     <message>
         <source>Add Files</source>
@@ -793,7 +793,7 @@ Make one with File › New, or open one with File › Open.</source>
     </message>
     <message>
         <source>Text where none belongs: &quot;%1&quot;.</source>
-        <translation>不应有文本处出现了文本：“%1”。</translation>
+        <translation>此处不应有文本：“%1”。</translation>
     </message>
     <message>
         <source>A document type (DOCTYPE) does not belong into a project file.</source>
@@ -862,7 +862,7 @@ Make one with File › New, or open one with File › Open.</source>
     </message>
     <message>
         <source>&quot;%1&quot; is a word of the language.</source>
-        <translation>“%1”是语言的关键字。</translation>
+        <translation>“%1”是该语言的关键字。</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no name in Verilog: letters, digits and underscores, no digit first.</source>

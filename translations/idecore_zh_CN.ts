@@ -518,7 +518,7 @@
     </message>
     <message>
         <source>&lt;p&gt;&lt;div style=&quot;font-size:12pt;line-height:130%&quot;&gt;%1&lt;/div&gt;&lt;br/&gt;Version %2 %3 build(%4)&lt;/p&gt;</source>
-        <translation>&lt;p&gt;&lt;div style=&quot;font-size:12pt;line-height:130%&quot;&gt;%1&lt;/div&gt;&lt;br/&gt;版本 %2 %3 内部版本（%4）&lt;/p&gt;</translation>
+        <translation>&lt;p&gt;&lt;div style=&quot;font-size:12pt;line-height:130%&quot;&gt;%1&lt;/div&gt;&lt;br/&gt;版本 %2 %3 构建号 %4&lt;/p&gt;</translation>
     </message>
     <message>
         <source>&lt;p align=&quot;center&quot;&gt;Copyright &amp;copy; 2026 KelmoWare&lt;br/&gt;All rights reserved.&lt;/p&gt;</source>
@@ -593,7 +593,7 @@
     </message>
     <message>
         <source>Analysis Design Constraints File</source>
-        <translation>分析设计约束文件</translation>
+        <translation>分析用设计约束文件</translation>
     </message>
     <message>
         <source>KELMO Power Analyzer Conifg File</source>

@@ -43,6 +43,13 @@
     </message>
 </context>
 <context>
+    <name>QLineEdit</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+</context>
+<context>
     <name>QMessageBox</name>
     <message>
         <source>Help</source>
@@ -80,10 +87,24 @@
     </message>
 </context>
 <context>
+    <name>QPrintWidget</name>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+</context>
+<context>
     <name>QProcess</name>
     <message>
         <source>Process failed to start (spawned process exited with code 127)</source>
         <translation>进程启动失败（派生的进程以代码 127 退出）</translation>
+    </message>
+</context>
+<context>
+    <name>QWidgetTextControl</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
     </message>
 </context>
 <context>

@@ -52,7 +52,7 @@
     </message>
     <message>
         <source>It does not fit this program.</source>
-        <translation>它与本程序不匹配。</translation>
+        <translation>它与本程序不兼容。</translation>
     </message>
 </context>
 <context>
@@ -151,7 +151,7 @@
     </message>
     <message>
         <source>Unsaved text of this file cannot be kept for the case that the program ends unexpectedly: %1</source>
-        <translation>无法为此文件留存未保存的文本以防程序意外退出：%1</translation>
+        <translation>无法留存此文件未保存的文本以备程序意外退出后恢复：%1</translation>
     </message>
     <message>
         <source>Recover Text</source>
@@ -163,7 +163,7 @@
     </message>
     <message>
         <source>The program ended before changes to this file were saved. They were kept and can be recovered.</source>
-        <translation>程序在此文件的更改保存之前退出。这些更改已留存，可以恢复。</translation>
+        <translation>程序退出时，此文件的更改尚未保存。这些更改已留存，可以恢复。</translation>
     </message>
     <message>
         <source>The file itself has been changed since then; recovering takes the place of those changes.</source>
@@ -178,7 +178,7 @@
     </message>
     <message>
         <source>The file cannot be replaced safely, because nothing can be created in its folder: %1</source>
-        <translation>无法安全地替换文件，因为无法在其所在文件夹中创建内容：%1</translation>
+        <translation>无法安全地替换文件，因为无法在其所在文件夹中创建文件：%1</translation>
     </message>
 </context>
 <context>

@@ -5,8 +5,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QObject>
+#include <QScopedValueRollback>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTranslator>
@@ -19,14 +22,46 @@ namespace {
 const char *const languageVariable = "LANGUAGE";
 const QLatin1String chinese("zh_CN");
 
-bool load(const QString &name, const QString &folder)
+/// Null when there is no such catalogue.
+QTranslator *load(const QString &name, const QString &folder)
 {
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
     if (!translator->load(name, folder))
-        return false;
+        return nullptr;
+    QCoreApplication::installTranslator(translator.get());
     // The application owns it by now.
-    return QCoreApplication::installTranslator(translator.release());
+    return translator.release();
 }
+
+/// Has a catalogue asked before those that come later: with the text editor comes a
+/// library that installs Qt's own once more, words that ours has better included.
+class AskedFirst final : public QObject
+{
+public:
+    explicit AskedFirst(QTranslator *translator)
+        : QObject(translator)
+        , m_translator(translator)
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::LanguageChange || watched != QCoreApplication::instance())
+            return false;
+        // The windows hear of it once.
+        if (m_moving)
+            return true;
+        const QScopedValueRollback<bool> moving(m_moving, true);
+        QCoreApplication::removeTranslator(m_translator);
+        QCoreApplication::installTranslator(m_translator);
+        return false;
+    }
+
+private:
+    QTranslator *const m_translator;
+    bool m_moving = false;
+};
 
 /// The stored choice, from the files that the settings are read from later. A
 /// store that looks for its file itself makes Qt settle its locale, too early.
@@ -89,14 +124,21 @@ void Translations::install(const QString &folder)
     if (!m_chinese)
         return;
 
+    const QString qtBetter = QLatin1String("qt_") + chinese + QLatin1String(".qm");
     const QString qtCatalogue = QLatin1String("qtbase_") + chinese;
     if (!load(qtCatalogue, QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
         load(qtCatalogue, folder);
     // Plugins bring catalogues of their own; what Qt has is loaded already.
     const QStringList catalogues = QDir(folder).entryList(
         {QLatin1String("*_") + chinese + QLatin1String(".qm")}, QDir::Files, QDir::Name);
+    QTranslator *better = nullptr;
     for (const QString &catalogue : catalogues) {
-        if (!catalogue.startsWith(QLatin1String("qtbase_")))
-            load(catalogue, folder);
+        if (catalogue.startsWith(QLatin1String("qtbase_")))
+            continue;
+        QTranslator *const loaded = load(catalogue, folder);
+        if (catalogue == qtBetter)
+            better = loaded;
     }
+    if (better)
+        new AskedFirst(better); // lives as long as the catalogue
 }

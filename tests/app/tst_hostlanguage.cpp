@@ -24,6 +24,7 @@ private Q_SLOTS:
     void catalogues_data();
     void catalogues();
     void aMissingCatalogueIsSilent();
+    void betterWordsThanQtsAreAskedFirst();
 };
 
 void TestHostLanguage::theLanguageIsTakenFromTheSettings_data()
@@ -162,6 +163,22 @@ void TestHostLanguage::aMissingCatalogueIsSilent()
 
     QVERIFY(host.waitForEnd());
     QCOMPARE(host.errors(), text("a warning\n"));
+}
+
+void TestHostLanguage::betterWordsThanQtsAreAskedFirst()
+{
+    HostProcess host;
+    host.copy(text("testplugin_zh_CN.qm"), text("share/translations/qt_zh_CN.qm"));
+    host.write(text("config/KelmoWare/IDE.ini"), "[General]\nLanguage=zh_CN\n");
+    host.setVariable(text("XDG_CONFIG_HOME"), host.path(text("config")));
+    host.tell(text("close late-catalogue"));
+
+    host.start();
+
+    QVERIFY(host.waitForEnd());
+    QCOMPARE(host.status(), 0);
+    QVERIFY2(host.output().contains(QStringLiteral("插件的文本, others late")),
+             qPrintable(host.output().join(QLatin1Char('\n'))));
 }
 
 QTEST_GUILESS_MAIN(TestHostLanguage)

@@ -3,10 +3,16 @@
 
 #include "dialogstations.h"
 
+#include "walking.h"
+
+#include "support/corefixture.h"
+
 #include <idecore/externaleditors/externaleditormanager.h>
+#include <idecore/interfaces/ioptionspage.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/views/viewmanager.h>
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -21,14 +27,21 @@ using Core::ExternalEditorManager;
 
 namespace {
 
-template<class Widget>
-Widget *named(const QWidget *parent, const char *name)
+/// A page that has nothing to show, named by a number in every language.
+class EmptyPage final : public Core::IOptionsPage
 {
-    auto *widget = parent->findChild<Widget *>(QLatin1String(name));
-    if (!widget)
-        qFatal("%s has no %s", parent->metaObject()->className(), name);
-    return widget;
-}
+public:
+    EmptyPage()
+    {
+        setId(QStringLiteral("Empty"));
+        setCategoryId(QStringLiteral("Z"));
+        setDisplayName(QStringLiteral("1"));
+        setDisplayCategory(QStringLiteral("2"));
+    }
+    QWidget *widget() override { return nullptr; }
+    void apply() override {}
+    void finish() override {}
+};
 
 /// A name that is taken, and what is said about it.
 void walkTakenName(QWidget *dialog, const Look &look)
@@ -41,11 +54,27 @@ void walkTakenName(QWidget *dialog, const Look &look)
     QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
 }
 
+/// The folder for projects, and what is said about a theme, which is taken back then.
+void walkGeneral(const QWidget *page, const Look &look)
+{
+    lookBehind(named<QPushButton>(page, "btnBrowseProjectPath"), look,
+               QStringLiteral("the folder for projects"));
+    auto *const themes = named<QComboBox>(page, "comboBoxTheme");
+    auto *const buttons = named<QDialogButtonBox>(page->window(), "buttonBox");
+    const int before = themes->currentIndex();
+    for (const int theme : {1 - before, before}) {
+        themes->setCurrentIndex(theme);
+        lookBehind(buttons->button(QDialogButtonBox::Apply), look, QStringLiteral("another theme"));
+    }
+}
+
 void walkExternalEditors(const QWidget *page, const Look &look)
 {
     {
         const ModalDialog added([&look](QWidget *dialog) {
             look(dialog, QStringLiteral("a new external editor"));
+            lookBehind(named<QPushButton>(dialog, "btnBrowse"), look,
+                       QStringLiteral("the program of an external editor"));
             walkTakenName(dialog, look);
             QTest::keyClick(dialog, Qt::Key_Escape);
         });
@@ -73,6 +102,8 @@ void walkKeyBindings(const QWidget *page, const Look &look)
     const Stroke strokes[]{{"a key of a menu", Qt::Key_F, Qt::AltModifier},
                            {"a letter", Qt::Key_A, Qt::NoModifier},
                            {"a key that moves", Qt::Key_Left, Qt::NoModifier},
+                           {"a key of the documents", Qt::Key_F6, Qt::ControlModifier},
+                           {"a key of the window manager", Qt::Key_F4, Qt::AltModifier},
                            {"a free key", Qt::Key_F11, Qt::ControlModifier | Qt::AltModifier},
                            {"a key of another command", Qt::Key_S, Qt::ControlModifier}};
     for (const Stroke &stroke : strokes) {
@@ -104,6 +135,8 @@ void walkPage(const QWidget *page, const Look &look, const QString &name)
             look(page->window(), name + QLatin1String(", ") + inner->tabText(i));
         }
     }
+    if (page->objectName() == QLatin1String("GeneralOptionPage"))
+        walkGeneral(page, look);
     if (page->objectName() == QLatin1String("Core__ExternalEditorOptionPage"))
         walkExternalEditors(page, look);
     if (page->findChild<QTreeView *>(QStringLiteral("treeCommands")))
@@ -130,16 +163,10 @@ void walkCategories(const QWidget *dialog, const Look &look)
 
 } // namespace
 
-ModalDialog::Handler lookAt(const Look &look, const QString &name)
-{
-    return [look, name](QWidget *dialog) {
-        look(dialog, name);
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    };
-}
-
 void walkOptions(const Look &look)
 {
+    EmptyPage empty;
+    const InPool offered(&empty);
     ExternalEditorManager::registerEditor(
         {QStringLiteral("walked"), QStringLiteral("/bin/walked"), QStringLiteral("%f"), true});
     const ModalDialog options([&look](QWidget *dialog) {

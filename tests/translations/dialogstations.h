@@ -6,11 +6,6 @@
 
 #include "stations.h"
 
-#include "support/modaldialog.h"
-
-/// Looks at the dialog that comes, then presses Escape.
-ModalDialog::Handler lookAt(const Look &look, const QString &name);
-
 /// Every row of the options dialog and every tab in it, with what opens from the pages.
 void walkOptions(const Look &look);
 /// The dialog and the two questions that clicks on its picture lead to.

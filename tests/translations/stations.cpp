@@ -4,30 +4,32 @@
 #include "stations.h"
 
 #include "dialogstations.h"
+#include "noticestations.h"
+#include "projectstations.h"
+#include "walking.h"
 
-#include <extsys/pluginmanager.h>
 #include <fpgaproject/fpgaprojectconstants.h>
 #include <idecore/actions/actionmanager.h>
 #include <idecore/actions/iaction.h>
 #include <idecore/core/constants.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/ieditor.h>
-#include <idecore/interfaces/iwizardfactory.h>
 #include <idecore/mainwindow/idemainwindow.h>
 #include <idecore/projects/projectmanager.h>
 #include <idecore/views/viewmanager.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QFile>
-#include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
-#include <QWizard>
+
+#include <memory>
 
 namespace {
 
@@ -42,10 +44,9 @@ QString id(const char *text)
 QString file(const char *name, const QByteArray &content)
 {
     static const QTemporaryDir folder;
-    QFile file(folder.filePath(QLatin1String(name)));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("cannot write %s", name);
-    return file.fileName();
+    const QString path = folder.filePath(QLatin1String(name));
+    write(path, content);
+    return path;
 }
 
 /// Looks at the dialog of a command of the menus.
@@ -55,6 +56,18 @@ std::function<void(const Look &)> dialogOf(const char *actionId)
         const ModalDialog dialog(lookAt(look, id(actionId)));
         ActionManager::action(id(actionId))->trigger();
     };
+}
+
+void walkPrint(const Look &look)
+{
+    Core::IEditor *const editor = Core::EditorManager::currentEditor();
+    editor->activateWindow();
+    typedInto(editor)->setFocus();
+    Core::IAction *const action = ActionManager::action(id(Core::Constants::A_FILE_PRINT));
+    if (!QTest::qWaitFor([action] { return action->isEnabled(); }))
+        qFatal("nothing can be printed");
+    const ModalDialog dialog(lookAt(look, QStringLiteral("Print")));
+    action->trigger();
 }
 
 void walkMainWindow(const Look &look)
@@ -84,9 +97,28 @@ void walkContextMenu(QWidget *widget, const QPoint &place, const Look &look)
         qFatal("no menu of %s came", qPrintable(widget->objectName()));
 }
 
+/// What is said of each wizard.
+void walkNew(const Look &look)
+{
+    const ModalDialog dialog([&look](QWidget *widget) {
+        auto *const tree = named<QTreeView>(widget, "templateTree");
+        QModelIndex row = tree->currentIndex();
+        for (int number = 1; row.isValid(); row = tree->indexBelow(row)) {
+            tree->setCurrentIndex(row);
+            look(widget, QLatin1String("New ") + QString::number(number++));
+        }
+        QTest::keyClick(widget, Qt::Key_Escape);
+    });
+    ActionManager::action(id(Core::Constants::A_FILE_NEW))->trigger();
+}
+
 void walkContextMenus(const Look &look)
 {
-    const QWidget *const window = Core::ViewManager::mainWindow();
+    auto *const window = Core::ViewManager::mainWindow();
+    const std::unique_ptr<QMenu> bars(window->createPopupMenu());
+    bars->popup(window->pos());
+    look(bars.get(), QStringLiteral("menu of the tool bars"));
+    bars->close();
     auto *const tabs = window->findChild<QTabBar *>(id("documentTabBar"));
     walkContextMenu(tabs, tabs->tabRect(0).center(), look);
     auto *const tree = window->findChild<QTreeView *>(id("fileTree"));
@@ -97,44 +129,33 @@ void walkContextMenus(const Look &look)
     walkContextMenu(tree->viewport(), tree->viewport()->rect().bottomLeft() - QPoint(-5, 5), look);
 }
 
-/// Every page of it, filled in so far that the next one can be reached.
-void walkPages(QWizard *wizard, const Look &look, const QString &name)
+void walkSaveProjectAs(const Look &look)
 {
-    for (;;) {
-        if (auto *edit = wizard->currentPage()->findChild<QLineEdit *>(id("editPrjName")))
-            QTest::keyClicks(edit, QStringLiteral("walked"));
-        look(wizard, name + QLatin1Char(' ') + QString::number(wizard->currentId()));
-        if (wizard->nextId() < 0)
-            break;
-        const int before = wizard->currentId();
-        wizard->next();
-        if (wizard->currentId() == before)
-            qFatal("%s stays on its page %d", qPrintable(name), before);
-    }
-}
-
-void walkWizards(const Look &look)
-{
-    const QTemporaryDir folder;
-    const auto factories = ExtSys::PluginManager::instance()->getObjects<Core::IWizardFactory>();
-    for (Core::IWizardFactory *factory : factories) {
-        const ModalDialog dialog([&](QWidget *widget) {
-            if (auto *wizard = qobject_cast<QWizard *>(widget))
-                walkPages(wizard, look, factory->displayName());
-            else
-                look(widget, factory->displayName());
-            QTest::keyClick(widget, Qt::Key_Escape);
-        });
-        factory->runWizard(Core::ViewManager::mainWindow(), folder.path());
-    }
+    const ModalDialog dialog([&look](QWidget *widget) {
+        look(widget, QStringLiteral("Save Project As"));
+        lookBehind(named<QPushButton>(widget, "btnBrowse"), look,
+                   QStringLiteral("the folder of the copy"));
+        QTest::keyClick(widget, Qt::Key_Escape);
+    });
+    ActionManager::action(id(Fpga::Constants::A_PROJECT_SAVEAS))->trigger();
 }
 
 void walkProjectErrors(const Look &look)
 {
-    const QByteArray head = "<project>\n";
-    const QStringList broken{file("empty.kprj", ""),
-                             file("unknown.kprj", head + "<Template>X</Template></project>\n"),
-                             file("text.kprj", head + "<Template>FPGA</Template>text</project>\n")};
+    const QByteArray head = "<Project><Template>FPGA</Template>";
+    const QStringList broken{
+        file("empty.kprj", ""),
+        file("none.kprj", "<Project/>"),
+        file("unknown.kprj", "<Project><Template>X</Template></Project>"),
+        file("text.kprj", head + "text</Project>"),
+        file("cut.kprj", head + "<Files>"),
+        file("type.kprj", "<!DOCTYPE Project>" + head + "</Project>"),
+        file("entity.kprj", head + "&unknown;</Project>"),
+        file("nameless.kprj", head + "<Files><File/></Files></Project>"),
+        file("enabled.kprj", head + "<Files><File path=\"a\" enabled=\"2\"/></Files></Project>"),
+        file("twice.kprj", head + "<Files/><Files/></Project>"),
+        file("deep.kprj", head + QByteArray("<a>").repeated(2000)),
+        file("a -b.kprj", head + "</Project>")};
     for (const QString &path : broken) {
         const ModalDialog box(lookAt(look, QLatin1String("opening ") + path));
         Core::ProjectManager::openProject(path);
@@ -145,9 +166,7 @@ void walkUnsavedEditor(const Look &look)
 {
     const QString path = file("changed.v", "module changed;\nendmodule\n");
     Core::IEditor *const editor = Core::EditorManager::openEditor(path);
-    QWidget *target = editor;
-    while (target->focusProxy())
-        target = target->focusProxy();
+    QWidget *const target = typedInto(editor);
     QTest::keyClicks(target, QStringLiteral("wire w;"));
     {
         const ModalDialog question(lookAt(look, QStringLiteral("closing a changed document")));
@@ -169,13 +188,22 @@ std::vector<Station> stations()
     return {
         {"main window", walkMainWindow},
         {"context menus", walkContextMenus},
-        {"New", dialogOf(Core::Constants::A_FILE_NEW)},
+        {"New", walkNew},
         {"Open", dialogOf(Core::Constants::A_FILE_OPEN)},
-        {"Save Project As", dialogOf(Fpga::Constants::A_PROJECT_SAVEAS)},
+        {"Print", walkPrint},
+        {"Save Project As", walkSaveProjectAs},
+        {"project panel", walkProjectPanel},
+        {"projects that cannot be changed", walkProjectFaults},
+        {"a project with changes", walkClosedProject},
         {"wizards", walkWizards},
         {"Options", walkOptions},
         {"About", walkAbout},
         {"projects that do not open", walkProjectErrors},
         {"a document with changes", walkUnsavedEditor},
+        {"files that do not open", walkFileFaults},
+        {"notices of documents", walkNotices},
+        {"document switcher", walkSwitcher},
+        {"help that is missing", walkHelp},
+        {"settings that cannot be written", walkUnwritableSettings},
     };
 }

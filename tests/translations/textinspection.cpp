@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QStyleOptionComboBox>
@@ -55,10 +56,13 @@ QString nameOf(const QWidget *widget)
     return name;
 }
 
-/// KTextEditor has catalogues of its own, of no pseudo-language.
+/// KTextEditor has catalogues of its own, of no pseudo-language; what it shows above
+/// a text is ours.
 bool isForeign(const QWidget *widget)
 {
     for (; widget; widget = widget->parentWidget()) {
+        if (widget->inherits("KMessageWidget"))
+            return false;
         if (widget->inherits("KTextEditor::View") || widget->inherits("KTextEditor::ConfigPage"))
             return true;
     }
@@ -81,6 +85,8 @@ void TextInspection::inspect(QWidget *window, const QString &place)
 {
     m_place = place;
     inspectText(window->windowTitle(), place + QLatin1String(" title"));
+    if (auto *const menu = qobject_cast<QMenu *>(window))
+        inspectMenus(menu, place);
     inspectWidget(window);
     const QList<QWidget *> widgets = window->findChildren<QWidget *>();
     for (QWidget *widget : widgets) {
@@ -95,8 +101,15 @@ void TextInspection::inspectMenu(QMenu *menu, const QString &place)
     Q_EMIT menu->aboutToShow();
     text(menu, "title", menu->title());
     const QList<QAction *> actions = menu->actions();
-    for (const QAction *action : actions) {
+    for (const QAction *action : actions)
         inspectAction(action);
+    inspectMenus(menu, place);
+}
+
+void TextInspection::inspectMenus(const QMenu *menu, const QString &place)
+{
+    const QList<QAction *> actions = menu->actions();
+    for (const QAction *action : actions) {
         if (QMenu *const inner = action->menu()) {
             inspectMenu(inner, place + QLatin1String(" > ") + inner->title());
             m_place = place;
@@ -174,6 +187,10 @@ void TextInspection::inspectWidget(QWidget *widget)
             room -= inTitle->isVisible() ? inTitle->width() : 0;
         if (widthOf(dock, dock->windowTitle()) > room)
             fault(QStringLiteral("%1: no room for the title of %2").arg(m_place, nameOf(dock)));
+    } else if (const auto *area = qobject_cast<QPlainTextEdit *>(widget)) {
+        // It has scroll bars. What can be written in it is the user's.
+        if (area->isReadOnly())
+            text(area, "text", area->toPlainText());
     } else if (auto *menuBar = qobject_cast<QMenuBar *>(widget)) {
         for (const QAction *action : actions) {
             const QRect place = menuBar->actionGeometry(const_cast<QAction *>(action));
@@ -273,6 +290,9 @@ void TextInspection::inspectRoom(const QWidget *widget, const QString &text)
     if (text.isEmpty() || !widget->parentWidget())
         return;
     const auto *label = qobject_cast<const QLabel *>(widget);
+    // The whole of it is a glance away.
+    if (label && label->toolTip() == text)
+        return;
     QSize needed = widget->sizeHint();
     if (const auto *button = qobject_cast<const QToolButton *>(widget)) {
         if (button->toolButtonStyle() == Qt::ToolButtonIconOnly)

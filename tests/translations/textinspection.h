@@ -43,6 +43,7 @@ public:
 private:
     void inspectWidget(QWidget *widget);
     void inspectAction(const QAction *action);
+    void inspectMenus(const QMenu *menu, const QString &place);
     void inspectItems(const QAbstractItemView *view);
     void inspectHeader(const QHeaderView *header);
     void inspectTabs(const QTabBar *tabs);

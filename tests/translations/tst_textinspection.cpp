@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -87,6 +88,13 @@ private Q_SLOTS:
             [raw](QWidget *window) { put<QLineEdit>(window, wide)->setPlaceholderText(raw); });
         row("what the user typed", "",
             [raw](QWidget *window) { put<QLineEdit>(window, wide)->setText(raw); });
+        row("a text to be read", "not translated", [raw](QWidget *window) {
+            auto *const area = put<QPlainTextEdit>(window, wide);
+            area->setReadOnly(true);
+            area->setPlainText(raw);
+        });
+        row("a text of the user's", "",
+            [raw](QWidget *window) { put<QPlainTextEdit>(window, wide)->setPlainText(raw); });
         row("a tab", "not translated",
             [raw](QWidget *window) { put<QTabWidget>(window, wide)->addTab(new QWidget, raw); });
         row("a cell", "not translated", [raw](QWidget *window) {
@@ -98,6 +106,11 @@ private Q_SLOTS:
 
         row("a narrow label", "no room",
             [narrow](QWidget *window) { put<QLabel>(window, narrow)->setText(words()); });
+        row("a narrow label with its text as tool tip", "", [narrow](QWidget *window) {
+            auto *const label = put<QLabel>(window, narrow);
+            label->setText(words());
+            label->setToolTip(words());
+        });
         row("a low label", "no room",
             [](QWidget *window) { put<QLabel>(window, QRect(10, 10, 380, 8))->setText(words()); });
         row("a label of several lines", "", [](QWidget *window) {
@@ -175,6 +188,18 @@ private Q_SLOTS:
         TextInspection inspection(isTranslated);
 
         inspection.inspectMenu(&menu, QStringLiteral("menu"));
+
+        QVERIFY(inspection.faults().constFirst().startsWith(
+            QLatin1String("menu > inner: action: not translated: \"raw\"")));
+    }
+
+    void menusInAnOpenMenuAreLookedAt()
+    {
+        QMenu menu;
+        menu.addMenu(QStringLiteral("inner"))->addAction(QStringLiteral("raw"));
+        TextInspection inspection(isTranslated);
+
+        inspection.inspect(&menu, QStringLiteral("menu"));
 
         QVERIFY(inspection.faults().constFirst().startsWith(
             QLatin1String("menu > inner: action: not translated: \"raw\"")));

@@ -5,6 +5,8 @@
 
 #include "assistant/helpcollection_p.h"
 
+#include <utils/systemreason.h>
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -134,7 +136,9 @@ bool AssistantProxy::Private::start(AssistantProxy *q)
     process->start(program, {QStringLiteral("-collectionFile"), writableCollection(file),
                              QStringLiteral("-enableRemoteControl")});
     if (!process->waitForStarted(startTimeout)) {
-        const QString reason = process->errorString();
+        // Without the name of the system's function.
+        const QString reason =
+            Utils::systemReason(process->errorString().section(QLatin1String(": "), -1));
         delete process;
         tell(tr("The help viewer \"%1\" could not be started: %2")
                  .arg(QDir::toNativeSeparators(program), reason));

@@ -13,6 +13,7 @@
 #include <QPalette>
 #include <QStyle>
 #include <QTimer>
+#include <QTranslator>
 
 #include <cstdio>
 #include <memory>
@@ -96,6 +97,19 @@ private:
 
 } // namespace Core
 
+/// A catalogue that a library brings, with a word for everything.
+class LateCatalogue final : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *, const char *, int) const override
+    {
+        return QStringLiteral("late");
+    }
+};
+
 class TestCore final : public ExtSys::IPlugin
 {
     Q_OBJECT
@@ -124,6 +138,11 @@ public:
         }
         say(QCoreApplication::translate("QPlatformTheme", "Cancel"));
         say(QCoreApplication::translate("TestPlugin", "A text of a plugin"));
+        if (told("late-catalogue")) {
+            QCoreApplication::installTranslator(new LateCatalogue(this));
+            say(QCoreApplication::translate("TestPlugin", "A text of a plugin")
+                + QLatin1String(", others ") + QCoreApplication::translate("TestPlugin", "None"));
+        }
         say(QLatin1String("locale ") + QLocale::system().name() + QLatin1String(", LANGUAGE ")
             + QString::fromLocal8Bit(qgetenv("LANGUAGE")));
         say(QStringLiteral("catalogues %1").arg(catalogues()));

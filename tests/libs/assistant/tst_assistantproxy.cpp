@@ -249,9 +249,9 @@ void TestAssistantProxy::viewerThatCannotStartIsTold()
 
     m_proxy->startAssistant();
 
-    QVERIFY2(box.text().startsWith(
-                 QStringLiteral("The help viewer \"%1\" could not be started: ").arg(program)),
-             qPrintable(box.text()));
+    QCOMPARE(box.text(),
+             QStringLiteral("The help viewer \"%1\" could not be started: Permission denied")
+                 .arg(program));
 }
 
 void TestAssistantProxy::missingCollectionIsTold()

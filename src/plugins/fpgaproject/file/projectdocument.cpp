@@ -6,6 +6,7 @@
 #include <fpgaproject/file/filelistscanner_p.h>
 #include <fpgaproject/file/projectreader_p.h>
 #include <fpgaproject/file/projectwriter_p.h>
+#include <utils/systemreason.h>
 #include <utils/xmltext.h>
 
 #include <QCoreApplication>
@@ -66,7 +67,7 @@ std::optional<QByteArray> ProjectDocument::load(const QString &fileName, ReadErr
         return std::nullopt;
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        error->reason = file.errorString();
+        error->reason = Utils::systemReason(file.errorString());
         return std::nullopt;
     }
     // Its size is asked by reading: the file may grow meanwhile.
@@ -79,7 +80,7 @@ std::optional<QByteArray> ProjectDocument::load(const QString &fileName, ReadErr
         return std::nullopt;
     }
     if (file.error() != QFileDevice::NoError) {
-        error->reason = file.errorString();
+        error->reason = Utils::systemReason(file.errorString());
         return std::nullopt;
     }
     return contents;
@@ -134,7 +135,7 @@ bool ProjectDocument::save(const QByteArray &contents, const QString &fileName,
         && file.commit()) {
         return true;
     }
-    *errorString = file.errorString();
+    *errorString = Utils::systemReason(file.errorString());
     return false;
 }
 

@@ -53,6 +53,10 @@ ProjectHeader::ProjectHeader(QWidget *parent)
     device->addWidget(m_changeDevice);
     layout->addRow(tr("Device:"), device);
     layout->addRow(tr("Top:"), m_top);
+    for (QLabel *label : {m_device, m_top}) {
+        label->setText(tr("none chosen"));
+        label->setMinimumWidth(label->sizeHint().width());
+    }
 }
 
 ProjectHeader::~ProjectHeader() = default;

@@ -7,6 +7,7 @@
 #include <fpgaproject/project/projecteditors_p.h>
 #include <idecore/editors/editormanager.h>
 #include <idecore/interfaces/ieditor.h>
+#include <utils/systemreason.h>
 
 #include <QDir>
 #include <QFile>
@@ -219,7 +220,8 @@ bool FpgaProject::renameOnDisk(const QString &from, const QString &to)
     if (editor && editor->isModified())
         reason = tr("It has unsaved changes; save or discard them first.");
     else if (!file.rename(to))
-        reason = QFileInfo::exists(to) ? tr("There is a file of that name.") : file.errorString();
+        reason = QFileInfo::exists(to) ? tr("There is a file of that name.")
+                                       : Utils::systemReason(file.errorString());
     if (!reason.isEmpty()) {
         showError(tr("Rename File"),
                   tr("Can not rename file \"%1\"").arg(QDir::toNativeSeparators(from)), reason);

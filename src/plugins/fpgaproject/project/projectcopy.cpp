@@ -5,6 +5,7 @@
 
 #include <fpgaproject/project/fpgaproject.h>
 #include <fpgaproject/wizards/filecreation_p.h>
+#include <utils/systemreason.h>
 
 #include <QDir>
 #include <QFile>
@@ -62,7 +63,8 @@ bool ProjectCopy::copyFile(const QString &from, const QString &to, QString *reas
     }
     if (file.copy(to))
         return true;
-    *reason = tr("%1: %2").arg(QDir::toNativeSeparators(from), file.errorString());
+    *reason =
+        tr("%1: %2").arg(QDir::toNativeSeparators(from), Utils::systemReason(file.errorString()));
     return false;
 }
 

@@ -3,6 +3,8 @@
 
 #include <fpgaproject/wizards/filecreation_p.h>
 
+#include <utils/systemreason.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -19,7 +21,7 @@ bool makeFolder(const QString &folder, QString *reason)
         return true;
     const int error = errno;
     *reason =
-        error ? qt_error_string(error)
+        error ? Utils::systemReason(qt_error_string(error))
               : QCoreApplication::translate("Fpga::FileCreation", "The folder cannot be created.");
     return false;
 }
@@ -34,17 +36,17 @@ bool writeNewFile(const QString &path, const QByteArray &contents, Overwrite ove
             && file.flush() && file.commit()) {
             return true;
         }
-        *reason = file.errorString();
+        *reason = Utils::systemReason(file.errorString());
         return false;
     }
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        *reason = file.errorString();
+        *reason = Utils::systemReason(file.errorString());
         return false;
     }
     if (file.write(contents) == contents.size() && file.flush())
         return true;
-    *reason = file.errorString();
+    *reason = Utils::systemReason(file.errorString());
     // Ours, and not whole.
     file.remove();
     return false;

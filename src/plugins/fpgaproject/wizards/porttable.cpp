@@ -95,6 +95,11 @@ void PortTable::addPort()
     width->setAccessibleName(tr("Width"));
     m_table->setCellWidget(row, Direction, direction);
     m_table->setCellWidget(row, Width, width);
+    for (const int column : {Direction, Width}) {
+        const int needed = m_table->cellWidget(row, column)->sizeHint().width() + 1; // its line
+        if (m_table->columnWidth(column) < needed)
+            m_table->setColumnWidth(column, needed);
+    }
     m_table->setItem(row, Name, new QTableWidgetItem);
     // Tab goes through the rows before it leaves the table.
     setTabOrder(row > 0 ? m_table->cellWidget(row - 1, Width) : m_table, direction);

@@ -18,6 +18,7 @@
 #include <idecore/views/viewmanager.h>
 #include <qutil/eventmanager.h>
 #include <qutil/ievent.h>
+#include <utils/systemreason.h>
 
 #include <QAction>
 #include <QDebug>
@@ -108,7 +109,7 @@ IProjecctFactory *factoryForFile(const QString &file)
     const bool special = info.exists() && !info.isFile() && !info.isDir();
     QFile device(file);
     if (!special && !device.open(QIODevice::ReadOnly)) {
-        showOpenError(file, device.errorString());
+        showOpenError(file, Utils::systemReason(device.errorString()));
         return nullptr;
     }
     const QString name = special ? QString() : private_impl::templateOfProject(&device);

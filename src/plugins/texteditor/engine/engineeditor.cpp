@@ -225,6 +225,7 @@ void EngineEditor::updateStatus()
     if (!m_document->isReadWrite())
         text += QStringLiteral("   |   ") + tr("read only");
     m_status->setText(text);
+    m_status->setToolTip(text); // whole where the window is narrow
 }
 
 } // namespace TextEditor

@@ -3,12 +3,13 @@
 
 #include <texteditor/engine/filewriter_p.h>
 
+#include <utils/systemreason.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -32,11 +33,6 @@ QString resolved(const QString &fileName)
     return path;
 }
 
-QString systemError()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
-
 } // namespace
 
 bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString *errorString,
@@ -44,7 +40,7 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
 {
     const auto fail = [errorString](const QString &reason) {
         if (errorString)
-            *errorString = reason;
+            *errorString = Utils::systemReason(reason);
         return false;
     };
     const QString path = resolved(fileName);
@@ -55,7 +51,7 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
         return fail(tr("It is not a regular file."));
     // Replacing the file would get round its write protection.
     if (exists && ::faccessat(AT_FDCWD, nativePath.constData(), W_OK, AT_EACCESS) != 0)
-        return fail(systemError());
+        return fail(qt_error_string());
 
     QSaveFile file(path);
     // A buffer would report a full disk late and without its reason.
@@ -64,7 +60,7 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
         if (exists && folder.isDir())
             return fail(tr("The file cannot be replaced safely, because nothing can be created "
                            "in its folder: %1")
-                            .arg(file.errorString()));
+                            .arg(Utils::systemReason(file.errorString())));
         return fail(file.errorString());
     }
     if (exists) {
@@ -73,7 +69,7 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
             && ::fchown(file.handle(), static_cast<uid_t>(-1), old.st_gid) != 0)
             errno = 0;
         if (::fchmod(file.handle(), old.st_mode & 07777) != 0)
-            return fail(systemError());
+            return fail(qt_error_string());
     }
     // A disk that fills up takes a part first; the reason comes with the rest.
     for (qint64 done = 0; done < bytes.size();) {
@@ -88,7 +84,7 @@ bool FileWriter::write(const QString &fileName, const QByteArray &bytes, QString
     // Before others can see the file.
     struct stat status = {};
     if (::fstat(file.handle(), &status) != 0)
-        return fail(systemError());
+        return fail(qt_error_string());
     if (!file.commit())
         return fail(file.errorString());
     if (written)

@@ -3,13 +3,14 @@
 
 #include <texteditor/engine/textfile_p.h>
 
+#include <utils/systemreason.h>
+
 #include <QFile>
 #include <QLocale>
 #include <QTextCodec>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 
 #include <fcntl.h>
@@ -49,11 +50,6 @@ QString kindOf(mode_t mode)
     if (S_ISSOCK(mode))
         return TextFile::tr("It is a socket, not a file.");
     return TextFile::tr("It is a device, not a file.");
-}
-
-QString systemError()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
 }
 
 struct Mark
@@ -97,7 +93,7 @@ std::optional<TextFile> TextFile::read(const QString &fileName, QString *errorSt
 {
     const auto fail = [errorString](const QString &reason) {
         if (errorString)
-            *errorString = reason;
+            *errorString = Utils::systemReason(reason);
         return std::nullopt;
     };
     const QByteArray path = QFile::encodeName(fileName);
@@ -105,12 +101,12 @@ std::optional<TextFile> TextFile::read(const QString &fileName, QString *errorSt
     // Looked at before it is opened, because opening a device can act on it, and
     // again afterwards, because it may have been replaced.
     if (::stat(path.constData(), &status) != 0)
-        return fail(systemError());
+        return fail(qt_error_string());
     if (!S_ISREG(status.st_mode))
         return fail(kindOf(status.st_mode));
     const Descriptor fd(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (fd.get() < 0 || ::fstat(fd.get(), &status) != 0)
-        return fail(systemError());
+        return fail(qt_error_string());
     if (!S_ISREG(status.st_mode))
         return fail(kindOf(status.st_mode));
     if (status.st_size > sizeLimit) {

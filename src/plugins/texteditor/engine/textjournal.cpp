@@ -3,12 +3,13 @@
 
 #include <texteditor/engine/textjournal_p.h>
 
+#include <utils/systemreason.h>
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -20,11 +21,6 @@ namespace {
 
 /// So many programs at once can have unsaved text of the same file.
 constexpr int maximum = 1000;
-
-QString systemError()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
 
 } // namespace
 
@@ -99,7 +95,7 @@ bool TextJournal::create(const QString &fileName)
         m_handle = handle;
         return true;
     }
-    m_errorString = systemError();
+    m_errorString = Utils::systemReason(qt_error_string());
     return false;
 }
 
@@ -128,7 +124,7 @@ bool TextJournal::flush()
 {
     if (!isActive() || writePending())
         return true;
-    m_errorString = systemError();
+    m_errorString = Utils::systemReason(qt_error_string());
     discard();
     return false;
 }
