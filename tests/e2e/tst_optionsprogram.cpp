@@ -249,7 +249,7 @@ void TestOptionsProgram::theOptionsOpenWhereTheyWereLeft()
     program.picture(named("options-left-3"));
     press(&program, {"Tab", "Tab"});
     program.type(named("Core.Action.Print"));
-    press(&program, {"Tab", "Down", "Down", "alt+m"});
+    press(&program, {"Tab", "Down", "Down", "Tab", "Tab", "space", "shift+Tab"});
     program.picture(named("options-left-4"));
     press(&program, {"Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
