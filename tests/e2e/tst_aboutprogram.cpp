@@ -37,6 +37,16 @@ private:
         for (int i = 0; i < times; ++i)
             program->click(about.center().x(), about.top() + about.height() / 4);
     }
+
+    /// One click after the other, each when the logo of the one before has come: on a
+    /// busy machine a burst of them loses some before the program sees them.
+    static void clickUntilFlying(Program *program, const QRect &about, int count)
+    {
+        for (int flying = program->popupCount(); flying < count; ++flying) {
+            clickLogo(program, about);
+            SOON_COMPARE(program->popupCount(), flying + 1);
+        }
+    }
 };
 
 void TestAboutProgram::theLogoFliesAsksWarnsAndIsSilenced()
@@ -58,8 +68,7 @@ void TestAboutProgram::theLogoFliesAsksWarnsAndIsSilenced()
     program.picture(QStringLiteral("about-5"));
 
     // The thirtieth asks, once.
-    clickLogo(&program, about, 24);
-    SOON_COMPARE(program.popupCount(), 25);
+    clickUntilFlying(&program, about, 25);
     QCOMPARE(messages(program), QStringList());
     clickLogo(&program, about);
     SOON_COMPARE(messages(program), QStringList{question});
@@ -69,8 +78,7 @@ void TestAboutProgram::theLogoFliesAsksWarnsAndIsSilenced()
     QVERIFY(program.waitForActive(QStringLiteral("About")));
 
     // The fiftieth warns, and each one from then on.
-    clickLogo(&program, about, 19);
-    SOON_COMPARE(program.popupCount(), 45);
+    clickUntilFlying(&program, about, 45);
     QCOMPARE(messages(program), QStringList{question});
     clickLogo(&program, about);
     SOON_COMPARE(messages(program), (QStringList{question, warning}));
@@ -92,8 +100,7 @@ void TestAboutProgram::theLogoFliesAsksWarnsAndIsSilenced()
     SOON_COMPARE(messages(program), (QStringList{question, warning, warning, warning}));
     program.keys({QStringLiteral("Tab"), QStringLiteral("Tab"), QStringLiteral("space")});
     QVERIFY(program.waitForActive(QStringLiteral("About")));
-    clickLogo(&program, about, 2);
-    SOON_COMPARE(program.popupCount(), 3);
+    clickUntilFlying(&program, about, 3);
     program.picture(QStringLiteral("about-silenced"));
     program.key(QStringLiteral("Return"));
     QVERIFY(program.waitForActive(QStringLiteral("KELMO FPGA Designer")));
