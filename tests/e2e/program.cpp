@@ -103,13 +103,20 @@ QString Program::errorOutput() const
     return QString(m_errors).remove(gone);
 }
 
-QString Program::lastLine(const QString &beginning) const
+QStringList Program::linesFrom(const QString &beginning) const
 {
     const int end = m_output.lastIndexOf(QLatin1Char('\n'));
-    const QStringList said = lines(m_output.left(end + 1));
-    const auto last = std::find_if(said.crbegin(), said.crend(),
-                                   [&](const QString &line) { return line.startsWith(beginning); });
-    return last == said.crend() ? QString() : *last;
+    QStringList said = lines(m_output.left(end + 1));
+    said.erase(std::remove_if(said.begin(), said.end(),
+                              [&](const QString &line) { return !line.startsWith(beginning); }),
+               said.end());
+    return said;
+}
+
+QString Program::lastLine(const QString &beginning) const
+{
+    const QStringList said = linesFrom(beginning);
+    return said.isEmpty() ? QString() : said.constLast();
 }
 
 void Program::keys(const QStringList &names)
@@ -226,9 +233,34 @@ QString Program::mainWindowProperty(const QString &name) const
 
 QRect Program::mainWindowGeometry() const
 {
-    const QString text =
-        run(QStringLiteral("xdotool"),
-            {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), mainWindowId()});
+    return geometryOf(mainWindowId());
+}
+
+QRect Program::activeGeometry() const
+{
+    return geometryOf(run(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow")}));
+}
+
+int Program::popupCount() const
+{
+    const QStringList visible =
+        lines(run(QStringLiteral("xdotool"),
+                  {QStringLiteral("search"), QStringLiteral("--all"),
+                   QStringLiteral("--onlyvisible"), QStringLiteral("--pid"), QString::number(pid()),
+                   QStringLiteral("--class"), QStringLiteral(".")}));
+    const QString managed =
+        run(QStringLiteral("xprop"), {QStringLiteral("-root"), QStringLiteral("_NET_CLIENT_LIST")});
+    return static_cast<int>(
+        std::count_if(visible.begin(), visible.end(), [&managed](const QString &id) {
+            const QString hex = QStringLiteral("0x") + QString::number(id.toUInt(), 16);
+            return !managed.contains(QRegularExpression(hex + QStringLiteral("\\b")));
+        }));
+}
+
+QRect Program::geometryOf(const QString &id)
+{
+    const QString text = run(QStringLiteral("xdotool"),
+                             {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id});
     const auto number = [&text](const char *key) {
         const QRegularExpression pattern(QStringLiteral("^%1=(-?\\d+)$").arg(QLatin1String(key)),
                                          QRegularExpression::MultilineOption);

@@ -45,8 +45,9 @@ public:
     }
     /// Without what Qt says of windows of others that went while it asked for them.
     [[nodiscard]] QString errorOutput() const;
-    /// The last whole line of its standard output that begins so; empty when there is
-    /// none.
+    /// The whole lines of its standard output that begin so.
+    [[nodiscard]] QStringList linesFrom(const QString &beginning) const;
+    /// The last of them; empty when there is none.
     [[nodiscard]] QString lastLine(const QString &beginning) const;
     [[nodiscard]] qint64 pid() const { return m_process.processId(); }
 
@@ -72,6 +73,11 @@ public:
     [[nodiscard]] QString activeTitle() const;
     /// True when a window with a title that contains @p part had it within 20 s.
     [[nodiscard]] bool waitForActive(const QString &part) const;
+    /// Where the inside of the window is that has the keyboard.
+    [[nodiscard]] QRect activeGeometry() const;
+    /// How many visible windows of the program the window manager leaves alone: menus,
+    /// tool tips and the like.
+    [[nodiscard]] int popupCount() const;
     /// A property of the main window as xprop prints it.
     [[nodiscard]] QString mainWindowProperty(const QString &name) const;
     [[nodiscard]] QRect mainWindowGeometry() const;
@@ -82,6 +88,7 @@ public:
 
 private:
     [[nodiscard]] QString mainWindowId() const;
+    [[nodiscard]] static QRect geometryOf(const QString &id);
 
     QProcess m_process;
     QString m_errors;

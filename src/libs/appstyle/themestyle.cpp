@@ -112,6 +112,20 @@ void drawToolTip(const QStyleOption *option, QPainter *painter)
     painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
 }
 
+/// What parts menus from what is beside them, and their entries from one another.
+QColor menuLine(const QStyleOption *option)
+{
+    return mixed(option->palette.color(QPalette::Window),
+                 option->palette.color(QPalette::WindowText), 0.3);
+}
+
+void drawMenuPanel(const QStyleOption *option, QPainter *painter)
+{
+    painter->setPen(menuLine(option));
+    painter->setBrush(option->palette.color(QPalette::Base));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+}
+
 /// On light ground Fusion's own frame is seen.
 bool isDark(const QStyleOption *option)
 {
@@ -162,6 +176,13 @@ QPalette pagePalette(const QStyleOption *option)
     return palette;
 }
 
+/// @p icon as it stands on the highlight of @p widget.
+QIcon onHighlight(const QIcon &icon, const QSize &size, QIcon::State state, const QWidget *widget)
+{
+    return {icon.pixmap(widget ? widget->window()->windowHandle() : nullptr, size, QIcon::Selected,
+                        state)};
+}
+
 /// The window cuts its end off before the style sees it.
 QString wholeTitle(const QStyleOptionTitleBar *bar, const QWidget *widget)
 {
@@ -204,15 +225,29 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
         control == CC_TitleBar ? qstyleoption_cast<const QStyleOptionTitleBar *>(option) : nullptr;
     if (!bar) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
+        const auto *spin = control == CC_SpinBox && isDark(option)
+                               ? qstyleoption_cast<const QStyleOptionSpinBox *>(option)
+                               : nullptr;
+        // Beside the fields it would look like a text.
+        if (spin && spin->frame) {
+            painter->save();
+            painter->setRenderHint(QPainter::Antialiasing);
+            drawFieldFrame(spin, painter);
+            painter->restore();
+        }
         return;
     }
-    // Fusion draws the buttons of a window that is not active in black, puts a shadow
-    // of the text's colour under the title, and cuts the name off the end of a path.
+    // Fusion draws the buttons of a window that is not active in black, the icon of the
+    // active one as it is, puts a shadow of the text's colour under the title, and cuts
+    // the name off the end of a path.
     const bool active = bar->titleBarState & State_Active;
     QStyleOptionTitleBar plain(*bar);
     plain.subControls &= ~TITLE_BUTTONS;
-    if (active)
+    if (active) {
         plain.palette.setColor(QPalette::Text, bar->palette.color(QPalette::Highlight).darker(120));
+        const QRect place = subControlRect(CC_TitleBar, bar, SC_TitleBarSysMenu, widget);
+        plain.icon = onHighlight(bar->icon, place.size(), QIcon::Off, widget);
+    }
     const QRect label = subControlRect(CC_TitleBar, bar, SC_TitleBarLabel, widget);
     plain.text = painter->fontMetrics().elidedText(wholeTitle(bar, widget), Qt::ElideMiddle,
                                                    label.width() - 20);
@@ -235,6 +270,15 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                              const QWidget *widget) const
 {
+    const auto *entry = element == CE_MenuItem && isDark(option)
+                            ? qstyleoption_cast<const QStyleOptionMenuItem *>(option)
+                            : nullptr;
+    if (entry && entry->menuItemType == QStyleOptionMenuItem::Separator && entry->text.isEmpty()) {
+        painter->fillRect(
+            QRect(entry->rect.left() + 5, entry->rect.center().y(), entry->rect.width() - 10, 1),
+            menuLine(entry));
+        return;
+    }
     if (element == CE_MenuItem && (option->state & State_Selected)
         && (option->state & State_Enabled)) {
         // Fusion draws the icon as it is, on the highlight as on the menu.
@@ -242,9 +286,8 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption *option,
         if (item && !item->icon.isNull()) {
             const int size = pixelMetric(PM_SmallIconSize, option, widget);
             QStyleOptionMenuItem selected(*item);
-            selected.icon = QIcon(item->icon.pixmap(
-                widget ? widget->window()->windowHandle() : nullptr, QSize(size, size),
-                QIcon::Selected, item->checked ? QIcon::On : QIcon::Off));
+            selected.icon = onHighlight(item->icon, QSize(size, size),
+                                        item->checked ? QIcon::On : QIcon::Off, widget);
             QProxyStyle::drawControl(element, &selected, painter, widget);
             return;
         }
@@ -323,6 +366,9 @@ void ThemeStyle::drawPrimitiveItself(PrimitiveElement element, const QStyleOptio
     case PE_PanelTipLabel:
         draw = drawToolTip;
         break;
+    case PE_PanelMenu:
+        draw = isDark(option) ? drawMenuPanel : nullptr;
+        break;
     case PE_FrameLineEdit:
         draw = isDark(option) ? drawFieldFrame : nullptr;
         break;
@@ -343,7 +389,8 @@ void ThemeStyle::drawPrimitiveItself(PrimitiveElement element, const QStyleOptio
         return;
     }
     painter->save();
-    painter->setRenderHint(QPainter::Antialiasing, element != PE_PanelTipLabel);
+    painter->setRenderHint(QPainter::Antialiasing,
+                           element != PE_PanelTipLabel && element != PE_PanelMenu);
     draw(option, painter);
     painter->restore();
 }

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 #include <QPluginLoader>
 
 #include <dlfcn.h>
@@ -90,7 +91,10 @@ EditorEngine *EditorFactory::engine(QString *errorString)
         return m_engine;
     // Never unloaded: KTextEditor does not survive that.
     QPluginLoader loader(m_enginePath);
+    // A library that comes with it puts icons for light ground before the theme's.
+    const QString iconTheme = QIcon::fallbackThemeName();
     m_engine = qobject_cast<EditorEngine *>(loader.instance());
+    QIcon::setFallbackThemeName(iconTheme);
     if (!m_engine) {
         *errorString = tr("%1 cannot be loaded: %2")
                            .arg(QDir::toNativeSeparators(m_enginePath),

@@ -12,8 +12,10 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPainter>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTabBar>
@@ -93,6 +95,27 @@ QRect indicator(const QAbstractButton *button, QStyle::SubElement element)
     return QApplication::style()->subElementRect(element, &option, button);
 }
 
+QStyleOptionTitleBar titleBar(bool active)
+{
+    QStyleOptionTitleBar bar;
+    bar.palette = QApplication::palette();
+    bar.rect = QRect(0, 0, 300, 24);
+    bar.titleBarFlags = Qt::Window | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
+    bar.titleBarState = active ? int(QStyle::State_Active) : 0;
+    bar.state = QStyle::State_Enabled | (active ? QStyle::State_Active : QStyle::State_None);
+    bar.subControls = QStyle::SC_All;
+    return bar;
+}
+
+QImage drawn(const QStyleOptionTitleBar &bar)
+{
+    QImage image(bar.rect.size(), QImage::Format_RGB32);
+    image.fill(windowColour());
+    QPainter painter(&image);
+    QApplication::style()->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);
+    return image;
+}
+
 } // namespace
 
 /// What the style draws is seen on the ground of either theme.
@@ -109,6 +132,8 @@ private Q_SLOTS:
     void theCurrentTabIsMarked();
     void textOnThePageOfATabIsReadable();
     void titleBarsKeepTheNameAtTheEnd();
+    void menusAndTheirGroupsAreKeptApart();
+    void theEdgeOfAFieldIsSeen_data();
     void theEdgeOfAFieldIsSeen();
     void framesOfFieldsThatShareAPictureLookLikeTheirOwn_data();
     void framesOfFieldsThatShareAPictureLookLikeTheirOwn();
@@ -118,6 +143,7 @@ private Q_SLOTS:
     void iconsInSelectedRowsAreNotLost();
     void buttonsOfTitleBarsAreSeen_data();
     void buttonsOfTitleBarsAreSeen();
+    void theIconOfAnActiveWindowIsSeen();
     void signsOfSmallButtonsAreSeen_data();
     void signsOfSmallButtonsAreSeen();
 };
@@ -210,10 +236,35 @@ void TestThemeStyle::titleBarsKeepTheNameAtTheEnd()
     QVERIFY(title(QStringLiteral("/one.v")) != title(QStringLiteral("/two.v")));
 }
 
+void TestThemeStyle::menusAndTheirGroupsAreKeptApart()
+{
+    QMenu menu;
+    QAction *const first = menu.addAction(QStringLiteral("one"));
+    QAction *const separator = menu.addSeparator();
+    menu.addAction(QStringLiteral("two"));
+    const QImage image = shown(&menu);
+    const int beside = image.width() - 8;
+    const QColor ground = image.pixelColor(beside, menu.actionGeometry(first).center().y());
+
+    const QRect edge(image.width() - 1, 0, 1, image.height());
+    QVERIFY(strongest(image, edge, ground) >= 1.4);
+    const QRect line = menu.actionGeometry(separator).intersected(QRect(beside, 0, 1, 1000));
+    QVERIFY(strongest(image, line, ground) >= 1.2);
+}
+
+void TestThemeStyle::theEdgeOfAFieldIsSeen_data()
+{
+    QTest::addColumn<bool>("withNumber");
+    QTest::newRow("text") << false;
+    QTest::newRow("number") << true;
+}
+
 void TestThemeStyle::theEdgeOfAFieldIsSeen()
 {
-    QLineEdit field;
-    const QImage image = shown(&field);
+    QFETCH(bool, withNumber);
+    QLineEdit text;
+    QSpinBox number;
+    const QImage image = withNumber ? shown(&number) : shown(&text);
 
     // Of a light field on light ground the frame of Fusion is enough.
     const double least =
@@ -321,20 +372,9 @@ void TestThemeStyle::buttonsOfTitleBarsAreSeen()
 {
     QFETCH(const bool, active);
     const QStyle *style = QApplication::style();
-    QStyleOptionTitleBar bar;
-    bar.palette = QApplication::palette();
-    bar.rect = QRect(0, 0, 300, 24);
-    bar.titleBarFlags = Qt::Window | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
-    bar.titleBarState = active ? int(QStyle::State_Active) : 0;
-    bar.state = QStyle::State_Enabled | (active ? QStyle::State_Active : QStyle::State_None);
-    bar.subControls = QStyle::SC_All;
-    QImage image(bar.rect.size(), QImage::Format_RGB32);
-    image.fill(windowColour());
-    QPainter painter(&image);
+    const QStyleOptionTitleBar bar = titleBar(active);
+    const QImage image = drawn(bar);
 
-    style->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter);
-
-    painter.end();
     for (const auto button : {QStyle::SC_TitleBarMinButton, QStyle::SC_TitleBarMaxButton,
                               QStyle::SC_TitleBarCloseButton}) {
         const QRect rect = style->subControlRect(QStyle::CC_TitleBar, &bar, button, nullptr);
@@ -343,6 +383,21 @@ void TestThemeStyle::buttonsOfTitleBarsAreSeen()
         const QColor ground = image.pixelColor(rect.topLeft() + QPoint(1, 1));
         QVERIFY(strongest(image, rect.adjusted(2, 2, -2, -2), ground) >= Contrast::SIGN);
     }
+}
+
+void TestThemeStyle::theIconOfAnActiveWindowIsSeen()
+{
+    QStyleOptionTitleBar bar = titleBar(true);
+    const QColor highlight = bar.palette.color(QPalette::Highlight);
+    QPixmap lost(16, 16);
+    lost.fill(highlight);
+    bar.icon = QIcon(lost);
+    const QRect place = QApplication::style()->subControlRect(QStyle::CC_TitleBar, &bar,
+                                                              QStyle::SC_TitleBarSysMenu, nullptr);
+
+    const QImage image = drawn(bar);
+
+    QVERIFY(Contrast::ratio(image.pixelColor(place.center()), highlight) >= Contrast::SIGN);
 }
 
 void TestThemeStyle::signsOfSmallButtonsAreSeen_data()

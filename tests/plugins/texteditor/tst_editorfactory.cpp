@@ -11,6 +11,7 @@
 #include <texteditor/editorfactory.h>
 
 #include <QFile>
+#include <QIcon>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMessageBox>
@@ -35,7 +36,7 @@ class TestEditorFactory final : public QObject
 
 private Q_SLOTS:
     void pluginIsStartedAfterTheCore();
-    void engineIsLoadedWithTheFirstEditorOnly();
+    void engineIsLoadedWithTheFirstEditorOnlyAndLeavesTheIconTheme();
     void everyTextTypeOfTheTableHasTheEditor_data();
     void everyTextTypeOfTheTableHasTheEditor();
     void factoryLeavesThePoolAtShutDown();
@@ -54,14 +55,17 @@ void TestEditorFactory::pluginIsStartedAfterTheCore()
              QJsonArray{QStringLiteral("IdeCore")});
 }
 
-void TestEditorFactory::engineIsLoadedWithTheFirstEditorOnly()
+void TestEditorFactory::engineIsLoadedWithTheFirstEditorOnlyAndLeavesTheIconTheme()
 {
     TextEditorFixture fixture;
+    // As for dark ground; it is while it is loaded that a library would change it.
+    QIcon::setFallbackThemeName(QStringLiteral("breeze-dark"));
     QVERIFY(!isLoaded("KF5TextEditor"));
 
     QVERIFY(fixture.open(QStringLiteral("a.v"), "module a;\n"));
 
     QVERIFY(isLoaded("KF5TextEditor"));
+    QCOMPARE(QIcon::fallbackThemeName(), QStringLiteral("breeze-dark"));
 }
 
 void TestEditorFactory::everyTextTypeOfTheTableHasTheEditor_data()

@@ -16,11 +16,15 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTabWidget>
 #include <QTest>
+
+#include <memory>
 
 using TextEditor::AbstractTextEditor;
 using TextEditor::EditorFactory;
@@ -144,6 +148,27 @@ private Q_SLOTS:
             QVERIFY2(widget && widget->isHidden(), name);
         }
         finish();
+    }
+
+    void theDialogIsWideEnoughForAPage_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::newRow("appearance") << 0;
+        QTest::newRow("editing") << 1;
+    }
+
+    void theDialogIsWideEnoughForAPage()
+    {
+        QFETCH(int, index);
+        const TextEditorFixture fixture;
+        const std::unique_ptr<Core::OptionDialog> dialog(Core::OptionDialog::getOptionDialog(
+            nullptr, page(index)->categoryId(), page(index)->id()));
+        dialog->show();
+        const auto *area = qobject_cast<QScrollArea *>(page(index)->widget());
+        QVERIFY(area);
+        QTRY_VERIFY(area->isVisible());
+        QCOMPARE(area->horizontalScrollBar()->maximum(), 0);
+        dialog->reject();
     }
 
     void whatTheUserChoseBeforeStays()

@@ -65,7 +65,8 @@ QWidget *ProjectPanel::createEmptyPage()
     label->setObjectName(QStringLiteral("labelNoProject"));
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    label->setContentsMargins(16, 32, 16, 16);
+    // The contents margins of a label go whenever the style changes.
+    label->setMargin(16);
     label->setForegroundRole(QPalette::PlaceholderText);
     label->setMinimumWidth(180);
     return label;

@@ -35,12 +35,15 @@ EngineEditor::EngineEditor(const QString &theme)
     m_status = new QLabel(this);
     m_status->setObjectName(QStringLiteral("texteditorStatus"));
     m_status->setAlignment(Qt::AlignRight);
-    m_status->setContentsMargins(6, 1, 6, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_view);
-    layout->addWidget(m_status);
+    // The contents margins of a label go whenever the style changes.
+    auto *status = new QVBoxLayout;
+    status->setContentsMargins(6, 1, 6, 1);
+    status->addWidget(m_status);
+    layout->addLayout(status);
     setFocusProxy(m_view);
     setTheme(theme);
 

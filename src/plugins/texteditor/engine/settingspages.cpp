@@ -11,13 +11,18 @@
 #include <KSharedConfig>
 
 #include <QScrollArea>
-#include <QTabBar>
+#include <QScrollBar>
 #include <QTabWidget>
+
+#include <algorithm>
 
 namespace TextEditor {
 namespace SettingsPages {
 
 namespace {
+
+/// Beyond it a page is scrolled sideways, so that the dialog fits any screen.
+constexpr int WIDEST_PAGE = 800;
 
 /// Their numbers in KTextEditor. The ones between and behind them choose colours,
 /// which follow the theme of the program, and say how files are read and written,
@@ -78,6 +83,9 @@ QWidget *create(SettingsPage page)
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(contents);
+    const int needed =
+        contents->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width();
+    area->setMinimumWidth(std::min(needed, WIDEST_PAGE));
     return area;
 }
 
