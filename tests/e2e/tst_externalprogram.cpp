@@ -60,7 +60,6 @@ private:
     /// The first of the project.
     static void openSource(Program *program);
     static void accept(Program *program);
-    static void end(Program *program);
     static QStringList recentFiles() { return storedPaths(QStringLiteral("Core/RecentFiles")); }
 
     std::unique_ptr<QTemporaryDir> m_dir;
@@ -134,16 +133,6 @@ void TestExternalProgram::accept(Program *program)
     QVERIFY(program->waitForActive(MAIN_WINDOW));
 }
 
-void TestExternalProgram::end(Program *program)
-{
-    program->closeMainWindow();
-    QVERIFY(program->waitForEnd());
-    QVERIFY(program->exitedNormally());
-    // First what it said, which tells why it did not end well.
-    QCOMPARE(program->errorOutput(), QString());
-    QCOMPARE(program->exitCode(), 0);
-}
-
 void TestExternalProgram::sourcesOpenInTheDefaultEditorThatWasSetUp()
 {
     const QString source = path(named("rtl/") + SOURCE);
@@ -174,7 +163,7 @@ void TestExternalProgram::sourcesOpenInTheDefaultEditorThatWasSetUp()
     const LaunchRecorder::Launch launch = recorder->waitForOne();
     QCOMPARE(launch.arguments, (QStringList{named("line:1"), named("in"), source}));
     QCOMPARE(launch.folder, path(named("rtl")));
-    end(&program);
+    endWell(&program);
     QCOMPARE(recentFiles(), QStringList());
 
     // After a restart, too. What the program is started with opens inside; it is where it
@@ -186,7 +175,7 @@ void TestExternalProgram::sourcesOpenInTheDefaultEditorThatWasSetUp()
     const QList<LaunchRecorder::Launch> launches = recorder->wait(2);
     QCOMPARE(launches.at(1).arguments, (QStringList{named("line:3"), named("in"), source}));
     QCOMPARE(launches.at(1).folder, path(named("rtl")));
-    end(&program);
+    endWell(&program);
 }
 
 void TestExternalProgram::aProgramThatDoesNotStartIsToldAndTheFileOpensInside()
@@ -214,7 +203,7 @@ void TestExternalProgram::aProgramThatDoesNotStartIsToldAndTheFileOpensInside()
     program.type(named("inside"));
     press(&program, {"ctrl+s"});
     SOON_COMPARE(contentOf(source), QByteArray("one\ntwo\nthree\ninside"));
-    end(&program);
+    endWell(&program);
 }
 
 QTEST_GUILESS_MAIN(TestExternalProgram)

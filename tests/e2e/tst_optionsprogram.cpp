@@ -6,6 +6,8 @@
 #include "program.h"
 #include "support/testhome.h"
 
+#include <QDir>
+#include <QSettings>
 #include <QTest>
 
 #include <initializer_list>
@@ -47,7 +49,6 @@ private:
     static void storeTheme();
     /// By the menu, with the keyboard on the categories.
     static void openOptions(Program *program);
-    static void end(Program *program);
 };
 
 void TestOptionsProgram::languageIconSizeAndThemeHoldAfterARestart()
@@ -140,16 +141,6 @@ void TestOptionsProgram::openOptions(Program *program)
     QVERIFY(program->waitForActive(named("Options")));
 }
 
-void TestOptionsProgram::end(Program *program)
-{
-    program->closeMainWindow();
-    QVERIFY(program->waitForEnd());
-    QVERIFY(program->exitedNormally());
-    // First what it said, which tells why it did not end well.
-    QCOMPARE(program->errorOutput(), QString());
-    QCOMPARE(program->exitCode(), 0);
-}
-
 void TestOptionsProgram::onlyWhatWasAppliedHolds()
 {
     storeTheme();
@@ -189,7 +180,7 @@ void TestOptionsProgram::onlyWhatWasAppliedHolds()
     program.picture(named("options-to-cancel"));
     press(&program, {"Escape"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
-    end(&program);
+    endWell(&program);
 
     // What the next start shows on both pages is what "OK" stores.
     QCOMPARE(program.start(), QString());
@@ -198,7 +189,7 @@ void TestOptionsProgram::onlyWhatWasAppliedHolds()
     program.picture(named("options-restarted"));
     press(&program, {"Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
-    end(&program);
+    endWell(&program);
     QCOMPARE(stored("Core/ToolbarIconSize").toInt(), 28);
     QCOMPARE(stored("Theme").toString(), named("Dark"));
     QCOMPARE(stored("Language").toString(), named("en"));
@@ -245,7 +236,7 @@ void TestOptionsProgram::theOptionsOpenWhereTheyWereLeft()
     press(&program, {"Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
     SOON_VERIFY(stored("KeyBindings/Core.Action.Print").isValid());
-    end(&program);
+    endWell(&program);
 
     // The next start begins with the first page: the smallest icons.
     QCOMPARE(program.start(), QString());
@@ -253,7 +244,7 @@ void TestOptionsProgram::theOptionsOpenWhereTheyWereLeft()
     press(&program, {"Tab", "Tab", "Tab", "Home", "Return"});
     QVERIFY(program.waitForActive(named("KELMO FPGA Designer")));
     SOON_COMPARE(stored("Core/ToolbarIconSize").toInt(), 16);
-    end(&program);
+    endWell(&program);
 }
 
 QTEST_GUILESS_MAIN(TestOptionsProgram)
