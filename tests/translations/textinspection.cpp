@@ -166,8 +166,10 @@ void TextInspection::inspectWidget(QWidget *widget)
             // the list.
             if (!list->isEditable() && !list->window()->inherits("QFileDialog")
                 && widthOf(list, list->itemText(i)) + icon > field.width())
-                fault(QStringLiteral("%1: no room for \"%2\" of %3")
-                          .arg(m_place, list->itemText(i), nameOf(list)));
+                fault(QStringLiteral("%1: no room for \"%2\" of %3: it has %4 and needs %5")
+                          .arg(m_place, list->itemText(i), nameOf(list))
+                          .arg(field.width())
+                          .arg(widthOf(list, list->itemText(i)) + icon));
         }
     } else if (const auto *spin = qobject_cast<QSpinBox *>(widget)) {
         text(spin, "prefix", spin->prefix());

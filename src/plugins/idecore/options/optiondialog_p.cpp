@@ -22,6 +22,7 @@
 #include <QHash>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedLayout>
 #include <QTabBar>
@@ -208,7 +209,11 @@ void OptionDialogPrivate::makeRoom()
 {
     // The fixed minimum keeps the layout from doing it.
     const QSize present = q->isVisible() ? q->size() : q->minimumSize();
-    const QSize needed = present.expandedTo(q->layout()->totalMinimumSize());
+    QSize needed = present.expandedTo(q->layout()->totalMinimumSize());
+    // Also where a page could be narrower, but then cuts the texts of its boxes off.
+    const int wanted =
+        qMin(q->layout()->totalSizeHint().width(), q->screen()->availableGeometry().width());
+    needed.setWidth(qMax(needed.width(), wanted));
     if (needed != present)
         q->resize(needed);
 }

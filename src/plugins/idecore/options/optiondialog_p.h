@@ -41,7 +41,7 @@ struct OptionDialogPrivate
     [[nodiscard]] Category *findCategoryById(const QString &id) const;
     /// Null when there is none, or the page has gone.
     [[nodiscard]] IOptionsPage *pageInTab(const Category *category, int tab) const;
-    /// Lets the dialog grow where the pages made so far need more than it has.
+    /// Lets the dialog grow where the pages that were shown need more than it has.
     void makeRoom();
     /// Notes that @p page is what the user looks at.
     void visit(IOptionsPage *page);

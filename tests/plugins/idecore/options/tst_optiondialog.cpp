@@ -9,8 +9,10 @@
 #include <QFile>
 #include <QFontInfo>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPixmap>
+#include <QScreen>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -45,6 +47,15 @@ public:
 
 private:
     int *const m_measured;
+};
+
+/// Can be narrow, but wants more.
+class WideWidget final : public QWidget
+{
+public:
+    static constexpr int WIDTH = 700;
+
+    [[nodiscard]] QSize sizeHint() const override { return {WIDTH, 800}; }
 };
 
 } // namespace
@@ -240,6 +251,32 @@ private Q_SLOTS:
         tabsOf(dialog)->setCurrentIndex(1);
         QVERIFY(dialog->width() > 1000);
         QVERIFY(dialog->height() > 500);
+    }
+
+    void itIsAsWideAsAPageWantsToBe()
+    {
+        TestPage *page = m_fixture->add("A", "1");
+        page->makeWidget = [] { return new WideWidget; };
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        QVERIFY(page->shown->width() >= WideWidget::WIDTH);
+        QCOMPARE(dialog->height(), 450);
+    }
+
+    void itIsNotWiderThanTheScreenForAWish()
+    {
+        TestPage *page = m_fixture->add("A", "1");
+        page->makeWidget = [] {
+            auto *row = new QWidget;
+            auto *layout = new QHBoxLayout(row);
+            for (int i = 0; i < 10; ++i)
+                layout->addWidget(new WideWidget);
+            return row;
+        };
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QCOMPARE(dialog->width(), qMax(800, dialog->screen()->availableGeometry().width()));
     }
 
     void itIsLargeEnoughForATabThatItOpensAt()
