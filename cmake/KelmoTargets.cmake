@@ -15,6 +15,11 @@ function(_kelmo_common target name root)
         $<BUILD_INTERFACE:${KELMO_GENERATED_DIR}>
         $<INSTALL_INTERFACE:${KELMO_INCLUDE_DIR}>)
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:kelmo_settings>)
+    # Looking own functions up in all libraries of the program is paid for at each start.
+    # Those of the core stay open to tests that put others in their place.
+    if(NOT name STREQUAL "idecore")
+        target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
+    endif()
     # One by one: of a whole folder the inner ones would be made, too, headers or not.
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h)
     list(FILTER headers EXCLUDE REGEX "_p\\.h$")

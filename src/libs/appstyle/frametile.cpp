@@ -29,7 +29,7 @@ bool isWhole(qreal number)
 bool fitsPixels(const QPainter *painter)
 {
     const qreal ratio = painter->device()->devicePixelRatioF();
-    const QTransform transform = painter->deviceTransform();
+    const QTransform &transform = painter->deviceTransform();
     return painter->paintEngine()->type() == QPaintEngine::Raster && isWhole(ratio)
            && transform.type() <= QTransform::TxScale && qFuzzyCompare(transform.m11(), ratio)
            && qFuzzyCompare(transform.m22(), ratio) && isWhole(transform.dx())

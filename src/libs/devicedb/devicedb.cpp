@@ -56,12 +56,13 @@ QStringList distinct(const QVector<Device> &rows, QString Device::*field, Predic
 class DeviceDb::Private
 {
 public:
-    void read(const QString &fileName);
+    void read();
     bool readHeader(const QStringList &names);
     void addRow(const QStringList &fields);
     void warn(int line, const QString &reason) const;
 
     QString file;
+    bool wasRead = false;
     int line = 0;
     QHash<QString, int> columns; // lower-case name -> index
     QVector<Device> rows;
@@ -73,10 +74,9 @@ void DeviceDb::Private::warn(int atLine, const QString &reason) const
     qWarning().noquote().nospace() << file << ':' << atLine << ": " << reason;
 }
 
-void DeviceDb::Private::read(const QString &fileName)
+void DeviceDb::Private::read()
 {
-    file = fileName;
-    QFile source(fileName);
+    QFile source(file);
     if (!source.exists())
         return;
     if (!source.open(QIODevice::ReadOnly)) {
@@ -179,57 +179,67 @@ void DeviceDb::Private::addRow(const QStringList &fields)
 DeviceDb::DeviceDb(const QString &csvFile)
     : d(std::make_unique<Private>())
 {
-    d->read(csvFile);
+    d->file = csvFile;
 }
 
 DeviceDb::~DeviceDb() = default;
 
+const DeviceDb::Private &DeviceDb::table() const
+{
+    if (!d->wasRead) {
+        d->wasRead = true;
+        d->read();
+    }
+    return *d;
+}
+
 bool DeviceDb::isEmpty() const
 {
-    return d->rows.isEmpty();
+    return table().rows.isEmpty();
 }
 
 const QVector<Device> &DeviceDb::rows() const
 {
-    return d->rows;
+    return table().rows;
 }
 
 QStringList DeviceDb::series() const
 {
-    return distinct(d->rows, &Device::series, [](const Device &) { return true; });
+    return distinct(table().rows, &Device::series, [](const Device &) { return true; });
 }
 
 QStringList DeviceDb::devices(const QString &series) const
 {
-    return distinct(d->rows, &Device::name,
+    return distinct(table().rows, &Device::name,
                     [&](const Device &row) { return row.series == series; });
 }
 
 QStringList DeviceDb::packages(const QString &device) const
 {
-    return distinct(d->rows, &Device::package,
+    return distinct(table().rows, &Device::package,
                     [&](const Device &row) { return row.name == device; });
 }
 
 QStringList DeviceDb::speedGrades(const QString &device, const QString &package) const
 {
-    return distinct(d->rows, &Device::speedGrade, [&](const Device &row) {
+    return distinct(table().rows, &Device::speedGrade, [&](const Device &row) {
         return row.name == device && row.package == package;
     });
 }
 
 std::optional<Device> DeviceDb::device(const QString &part) const
 {
-    const auto found = d->rowByPart.constFind(part);
-    if (found == d->rowByPart.cend())
+    const Private &devices = table();
+    const auto found = devices.rowByPart.constFind(part);
+    if (found == devices.rowByPart.cend())
         return std::nullopt;
-    return d->rows.at(*found);
+    return devices.rows.at(*found);
 }
 
 std::optional<Device> DeviceDb::device(const QString &device, const QString &package,
                                        const QString &speedGrade) const
 {
-    for (const Device &row : qAsConst(d->rows)) {
+    for (const Device &row : table().rows) {
         if (row.name == device && row.package == package && row.speedGrade == speedGrade)
             return row;
     }

@@ -29,10 +29,13 @@ namespace DEV {
 ///
 /// A row that cannot be used is skipped with a warning that names file, line and
 /// reason. All names keep the order of the table; lookups regard case.
+///
+/// The table is read once, when something of it is asked for first: a start that shows no
+/// device does without.
 class DEVICEDB_EXPORT DeviceDb final
 {
 public:
-    /// Reads @p csvFile. A missing file gives an empty database, silently.
+    /// Of the rows in @p csvFile. A missing file gives an empty database, silently.
     explicit DeviceDb(const QString &csvFile);
     ~DeviceDb();
 
@@ -55,6 +58,8 @@ private:
     DeviceDb &operator=(const DeviceDb &) = delete;
 
     class Private;
+    [[nodiscard]] const Private &table() const;
+
     const std::unique_ptr<Private> d;
 };
 

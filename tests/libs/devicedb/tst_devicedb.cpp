@@ -28,6 +28,7 @@ class TestDeviceDb : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void tableIsReadOnceWhenItIsAskedFor();
     void missingFileIsEmptyAndSilent();
     void emptyFileIsEmptyAndSilent();
     void folderInPlaceOfTheFileIsNamed();
@@ -78,6 +79,16 @@ QString TestDeviceDb::write(const QByteArray &content)
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(name));
     return name;
+}
+
+void TestDeviceDb::tableIsReadOnceWhenItIsAskedFor()
+{
+    const DeviceDb db(write("no header\n"));
+    QCOMPARE(warnings(), QStringList());
+    write(header + "S,D,P,G,1,2,3,4,5,6\n");
+    QCOMPARE(db.series(), QStringList(QStringLiteral("S")));
+    write(header + "T,D,P,G,1,2,3,4,5,6\n");
+    QCOMPARE(db.series(), QStringList(QStringLiteral("S")));
 }
 
 void TestDeviceDb::missingFileIsEmptyAndSilent()

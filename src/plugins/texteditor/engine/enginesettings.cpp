@@ -169,7 +169,7 @@ void applyPalette()
                            QPalette::ColorRole text) {
         KConfigGroup colours(config, group);
         const auto add = [&](const char *key, QPalette::ColorRole role) {
-            const QColor colour = palette.color(role);
+            const QColor &colour = palette.color(role);
             colours.writeEntry(key, QList<int>{colour.red(), colour.green(), colour.blue()});
         };
         add("BackgroundNormal", ground);
