@@ -279,6 +279,19 @@ void Program::picture(const QString &name) const
                                    QDir(folder).filePath(name + QStringLiteral(".png"))});
 }
 
+QString named(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+void press(Program *program, std::initializer_list<const char *> keys)
+{
+    QStringList names;
+    for (const char *key : keys)
+        names.append(named(key));
+    program->keys(names);
+}
+
 void endWell(Program *program)
 {
     program->closeMainWindow();

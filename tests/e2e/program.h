@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QVariant>
 
+#include <initializer_list>
+
 // The machine may be busy with other tests.
 #define SOON_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, 20000)
 #define SOON_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, 20000)
@@ -94,6 +96,10 @@ private:
     QString m_errors;
     QString m_output;
 };
+
+[[nodiscard]] QString named(const char *text);
+/// Presses keys by the names that Program::keys() takes.
+void press(Program *program, std::initializer_list<const char *> keys);
 
 /// Closes @p program, which has nothing unsaved, as its close button does; it has to end
 /// well, without a word on standard error.

@@ -14,7 +14,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <initializer_list>
 #include <memory>
 
 namespace {
@@ -22,19 +21,6 @@ namespace {
 const QString MAIN_WINDOW = QStringLiteral("KELMO FPGA Designer");
 // All that a shell or a list of words would stumble over.
 const QString SOURCE = QStringLiteral("my \"top\" it's $(x).v");
-
-QString named(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
-void press(Program *program, std::initializer_list<const char *> keys)
-{
-    QStringList names;
-    for (const char *key : keys)
-        names.append(named(key));
-    program->keys(names);
-}
 
 } // namespace
 

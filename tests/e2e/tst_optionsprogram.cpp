@@ -10,26 +10,11 @@
 #include <QSettings>
 #include <QTest>
 
-#include <initializer_list>
-
 namespace {
-
-QString named(const char *text)
-{
-    return QString::fromUtf8(text);
-}
 
 QVariant stored(const char *key)
 {
     return storedValue(named(key));
-}
-
-void press(Program *program, std::initializer_list<const char *> keys)
-{
-    QStringList names;
-    for (const char *key : keys)
-        names.append(named(key));
-    program->keys(names);
 }
 
 } // namespace
