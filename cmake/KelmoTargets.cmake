@@ -16,9 +16,12 @@ function(_kelmo_common target name root)
         $<INSTALL_INTERFACE:${KELMO_INCLUDE_DIR}>)
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:kelmo_settings>)
     # Looking own functions up in all libraries of the program is paid for at each start.
-    # Those of the core stay open to tests that put others in their place.
-    if(NOT name STREQUAL "idecore")
-        target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
+    # What a library lists as replaceable stays open to tests that put others in its place.
+    target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
+    set(replaceable ${CMAKE_CURRENT_SOURCE_DIR}/replaceable.list)
+    if(EXISTS ${replaceable})
+        target_link_options(${target} PRIVATE LINKER:--dynamic-list=${replaceable})
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${replaceable})
     endif()
     # One by one: of a whole folder the inner ones would be made, too, headers or not.
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h)
