@@ -8,11 +8,11 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLibraryInfo>
-#include <QPluginLoader>
 #include <QSet>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace ExtSys {
 
@@ -102,14 +102,15 @@ std::unique_ptr<PluginSpec> PluginReader::read(const QString &filePath)
     } else if (!file.isReadable()) {
         spec->fail(QStringLiteral("the file cannot be read"));
     } else {
-        const QPluginLoader loader(filePath);
-        const QJsonObject library = loader.metaData();
+        auto loader = std::make_unique<QPluginLoader>(filePath);
+        const QJsonObject library = loader->metaData();
         if (library.isEmpty())
-            spec->fail(loader.errorString());
+            spec->fail(loader->errorString());
         else if (const QString error = qtMismatch(library); !error.isEmpty())
             spec->fail(error);
         else
             readMetaData(spec, library);
+        spec->loader = std::move(loader);
     }
     return result;
 }

@@ -5,10 +5,9 @@
 
 #include <extsys/pluginmanager.h>
 
-#include <QPluginLoader>
-
 #include <ctime>
 #include <exception>
+#include <utility>
 
 namespace ExtSys {
 
@@ -70,18 +69,18 @@ PluginRunner::PluginRunner(PluginSpec *spec)
 void PluginRunner::load()
 {
     const CostMeter meter(&m_spec->loadCost);
-    QPluginLoader loader(m_spec->filePath);
+    const std::unique_ptr<QPluginLoader> loader = std::move(m_spec->loader);
     // A library built against something else lacks symbols: found out now it is
     // one plugin less, found out at the first call it would be the process.
-    loader.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    loader->setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     QObject *object = nullptr;
-    const QString thrown = guarded("its constructor", [&] { object = loader.instance(); });
+    const QString thrown = guarded("its constructor", [&] { object = loader->instance(); });
     if (!thrown.isEmpty()) {
         m_spec->fail(thrown);
         return;
     }
     if (!object) {
-        m_spec->fail(loader.errorString().simplified());
+        m_spec->fail(loader->errorString().simplified());
         return;
     }
     m_spec->plugin = qobject_cast<IPlugin *>(object);

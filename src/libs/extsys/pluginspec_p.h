@@ -7,8 +7,10 @@
 #include <extsys/iplugin.h>
 #include <extsys/pluginspec.h>
 
+#include <QPluginLoader>
 #include <QPointer>
 
+#include <memory>
 #include <vector>
 
 namespace ExtSys {
@@ -25,6 +27,9 @@ public:
 
     State state = State::Found;
     QString error;
+    /// Has looked into the file for the metadata, and need not do so again to load the
+    /// code; null once that is done, and for what cannot be loaded.
+    std::unique_ptr<QPluginLoader> loader;
     /// A plugin may destroy itself.
     QPointer<IPlugin> plugin;
 

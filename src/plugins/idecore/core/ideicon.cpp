@@ -4,10 +4,10 @@
 #include <idecore/core/ideicon.h>
 
 #include <QApplication>
+#include <QByteArray>
 #include <QFile>
 #include <QIconEngine>
 #include <QImage>
-#include <QImageReader>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
@@ -15,6 +15,9 @@
 #include <QString>
 #include <QStyle>
 #include <QStyleOption>
+#include <QtEndian>
+
+#include <png.h>
 
 #include <algorithm>
 #include <bitset>
@@ -37,13 +40,29 @@ constexpr Variant variants[] = {{16, "_16"}, {20, "_20"},    {24, ""},       {28
                                 {42, "_42"}, {48, "@2x"},    {56, "_28@2x"}, {60, "_20@3x"},
                                 {72, "@3x"}, {84, "_28@3x"}};
 
-/// Told what it is, the reader does not load the plugins of all other formats to ask
-/// whether it is theirs, which a start would feel.
+/// The picture in @p file; null when that is no readable PNG file. Qt's reader would
+/// look at the plugins of all other formats first, which a start would feel.
 QImage readPng(const QString &file)
 {
-    QImageReader reader(file, "png");
-    reader.setAutoDetectImageFormat(false);
-    return reader.read();
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray data = source.readAll();
+    png_image png{};
+    png.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_memory(&png, data.constData(),
+                                          static_cast<std::size_t>(data.size())))
+        return {};
+    png.format = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
+    QImage image(static_cast<int>(png.width), static_cast<int>(png.height), QImage::Format_ARGB32);
+    // Too large for the memory, or for a QImage.
+    if (image.isNull()) {
+        png_image_free(&png);
+        return {};
+    }
+    const bool good =
+        png_image_finish_read(&png, nullptr, image.bits(), image.bytesPerLine(), nullptr) != 0;
+    return good ? image : QImage();
 }
 
 bool isDark(const QPalette &palette)
@@ -180,7 +199,6 @@ private:
         if (!best)
             return {};
         QImage image = readPng(fileOf(*best));
-        image.setDevicePixelRatio(1.0);
         if (best->pixels > side)
             image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         return image.convertToFormat(QImage::Format_ARGB32);
@@ -205,9 +223,8 @@ QIcon productIcon()
         // All of them are handed to the display; no other screen has use for it.
         if (qstrcmp(size, "32@3x") == 0 && qGuiApp->devicePixelRatio() <= 2)
             break;
-        QImage image =
+        const QImage image =
             readPng(QStringLiteral(":/core/image/logo/ide_logo_%1.png").arg(QLatin1String(size)));
-        image.setDevicePixelRatio(1.0);
         icon.addPixmap(QPixmap::fromImage(image));
     }
     return icon;
