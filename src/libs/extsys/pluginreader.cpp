@@ -69,9 +69,12 @@ QStringList PluginReader::files(const QStringList &folders)
     QStringList result;
     QSet<QString> known;
     for (const QString &folder : folders) {
-        const QFileInfoList entries = QDir(folder).entryInfoList(
-            {QStringLiteral("*.so")}, QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
+        const QFileInfoList entries =
+            QDir(folder).entryInfoList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
         for (const QFileInfo &entry : entries) {
+            // As a name filter it would be the only regular expression of a start.
+            if (!entry.fileName().endsWith(QLatin1String(".so"), Qt::CaseInsensitive))
+                continue;
             // A link that leads nowhere has no canonical path, and is reported
             // under its own one.
             QString path = entry.canonicalFilePath();
