@@ -53,6 +53,7 @@ QImage readPng(const QString &file)
     if (!png_image_begin_read_from_memory(&png, data.constData(),
                                           static_cast<std::size_t>(data.size())))
         return {};
+    png.flags |= PNG_IMAGE_FLAG_16BIT_sRGB; // 16 bits are no sign of linear light
     png.format = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
     QImage image(static_cast<int>(png.width), static_cast<int>(png.height), QImage::Format_ARGB32);
     // Too large for the memory, or for a QImage.
@@ -128,6 +129,8 @@ public:
         if (QPixmapCache::find(key, &found))
             return found;
         QImage image = load(side);
+        if (image.isNull())
+            return {};
         if (isDark(palette))
             lighten(image);
         if (mode == QIcon::Disabled)
@@ -199,7 +202,7 @@ private:
         if (!best)
             return {};
         QImage image = readPng(fileOf(*best));
-        if (best->pixels > side)
+        if (best->pixels > side && !image.isNull())
             image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         return image.convertToFormat(QImage::Format_ARGB32);
     }

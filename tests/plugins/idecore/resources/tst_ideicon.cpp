@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 
 #include "support/contrast.h"
+#include "support/messagerecorder.h"
 
 #include <appstyle/appstylemanager.h>
 #include <idecore/core/ideicon.h>
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QPalette>
 #include <QTemporaryDir>
@@ -153,6 +155,59 @@ private Q_SLOTS:
             picture("save.png").scaled(16, 16, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
         QVERIFY(alike(shown(icon, 48), picture("save@2x.png")));
         QCOMPARE(icon.actualSize(QSize(64, 64)), QSize(48, 48));
+    }
+
+    void everyKindOfPngIsRead_data()
+    {
+        QTest::addColumn<QImage::Format>("format");
+        QTest::newRow("black and white") << QImage::Format_Mono;
+        QTest::newRow("palette") << QImage::Format_Indexed8;
+        QTest::newRow("grey") << QImage::Format_Grayscale8;
+        QTest::newRow("colour") << QImage::Format_RGB32;
+        QTest::newRow("colour and alpha") << QImage::Format_ARGB32;
+        QTest::newRow("16 bits") << QImage::Format_RGBA64;
+    }
+
+    void everyKindOfPngIsRead()
+    {
+        QFETCH(const QImage::Format, format);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("own.png"));
+        QVERIFY(picture("save.png").convertToFormat(format).save(file));
+        QVERIFY(alike(shown(ideIcon(file), 24), plain(QImage(file))));
+    }
+
+    void aDamagedPictureShowsNothing_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QFile save(SAVE);
+        QVERIFY(save.open(QIODevice::ReadOnly));
+        const QByteArray whole = save.readAll();
+        QByteArray spoilt = whole;
+        spoilt[whole.size() / 2] = static_cast<char>(~spoilt.at(whole.size() / 2));
+        QByteArray huge = whole;
+        huge.replace(16, 4, QByteArray("\x7f\xff\xff\xff", 4));
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("no picture") << QByteArray("Icons are drawn as SVG.");
+        QTest::newRow("header only") << whole.left(33);
+        QTest::newRow("half") << whole.left(whole.size() / 2);
+        QTest::newRow("spoilt") << spoilt;
+        QTest::newRow("wrong header") << huge;
+    }
+
+    void aDamagedPictureShowsNothing()
+    {
+        QFETCH(const QByteArray, content);
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("own.png")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(content), qint64(content.size()));
+        file.close();
+        const MessageRecorder messages;
+        const QIcon icon = ideIcon(file.fileName());
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled, QIcon::Selected})
+            QVERIFY(icon.pixmap(QSize(20, 20), mode).isNull());
+        QCOMPARE(messages.texts(), QStringList());
     }
 
     void theSmallerSideCounts()
