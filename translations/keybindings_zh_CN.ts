@@ -78,10 +78,6 @@
         <translation>快捷键</translation>
     </message>
     <message>
-        <source>The keys hold until the program ends: &quot;%1&quot; cannot be written.</source>
-        <translation>快捷键仅在本次运行中有效：无法写入“%1”。</translation>
-    </message>
-    <message>
         <source>%1 commands</source>
         <translation>%1 个命令</translation>
     </message>

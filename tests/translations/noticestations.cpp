@@ -17,19 +17,13 @@
 #include <idecore/views/viewmanager.h>
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QInputMethodEvent>
-#include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTreeView>
 
 #include <algorithm>
 #include <functional>
@@ -90,18 +84,6 @@ void discard(Core::IEditor *editor)
 {
     const ModalDialog question(ModalDialog::press(QMessageBox::Discard));
     EditorManager::closeEditor(editor);
-}
-
-void walkKeysThatAreNotKept(QWidget *dialog, const Look &look)
-{
-    auto *const tree = named<QTreeView>(dialog, "treeCommands");
-    tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(0, 0)));
-    QTest::keyClick(named<QLineEdit>(dialog, "editKey"), Qt::Key_F11,
-                    Qt::ControlModifier | Qt::AltModifier);
-    named<QPushButton>(tree->parentWidget(), "btnAdd")->click();
-    auto *const buttons = named<QDialogButtonBox>(dialog, "buttonBox");
-    lookBehind(buttons->button(QDialogButtonBox::Apply), look,
-               QStringLiteral("keys that are not kept"));
 }
 
 } // namespace
@@ -249,21 +231,6 @@ void walkUnwritableSettings(const Look &look)
     {
         const ModalDialog options([&look](QWidget *dialog) {
             look(dialog, QStringLiteral("options that are not kept"));
-            const auto *const list = named<QListView>(dialog, "categoryList");
-            for (int row = 0; row < list->model()->rowCount(); ++row) {
-                named<QListView>(dialog, "categoryList")
-                    ->setCurrentIndex(list->model()->index(row, 0));
-                const auto all =
-                    dialog->findChildren<QTabWidget *>(QString(), Qt::FindDirectChildrenOnly);
-                for (QTabWidget *tabs : all) {
-                    for (int tab = 0; tabs->isVisible() && tab < tabs->count(); ++tab) {
-                        tabs->setCurrentIndex(tab);
-                        if (tabs->currentWidget()->findChild<QTreeView *>(
-                                QStringLiteral("treeCommands")))
-                            walkKeysThatAreNotKept(dialog, look);
-                    }
-                }
-            }
             QTest::keyClick(dialog, Qt::Key_Escape);
         });
         Core::ViewManager::mainWindow()->onShowOptionDialog();

@@ -18,7 +18,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPainter>
 #include <QPixmap>
 #include <QPolygonF>
@@ -172,11 +171,6 @@ void KeyBindingsWidget::apply()
     }
     m_userKeys->settle();
     m_model->setApplied();
-    if (!UserKeys::canBeStored()) {
-        QMessageBox::warning(Core::ViewManager::dialogParent(), tr("Keyboard"),
-                             tr("The keys hold until the program ends: \"%1\" cannot be written.")
-                                 .arg(Core::IdeCore::userSettings()->fileName()));
-    }
 }
 
 bool KeyBindingsWidget::eventFilter(QObject *watched, QEvent *event)

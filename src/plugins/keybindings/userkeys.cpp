@@ -58,11 +58,6 @@ Keys UserKeys::defaultKeys(const IAction *proxy) const
                                                                    : proxy->shortcuts();
 }
 
-bool UserKeys::canBeStored()
-{
-    return Core::IdeCore::userSettings()->isWritable();
-}
-
 QStringList UserKeys::unknownIds() const
 {
     QStringList unknown;

@@ -36,8 +36,6 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_keys.isEmpty(); }
     /// The keys that the authors of @p proxy gave it.
     [[nodiscard]] Keys defaultKeys(const Core::IAction *proxy) const;
-    /// False when what is set is lost with the end of the program.
-    [[nodiscard]] static bool canBeStored();
     /// The ids in the settings of which no command is known.
     [[nodiscard]] QStringList unknownIds() const;
     /// True when the user has chosen the keys of command @p id, and be it those

@@ -90,7 +90,7 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
     if (isSource(kind)) {
         m_ports = new PortTable(this);
         form->addRow(tr("Ports:"), m_ports);
-        connect(m_ports, &PortTable::changed, this, &NewFileDialog::update);
+        connect(m_ports, &PortTable::changed, this, &NewFileDialog::showWhatComes);
     }
     form->addRow(QString(), m_header);
     form->addRow(tr("Preview:"), m_preview);
@@ -100,9 +100,9 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
 
     connect(m_fileName, &QLineEdit::textEdited, this, [this] {
         m_fileNameFollows = false;
-        update();
+        showWhatComes();
     });
-    connect(m_header, &QCheckBox::toggled, this, &NewFileDialog::update);
+    connect(m_header, &QCheckBox::toggled, this, &NewFileDialog::showWhatComes);
     connect(browseButton, &QPushButton::clicked, this, &NewFileDialog::browse);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &NewFileDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &NewFileDialog::reject);
@@ -118,7 +118,7 @@ NewFileDialog::NewFileDialog(FileKind kind, const QString &directory, QWidget *p
         setTabOrder(browseButton, m_ports);
     (m_name ? m_name : m_fileName)->setFocus();
     resize(640, isSource(kind) ? 560 : 380);
-    update();
+    showWhatComes();
 }
 
 NewFileDialog::~NewFileDialog() = default;
@@ -127,7 +127,7 @@ void NewFileDialog::propose(const NewItemSettings &wanted)
 {
     m_author = wanted.author;
     m_header->setChecked(wanted.header);
-    update();
+    showWhatComes();
 }
 
 QString NewFileDialog::filePath() const
@@ -187,10 +187,10 @@ void NewFileDialog::onNameEdited()
         m_fileName->setText(name.isEmpty() ? QString()
                                            : name + QLatin1Char('.') + newFileSuffix(m_kind));
     }
-    update();
+    showWhatComes();
 }
 
-void NewFileDialog::update()
+void NewFileDialog::showWhatComes()
 {
     const QString reason = fault();
     // Nobody has done anything wrong who has not begun yet.

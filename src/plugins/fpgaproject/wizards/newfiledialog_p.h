@@ -40,7 +40,8 @@ public:
     void accept() override;
 
 private:
-    void update();
+    /// The text that would be written, or why none would be.
+    void showWhatComes();
     void onNameEdited();
     void browse();
     [[nodiscard]] SourceTemplate source() const;

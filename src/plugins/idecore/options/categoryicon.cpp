@@ -18,8 +18,6 @@ namespace private_impl {
 
 namespace {
 
-constexpr int SIDE = 24;
-
 class CategoryIconEngine final : public QIconEngine
 {
 public:
@@ -47,7 +45,7 @@ public:
     /// The room that a list of categories keeps for each of them.
     QSize actualSize(const QSize &size, QIcon::Mode, QIcon::State) override
     {
-        return size.boundedTo(QSize(SIDE, SIDE));
+        return size.boundedTo(QSize(CATEGORY_ICON_SIZE, CATEGORY_ICON_SIZE));
     }
 
     QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) const override
@@ -65,7 +63,9 @@ private:
     {
         if (m_icon.isNull()) {
             const QImageReader reader(m_file, "png");
-            m_icon = reader.size() == QSize(SIDE, SIDE) ? ideIcon(m_file) : QIcon(m_file);
+            m_icon = reader.size() == QSize(CATEGORY_ICON_SIZE, CATEGORY_ICON_SIZE)
+                         ? ideIcon(m_file)
+                         : QIcon(m_file);
         }
         return m_icon;
     }

@@ -11,6 +11,9 @@ class QString;
 namespace Core {
 namespace private_impl {
 
+/// The side of a category's picture in points.
+constexpr int CATEGORY_ICON_SIZE = 24;
+
 /// The picture @p file of a category. Null where there is no file, unlike an icon made
 /// from the path alone. The file is opened when the picture is first painted: a list
 /// that is longer than its window need not read all of them to be shown.

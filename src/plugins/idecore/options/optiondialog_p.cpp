@@ -35,7 +35,6 @@ namespace private_impl {
 
 namespace {
 
-constexpr int ICON_SIZE = 24;
 constexpr int LARGER_BY = 2;
 
 /// Stands for the widget of a page that has none.
@@ -112,7 +111,7 @@ void OptionDialogPrivate::createGui()
     categoryList->setItemDelegate(new CategoryListViewDelegate(categoryList));
     categoryList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     categoryList->setModel(model);
-    categoryList->setIconSize(QSize(ICON_SIZE, ICON_SIZE));
+    categoryList->setIconSize(QSize(CATEGORY_ICON_SIZE, CATEGORY_ICON_SIZE));
     categoryList->setSelectionMode(QAbstractItemView::SingleSelection);
     categoryList->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     QObject::connect(categoryList->selectionModel(), &QItemSelectionModel::currentRowChanged, q,
