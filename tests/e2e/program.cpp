@@ -241,20 +241,32 @@ QRect Program::activeGeometry() const
     return geometryOf(run(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow")}));
 }
 
-int Program::popupCount() const
+QStringList Program::popups() const
 {
-    const QStringList visible =
+    QStringList visible =
         lines(run(QStringLiteral("xdotool"),
                   {QStringLiteral("search"), QStringLiteral("--all"),
                    QStringLiteral("--onlyvisible"), QStringLiteral("--pid"), QString::number(pid()),
                    QStringLiteral("--class"), QStringLiteral(".")}));
     const QString managed =
         run(QStringLiteral("xprop"), {QStringLiteral("-root"), QStringLiteral("_NET_CLIENT_LIST")});
-    return static_cast<int>(
-        std::count_if(visible.begin(), visible.end(), [&managed](const QString &id) {
-            const QString hex = QStringLiteral("0x") + QString::number(id.toUInt(), 16);
-            return !managed.contains(QRegularExpression(hex + QStringLiteral("\\b")));
-        }));
+    const auto isManaged = [&managed](const QString &id) {
+        const QString hex = QStringLiteral("0x") + QString::number(id.toUInt(), 16);
+        return managed.contains(QRegularExpression(hex + QStringLiteral("\\b")));
+    };
+    visible.erase(std::remove_if(visible.begin(), visible.end(), isManaged), visible.end());
+    return visible;
+}
+
+QString Program::windowUnderPointerAt(const QPoint &place)
+{
+    const QString text =
+        run(QStringLiteral("xdotool"),
+            {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
+             QStringLiteral("getmouselocation"), QStringLiteral("--shell")});
+    static const QRegularExpression pattern(QStringLiteral("^WINDOW=(\\d+)$"),
+                                            QRegularExpression::MultilineOption);
+    return pattern.match(text).captured(1);
 }
 
 QRect Program::geometryOf(const QString &id)

@@ -77,9 +77,14 @@ public:
     [[nodiscard]] bool waitForActive(const QString &part) const;
     /// Where the inside of the window is that has the keyboard.
     [[nodiscard]] QRect activeGeometry() const;
-    /// How many visible windows of the program the window manager leaves alone: menus,
-    /// tool tips and the like.
-    [[nodiscard]] int popupCount() const;
+    /// The visible windows of the program that the window manager leaves alone: menus,
+    /// tool tips and the like. By their ids in no order.
+    [[nodiscard]] QStringList popups() const;
+    [[nodiscard]] int popupCount() const { return popups().size(); }
+    [[nodiscard]] static QRect geometryOf(const QString &id);
+    /// Moves the pointer to @p place. Returns the id of the topmost window that a click
+    /// would reach there, that of its frame when it has one.
+    [[nodiscard]] static QString windowUnderPointerAt(const QPoint &place);
     /// A property of the main window as xprop prints it.
     [[nodiscard]] QString mainWindowProperty(const QString &name) const;
     [[nodiscard]] QRect mainWindowGeometry() const;
@@ -90,7 +95,6 @@ public:
 
 private:
     [[nodiscard]] QString mainWindowId() const;
-    [[nodiscard]] static QRect geometryOf(const QString &id);
 
     QProcess m_process;
     QString m_errors;

@@ -22,6 +22,7 @@
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <QtMath>
 
 #include <utility>
@@ -83,8 +84,7 @@ QRect landing(const QRect &from)
 void letFly(const QPoint &position)
 {
     const QPixmap &logo = smallLogo();
-    // Not in the way of the next click: it starts right under the pointer.
-    auto *label = new QLabel(nullptr, Qt::ToolTip | Qt::WindowTransparentForInput);
+    auto *label = new QLabel(nullptr, Qt::ToolTip);
     label->setAttribute(Qt::WA_TranslucentBackground);
     label->setAttribute(Qt::WA_ShowWithoutActivating);
     label->setPixmap(logo);
@@ -94,6 +94,9 @@ void letFly(const QPoint &position)
     // Where nothing blends windows, what is to be seen through would be black.
     label->setMask(QBitmap::fromImage(logo.toImage().scaled(label->size()).createAlphaMask()));
     label->show();
+    // Not in the way of the next click: it starts right under the pointer, and flies and
+    // lands anywhere. Said before, it would be lost when the window of a tool tip is made.
+    label->windowHandle()->setFlag(Qt::WindowTransparentForInput);
 
     auto *flight = new QPropertyAnimation(label, QByteArrayLiteral("geometry"), label);
     flight->setDuration(FlightTime);

@@ -276,7 +276,7 @@ private Q_SLOTS:
     void theLogoUnderThePointerDoesNotTakeTheNextClick()
     {
         click(5);
-        QVERIFY(flying().constFirst()->windowFlags() & Qt::WindowTransparentForInput);
+        QVERIFY(flying().constFirst()->windowHandle()->flags() & Qt::WindowTransparentForInput);
     }
 
     void nothingIsSeenAroundTheFlyingLogo()
