@@ -49,6 +49,7 @@ private Q_SLOTS:
     void anEmptyFolderHasNoPlugins();
     void aMissingFolderHasNoPlugins();
     void onlyLibrariesAreLookedAt();
+    void theSuffixOfALibraryMayBeInCapitals();
     void foldersAreSearchedInTheirOrder();
     void aFileReachedTwiceIsFoundOnce();
     void aNewSearchForgetsTheOldOne();
@@ -192,6 +193,16 @@ void TestPluginSearch::onlyLibrariesAreLookedAt()
     folder.write(name("readme.txt"), "text");
     folder.write(name("gamma.json"), "{}");
     folder.copy(name("libGamma.so"), name("libGamma.so.bak"));
+
+    find({folder.path()});
+
+    QCOMPARE(foundNames(), QStringList{name("Gamma")});
+}
+
+void TestPluginSearch::theSuffixOfALibraryMayBeInCapitals()
+{
+    PluginFolder folder;
+    folder.copy(name("libGamma.so"), name("GAMMA.SO"));
 
     find({folder.path()});
 
