@@ -49,7 +49,8 @@ private Q_SLOTS:
     void anEmptyFolderHasNoPlugins();
     void aMissingFolderHasNoPlugins();
     void onlyLibrariesAreLookedAt();
-    void theSuffixOfALibraryMayBeInCapitals();
+    void aLibraryIsToldByItsSuffixAlone_data();
+    void aLibraryIsToldByItsSuffixAlone();
     void foldersAreSearchedInTheirOrder();
     void aFileReachedTwiceIsFoundOnce();
     void aNewSearchForgetsTheOldOne();
@@ -199,10 +200,19 @@ void TestPluginSearch::onlyLibrariesAreLookedAt()
     QCOMPARE(foundNames(), QStringList{name("Gamma")});
 }
 
-void TestPluginSearch::theSuffixOfALibraryMayBeInCapitals()
+void TestPluginSearch::aLibraryIsToldByItsSuffixAlone_data()
 {
+    QTest::addColumn<QString>("file");
+    QTest::newRow("no prefix") << name("Gamma.so");
+    QTest::newRow("capitals") << name("LIBGAMMA.SO");
+    QTest::newRow("hidden") << name(".libGamma.so");
+}
+
+void TestPluginSearch::aLibraryIsToldByItsSuffixAlone()
+{
+    QFETCH(const QString, file);
     PluginFolder folder;
-    folder.copy(name("libGamma.so"), name("GAMMA.SO"));
+    folder.copy(name("libGamma.so"), file);
 
     find({folder.path()});
 
