@@ -72,7 +72,7 @@ QStringList PluginReader::files(const QStringList &folders)
         const QFileInfoList entries =
             QDir(folder).entryInfoList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
         for (const QFileInfo &entry : entries) {
-            // As a name filter it would be the only regular expression of a start.
+            // As a name filter it would be made a regular expression, at each start.
             if (!entry.fileName().endsWith(QLatin1String(".so"), Qt::CaseInsensitive))
                 continue;
             // A link that leads nowhere has no canonical path, and is reported
@@ -113,7 +113,8 @@ std::unique_ptr<PluginSpec> PluginReader::read(const QString &filePath)
             spec->fail(error);
         else
             readMetaData(spec, library);
-        spec->loader = std::move(loader);
+        if (!spec->isStopped())
+            spec->loader = std::move(loader);
     }
     return result;
 }

@@ -27,8 +27,8 @@ public:
 
     State state = State::Found;
     QString error;
-    /// Has looked into the file for the metadata, and need not do so again to load the
-    /// code; null once that is done, and for what cannot be loaded.
+    /// Has looked into the file for the metadata, and does not do so again to load the
+    /// code. Null once that was tried, and where the metadata forbids it.
     std::unique_ptr<QPluginLoader> loader;
     /// A plugin may destroy itself.
     QPointer<IPlugin> plugin;

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void anEmptyFolderHasNoPlugins();
     void aMissingFolderHasNoPlugins();
     void onlyLibrariesAreLookedAt();
+    void aLibraryIsToldByItsSuffixAlone_data();
+    void aLibraryIsToldByItsSuffixAlone();
     void foldersAreSearchedInTheirOrder();
     void aFileReachedTwiceIsFoundOnce();
     void aNewSearchForgetsTheOldOne();
@@ -192,6 +194,25 @@ void TestPluginSearch::onlyLibrariesAreLookedAt()
     folder.write(name("readme.txt"), "text");
     folder.write(name("gamma.json"), "{}");
     folder.copy(name("libGamma.so"), name("libGamma.so.bak"));
+
+    find({folder.path()});
+
+    QCOMPARE(foundNames(), QStringList{name("Gamma")});
+}
+
+void TestPluginSearch::aLibraryIsToldByItsSuffixAlone_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("no prefix") << name("Gamma.so");
+    QTest::newRow("capitals") << name("LIBGAMMA.SO");
+    QTest::newRow("hidden") << name(".libGamma.so");
+}
+
+void TestPluginSearch::aLibraryIsToldByItsSuffixAlone()
+{
+    QFETCH(const QString, file);
+    PluginFolder folder;
+    folder.copy(name("libGamma.so"), file);
 
     find({folder.path()});
 

@@ -82,6 +82,8 @@ private Q_SLOTS:
     void whatNeedsACircleIsSkipped();
     void aBrokenMetadataIsNamedAtTheStart();
     void aPluginWithoutAPluginObjectIsNamed();
+    void aFileThatChangesBeforeTheStartIsNamed_data();
+    void aFileThatChangesBeforeTheStartIsNamed();
     void aPluginBuiltAgainstAnotherLibraryIsNamed();
     void aPluginWhoseLibraryIsMissingIsNamed();
     void aPluginWithItsLibraryStarts();
@@ -468,6 +470,34 @@ void TestPluginStart::aPluginWithoutAPluginObjectIsNamed()
     QCOMPARE(spec(name("NoPluginObject"))->error(),
              name("its object, a NoPluginObject, is no ExtSys::IPlugin"));
     QCOMPARE(spec(name("Gamma"))->state(), State::Running);
+}
+
+void TestPluginStart::aFileThatChangesBeforeTheStartIsNamed_data()
+{
+    QTest::addColumn<QString>("successor");
+    QTest::newRow("gone") << QString();
+    QTest::newRow("another kind of file") << name("text");
+    QTest::newRow("plugin without a plugin object") << name("libNoPluginObject.so");
+}
+
+void TestPluginStart::aFileThatChangesBeforeTheStartIsNamed()
+{
+    QFETCH(const QString, successor);
+    PluginFolder folder(names({"Beta", "Gamma"}));
+    manager()->findPlugins({folder.path()});
+    QVERIFY(QFile::remove(folder.file(name("Gamma"))));
+    if (successor.endsWith(name(".so")))
+        folder.copy(successor, name("libGamma.so"));
+    else if (!successor.isEmpty())
+        folder.write(name("libGamma.so"), successor.toUtf8());
+    expectWarning("Gamma", "");
+    expectWarning("Beta", "Gamma");
+
+    QVERIFY(manager()->startPlugins());
+
+    QCOMPARE(spec(name("Gamma"))->state(), State::Failed);
+    QVERIFY(!spec(name("Gamma"))->error().isEmpty());
+    QCOMPARE(journal(), QStringList());
 }
 
 void TestPluginStart::aPluginBuiltAgainstAnotherLibraryIsNamed()

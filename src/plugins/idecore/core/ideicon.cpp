@@ -40,6 +40,9 @@ constexpr Variant variants[] = {{16, "_16"}, {20, "_20"},    {24, ""},       {28
                                 {42, "_42"}, {48, "@2x"},    {56, "_28@2x"}, {60, "_20@3x"},
                                 {72, "@3x"}, {84, "_28@3x"}};
 
+/// In pixels, far beyond any icon: a header may claim terabytes.
+constexpr png_uint_32 LARGEST_SIDE = 4096;
+
 /// The picture in @p file; null when that is no readable PNG file. Qt's reader would
 /// look at the plugins of all other formats first, which a start would feel.
 QImage readPng(const QString &file)
@@ -55,8 +58,11 @@ QImage readPng(const QString &file)
         return {};
     png.flags |= PNG_IMAGE_FLAG_16BIT_sRGB; // 16 bits are no sign of linear light
     png.format = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? PNG_FORMAT_BGRA : PNG_FORMAT_ARGB;
-    QImage image(static_cast<int>(png.width), static_cast<int>(png.height), QImage::Format_ARGB32);
-    // Too large for the memory, or for a QImage.
+    QImage image;
+    if (std::max(png.width, png.height) <= LARGEST_SIDE) {
+        image = QImage(static_cast<int>(png.width), static_cast<int>(png.height),
+                       QImage::Format_ARGB32);
+    }
     if (image.isNull()) {
         png_image_free(&png);
         return {};

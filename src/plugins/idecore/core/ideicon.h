@@ -21,7 +21,8 @@ namespace Core {
 ///
 /// Follows the theme: lighter on a dark one, pale where disabled, as the style shows
 /// all icons where selected. Null when there is no such resource; pictures are
-/// read when they are first shown. GUI thread only.
+/// read when they are first shown, and one that cannot be read shows as nothing.
+/// GUI thread only.
 [[nodiscard]] IDECORE_EXPORT QIcon ideIcon(const QString &file);
 
 /// The product's own, of its windows: ":/core/image/logo/ide_logo_32.png", also at two

@@ -210,11 +210,21 @@ void OptionDialogPrivate::makeRoom()
     const QSize present = q->isVisible() ? q->size() : q->minimumSize();
     QSize needed = present.expandedTo(q->layout()->totalMinimumSize());
     // Also where a page could be narrower, but then cuts the texts of its boxes off.
-    const int wanted =
-        qMin(q->layout()->totalSizeHint().width(), q->screen()->availableGeometry().width());
+    const QRect screen = q->screen()->availableGeometry();
+    const int wanted = qMin(q->layout()->totalSizeHint().width(), screen.width());
     needed.setWidth(qMax(needed.width(), wanted));
-    if (needed != present)
-        q->resize(needed);
+    if (needed == present)
+        return;
+    q->resize(needed);
+    if (!q->isVisible())
+        return;
+    // It grows to the right and downwards, and the buttons are at that corner.
+    const QRect frame = q->frameGeometry();
+    const int left = qMax(screen.left(), screen.right() + 1 - frame.width());
+    const int top = qMax(screen.top(), screen.bottom() + 1 - frame.height());
+    const QPoint place(qMin(frame.left(), left), qMin(frame.top(), top));
+    if (place != frame.topLeft())
+        q->move(place);
 }
 
 void OptionDialogPrivate::visit(IOptionsPage *page)

@@ -41,7 +41,8 @@ struct OptionDialogPrivate
     [[nodiscard]] Category *findCategoryById(const QString &id) const;
     /// Null when there is none, or the page has gone.
     [[nodiscard]] IOptionsPage *pageInTab(const Category *category, int tab) const;
-    /// Lets the dialog grow where the pages that were shown need more than it has.
+    /// Lets the dialog grow where the pages that were shown need more than it has, or
+    /// want more of its width; on the screen, as far as that has room.
     void makeRoom();
     /// Notes that @p page is what the user looks at.
     void visit(IOptionsPage *page);

@@ -279,6 +279,39 @@ private Q_SLOTS:
         QCOMPARE(dialog->width(), qMax(800, dialog->screen()->availableGeometry().width()));
     }
 
+    void itDoesNotGrowBeyondTheEdgeOfTheScreen()
+    {
+        m_fixture->add("A", "1");
+        m_fixture->add("A", "2")->widget()->setMinimumSize(900, 500);
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const QRect screen = dialog->screen()->availableGeometry();
+        const QSize frame = dialog->frameGeometry().size();
+        const QPoint corner(screen.right() + 1 - frame.width(),
+                            screen.bottom() + 1 - frame.height());
+        dialog->move(corner);
+        QTRY_COMPARE(dialog->pos(), corner);
+        tabsOf(dialog)->setCurrentIndex(1);
+        QVERIFY(dialog->width() > 900);
+        QTRY_COMPARE(dialog->frameGeometry().bottomRight(), screen.bottomRight());
+    }
+
+    void itStaysWhereItIsWhereItHasRoomToGrow()
+    {
+        m_fixture->add("A", "1");
+        m_fixture->add("A", "2")->widget()->setMinimumSize(900, 500);
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        const QPoint corner = dialog->screen()->availableGeometry().topLeft() + QPoint(20, 30);
+        dialog->move(corner);
+        QTRY_COMPARE(dialog->pos(), corner);
+        tabsOf(dialog)->setCurrentIndex(1);
+        QVERIFY(dialog->width() > 900);
+        QCOMPARE(dialog->pos(), corner);
+    }
+
     void itIsLargeEnoughForATabThatItOpensAt()
     {
         m_fixture->add("A", "1");

@@ -185,14 +185,18 @@ private Q_SLOTS:
         const QByteArray whole = save.readAll();
         QByteArray spoilt = whole;
         spoilt[whole.size() / 2] = static_cast<char>(~spoilt.at(whole.size() / 2));
+        QByteArray wrongHeader = whole;
+        wrongHeader.replace(16, 4, QByteArray("\x7f\xff\xff\xff", 4));
+        // A million pixels a side, with the check sum that belongs to them.
         QByteArray huge = whole;
-        huge.replace(16, 4, QByteArray("\x7f\xff\xff\xff", 4));
+        huge.replace(16, 17, QByteArray::fromHex("000f4240000f424008060000005c6d387d"));
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("no picture") << QByteArray("Icons are drawn as SVG.");
         QTest::newRow("header only") << whole.left(33);
         QTest::newRow("half") << whole.left(whole.size() / 2);
         QTest::newRow("spoilt") << spoilt;
-        QTest::newRow("wrong header") << huge;
+        QTest::newRow("wrong header") << wrongHeader;
+        QTest::newRow("too large") << huge;
     }
 
     void aDamagedPictureShowsNothing()
