@@ -74,10 +74,6 @@
         <translation>命令</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>快捷键</translation>
-    </message>
-    <message>
         <source>%1 commands</source>
         <translation>%1 个命令</translation>
     </message>
