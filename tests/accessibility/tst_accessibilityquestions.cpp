@@ -30,8 +30,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTabBar>
-#include <QTableView>
 #include <QTimer>
 #include <QTreeView>
 
@@ -96,7 +94,6 @@ private Q_SLOTS:
     void aThemeThatNeedsARestart();
     void anExternalEditorWhoseNameIsTaken();
     void aFileThatCannotBeSaved();
-    void keysThatCannotBeStored();
     void dialogsOfQt_data();
     void dialogsOfQt();
     void theFindBar();
@@ -250,31 +247,6 @@ void TestAccessibilityQuestions::aFileThatCannotBeSaved()
     VERIFY_NONE(failure->faults);
     const ModalDialog leave(ModalDialog::press(QMessageBox::Discard));
     EditorManager::closeEditor(editor);
-}
-
-void TestAccessibilityQuestions::keysThatCannotBeStored()
-{
-    CoreFixture::dropSettings();
-    const QString settings = CoreFixture::settingsFile();
-    QVERIFY(QDir().mkpath(settings));
-    const Workbench workbench(CoreFixture::Settings::Keep);
-    const ShownOptions options("A.Core", "K.KeyBindings");
-    options.find<QLineEdit>("editFilter")->setText(named(C::A_FILE_OPEN));
-    QTest::keyClick(options.find<QLineEdit>("editKey"), Qt::Key_F9, Qt::ControlModifier);
-    QVERIFY(options.find<QLabel>("labelMessage")->text().endsWith(named(" is free.")));
-    options.find<QPushButton>("btnAdd")->click();
-    std::unique_ptr<WalkedDialog> message;
-    // The page before it tells of a theme that was not stored.
-    const ModalDialog first([&message](QWidget *box) {
-        message = std::make_unique<WalkedDialog>();
-        static_cast<QDialog *>(box)->reject();
-    });
-
-    options.dialog()->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply)->click();
-
-    QVERIFY(QDir().rmdir(settings));
-    QVERIFY(message);
-    VERIFY_NONE(message->faults);
 }
 
 void TestAccessibilityQuestions::dialogsOfQt_data()
