@@ -281,10 +281,7 @@ private Q_SLOTS:
 
     void itDoesNotGrowBeyondTheEdgeOfTheScreen()
     {
-        m_fixture->add("A", "1");
-        m_fixture->add("A", "2")->widget()->setMinimumSize(900, 500);
-        OptionDialog *dialog = m_fixture->dialog("A", "1");
-        dialog->show();
+        OptionDialog *dialog = showThatWillGrow();
         QVERIFY(QTest::qWaitForWindowExposed(dialog));
         const QRect screen = dialog->screen()->availableGeometry();
         const QSize frame = dialog->frameGeometry().size();
@@ -299,10 +296,7 @@ private Q_SLOTS:
 
     void itStaysWhereItIsWhereItHasRoomToGrow()
     {
-        m_fixture->add("A", "1");
-        m_fixture->add("A", "2")->widget()->setMinimumSize(900, 500);
-        OptionDialog *dialog = m_fixture->dialog("A", "1");
-        dialog->show();
+        OptionDialog *dialog = showThatWillGrow();
         QVERIFY(QTest::qWaitForWindowExposed(dialog));
         const QPoint corner = dialog->screen()->availableGeometry().topLeft() + QPoint(20, 30);
         dialog->move(corner);
@@ -471,6 +465,16 @@ private Q_SLOTS:
     }
 
 private:
+    /// At a page beside which a tab needs more room than the dialog has.
+    OptionDialog *showThatWillGrow()
+    {
+        m_fixture->add("A", "1");
+        m_fixture->add("A", "2")->widget()->setMinimumSize(900, 500);
+        OptionDialog *dialog = m_fixture->dialog("A", "1");
+        dialog->show();
+        return dialog;
+    }
+
     std::unique_ptr<OptionFixture> m_fixture;
 };
 
